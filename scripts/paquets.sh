@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# Installe les paquets Debian qui manquent pour construire et tester Arbolix.
+set -euo pipefail
+paquets=(cmake ninja-build g++ ccache qt6-base-dev qt6-svg-dev libgtest-dev libbenchmark-dev
+         libgl-dev xvfb)
+manquants=()
+for p in "${paquets[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || manquants+=("$p")
+done
+if [ ${#manquants[@]} -gt 0 ]; then
+  echo "Installation de : ${manquants[*]}"
+  SUDO=""
+  [ "$(id -u)" -ne 0 ] && SUDO="sudo"
+  $SUDO apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends "${manquants[@]}" >/dev/null
+fi
