@@ -2,15 +2,17 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <stdexcept>
 #include <vector>
 
 namespace arbolix {
 
 // Les règles dimensionnent les cinq tableaux ensemble à MaxFiches. Les notes,
-// sources et médias n'en remplissent qu'une petite part : la borne haute est
-// logique, la place réelle suit le plus haut numéro écrit. Une lecture au-delà
-// de ce qui a été écrit rend une fiche vierge, comme un tableau tout juste dimensionné.
+// sources et médias n'en remplissent qu'une petite part, et un fichier peut
+// porter un numéro isolé très haut (@I9999999@) : la borne haute est logique,
+// la mémoire vient par pages au premier écrit. Une lecture de ce qui n'a
+// jamais été écrit rend une fiche vierge, comme un tableau tout juste dimensionné.
 template <typename T>
 class Tableau {
 public:
@@ -21,39 +23,48 @@ public:
 
     // Vide tout et fixe la borne haute (ReDim sans Preserve).
     void Dimensionner(std::int32_t haut) {
-        elements_.clear();
-        elements_.shrink_to_fit();
+        pages_.clear();
+        pages_.shrink_to_fit();
         haut_ = haut;
     }
 
     // Garde le contenu et change la borne haute (ReDim Preserve).
     void Redimensionner(std::int32_t haut) {
+        if (haut < haut_) {
+            for (std::int32_t i = haut + 1; i <= haut_ && Page(i) < pages_.size(); ++i)
+                if (pages_[Page(i)]) (*pages_[Page(i)])[Case(i)] = T{};
+            const std::size_t garder = static_cast<std::size_t>(haut - bas_) / kTaillePage + 1;
+            if (pages_.size() > garder) pages_.resize(garder);
+        }
         haut_ = haut;
-        if (Taille() > haut_ - bas_ + 1) elements_.resize(static_cast<std::size_t>(haut_ - bas_ + 1));
-    }
-
-    // Réserve la place réelle jusqu'à n, pour éviter les recopies d'une lecture connue d'avance.
-    void Reserver(std::int32_t n) {
-        if (n >= bas_) elements_.reserve(static_cast<std::size_t>(n - bas_ + 1));
     }
 
     const T& operator[](std::int32_t i) const {
         Verifier(i);
-        const auto k = static_cast<std::size_t>(i - bas_);
-        return k < elements_.size() ? elements_[k] : Vierge();
+        const std::size_t p = Page(i);
+        return p < pages_.size() && pages_[p] ? (*pages_[p])[Case(i)] : Vierge();
     }
 
     T& operator[](std::int32_t i) {
         Verifier(i);
-        const auto k = static_cast<std::size_t>(i - bas_);
-        if (k >= elements_.size()) elements_.resize(k + 1);
-        return elements_[k];
+        const std::size_t p = Page(i);
+        if (p >= pages_.size()) pages_.resize(p + 1);
+        if (!pages_[p]) pages_[p] = std::make_unique<std::vector<T>>(kTaillePage);
+        return (*pages_[p])[Case(i)];
     }
 
-    // Nombre d'éléments réellement tenus en mémoire.
-    std::int32_t Taille() const { return static_cast<std::int32_t>(elements_.size()); }
+    // Mémoire réellement prise, en fiches.
+    std::size_t FichesEnMemoire() const {
+        std::size_t n = 0;
+        for (const auto& p : pages_) n += p ? kTaillePage : 0;
+        return n;
+    }
 
 private:
+    static constexpr std::size_t kTaillePage = 4096;
+
+    std::size_t Page(std::int32_t i) const { return static_cast<std::size_t>(i - bas_) / kTaillePage; }
+    std::size_t Case(std::int32_t i) const { return static_cast<std::size_t>(i - bas_) % kTaillePage; }
     static const T& Vierge() {
         static const T vierge{};
         return vierge;
@@ -64,7 +75,7 @@ private:
 
     std::int32_t bas_;
     std::int32_t haut_;
-    std::vector<T> elements_;
+    std::vector<std::unique_ptr<std::vector<T>>> pages_;
 };
 
 }  // namespace arbolix

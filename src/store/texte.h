@@ -46,6 +46,10 @@ public:
     friend std::string operator+(const Texte& a, std::string_view b) { return a.str().append(b); }
     friend std::string operator+(std::string_view a, const Texte& b) { return std::string(a).append(b.vue()); }
     friend std::string operator+(const Texte& a, const Texte& b) { return a.str().append(b.vue()); }
+    friend std::string operator+(const Texte& a, const char* b) { return a.str().append(b); }
+    friend std::string operator+(const char* a, const Texte& b) { return std::string(a).append(b.vue()); }
+    friend std::string operator+(const Texte& a, const std::string& b) { return a.str().append(b); }
+    friend std::string operator+(const std::string& a, const Texte& b) { return std::string(a).append(b.vue()); }
 
 private:
     static constexpr std::size_t kCourtMax = 15;

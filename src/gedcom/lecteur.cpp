@@ -1,0 +1,332 @@
+#include "gedcom/lecteur.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <new>
+#include <sstream>
+
+#include "gedcom/lecteur_gedcom.h"
+#include "platform/progression.h"
+#include "store/chaines.h"
+
+namespace arbolix {
+
+namespace {
+
+// Le nom de fichier est coupé au premier "#" seulement si ce qui précède existe :
+// sous Linux un chemin peut contenir "#".
+std::string NomDeFichier(const std::string& texte) {
+    const auto diese = texte.find('#');
+    if (diese == std::string::npos) return texte;
+    std::error_code ec;
+    const std::string avant = texte.substr(0, diese);
+    return std::filesystem::is_regular_file(avant, ec) ? avant : texte;
+}
+
+bool LireFichierEntier(const std::string& chemin, std::string& contenu, std::string& erreur) {
+    std::error_code ec;
+    if (!std::filesystem::exists(chemin, ec)) {
+        erreur = "Le fichier " + chemin + " est introuvable.";
+        return false;
+    }
+    if (!std::filesystem::is_regular_file(chemin, ec)) {
+        erreur = "Impossible de lire " + chemin + " : ce n'est pas un fichier.";
+        return false;
+    }
+    std::ifstream f(chemin, std::ios::binary);
+    if (!f) {
+        erreur = "Impossible d'ouvrir le fichier " + chemin + " (droits insuffisants ?).";
+        return false;
+    }
+    std::ostringstream tout;
+    tout << f.rdbuf();
+    if (f.bad()) {
+        erreur = "Erreur de lecture du fichier " + chemin + ".";
+        return false;
+    }
+    contenu = std::move(tout).str();
+    return true;
+}
+
+}  // namespace
+
+// --- Tampon : fins de ligne et réparations globales ---
+
+void NormaliserFinsDeLigne(std::string& tampon) {
+    // La fin de la ligne d'en-tête dit la convention du fichier. On garde la
+    // lecture des règles (CR, LF, CR LF) et on y ajoute ce que les fichiers
+    // réels montrent : des fins mêlées et des LF CR inversés, qui sinon
+    // colleraient des lignes entières les unes aux autres.
+    const auto un = tampon.find('1');
+    const std::string_view debut = std::string_view(tampon).substr(0, un);
+    const auto head = debut.find("HEAD");
+    std::string_view fin = head == std::string_view::npos ? debut : debut.substr(head + 4);
+    while (!fin.empty() && fin.front() == ' ') fin.remove_prefix(1);
+    if (fin.substr(0, 2) == "\n\r") {
+        RemplacerTout(tampon, "\n\r", "\r\n");
+        return;
+    }
+    const bool crSeul = fin.substr(0, 1) == "\r" && fin.substr(0, 2) != "\r\n";
+    std::string r;
+    r.reserve(tampon.size() + tampon.size() / 16);
+    for (std::size_t i = 0; i < tampon.size(); ++i) {
+        const char c = tampon[i];
+        const bool suiviDeLf = i + 1 < tampon.size() && tampon[i + 1] == '\n';
+        if (c == '\r' && !suiviDeLf) {
+            if (crSeul) r += "\r\n"; else r += c;
+        } else if (c == '\n' && (i == 0 || tampon[i - 1] != '\r')) {
+            r += "\r\n";
+        } else {
+            r += c;
+        }
+    }
+    tampon.swap(r);
+}
+
+void ReparationsGlobales(std::string& tampon) {
+    RemplacerTout(tampon, " @INDI", " @");
+    RemplacerTout(tampon, " @SOUR", " @S");
+    RemplacerTout(tampon, "@ NOTE ", "@ NOTE\r\n1 TEXT ");
+    RemplacerTout(tampon, "1 TITL ", "1 TITL\r\n2 TYPE ");
+    RemplacerTout(tampon, "2 DATE CA.", "2 DATE ABT ");
+    RemplacerTout(tampon, "\r\n1 NOTE \\\r\n", "\r\n");
+    RemplacerTout(tampon, "\t", "");
+    if (tampon.find("\\rtf") != std::string::npos) {
+        // Des notes RTF : on les désarme en bloc.
+        for (char& c : tampon) {
+            if (c == '\\') c = '/';
+            else if (c == '{') c = '[';
+            else if (c == '}') c = ']';
+        }
+    }
+}
+
+// --- Lecteur ---
+
+LecteurGedcom::LecteurGedcom(Base& base, ContexteLecture& contexte, ResultatLecture& resultat)
+    : base_(base), contexte_(contexte), resultat_(resultat), cases_(contexte.gedcom) {}
+
+void LecteurGedcom::PreparerTampon(std::string contenu) {
+    tampon_ = std::move(contenu);
+    NormaliserFinsDeLigne(tampon_);
+    tampon_ += "\r\n";
+    ReparationsGlobales(tampon_);
+}
+
+void LecteurGedcom::LigneSuivante() {
+    std::size_t fin = tampon_.find("\r\n", pos_);
+    if (fin == pos_) {  // une ligne vide est sautée, une seule
+        pos_ += 2;
+        fin = tampon_.find("\r\n", pos_);
+    }
+    if (fin == std::string::npos) {
+        aucuneLigne_ = true;
+        if (pos_ > tampon_.size()) pos_ = tampon_.size();
+        return;
+    }
+    aucuneLigne_ = false;
+    const std::string_view ligne(tampon_.data() + pos_, fin - pos_);
+    Lus += static_cast<std::int64_t>(ligne.size()) + 2;
+    pos_ = fin + 2;
+    LigneCourante.assign(SansBlancs(ligne));
+    ++NumLigne;
+    // Balises d'utilisateur : 1 _OCCU x se lit comme OCCU.
+    if (LigneCourante.size() >= 3 && LigneCourante[2] == '_' && LigneCourante.find(" FILE ") == std::string::npos)
+        LigneCourante[LigneCourante.find('_')] = ' ';
+    if (!LigneCourante.empty() && LigneCourante[0] == '1') {
+        Ligne1 = LigneCourante;
+    } else if (!LigneCourante.empty() && LigneCourante[0] == '2') {
+        Ligne2 = LigneCourante;
+    } else if (Droite(LigneCourante, 6) == "0 HEAD" || (!LigneCourante.empty() && LigneCourante[0] == '0')) {
+        Ligne0 = LigneCourante;
+    }
+}
+
+int LecteurGedcom::Niveau() const {
+    return !LigneCourante.empty() && EstChiffre(LigneCourante[0]) ? LigneCourante[0] - '0' : 0;
+}
+
+void LecteurGedcom::Decouper() {
+    const std::string_view ligne = Depuis(LigneCourante, 3);
+    std::string avecBlancs(ligne);
+    avecBlancs += "    ";
+    const auto blanc = avecBlancs.find(' ', 3);
+    Balise.assign(SansBlancsGauche(std::string_view(avecBlancs).substr(0, blanc)));
+    LigneCourante = std::string(Depuis(ligne, Balise.size() + 2));
+}
+
+std::string_view LecteurGedcom::BaliseDe(std::string_view ligne) {
+    const std::string_view reste = Depuis(ligne, 3);
+    return reste.substr(0, reste.find(' '));
+}
+
+std::int32_t LecteurGedcom::NumeroLu(std::string_view s, bool compterPerso, bool renumeroter) {
+    const bool omega = ProduitOmega && !s.empty() && s[0] == 'I';
+    while (s.size() > 1 && !EstChiffre(s[0])) s.remove_prefix(1);
+    std::int64_t n = EstChiffre(s.empty() ? ' ' : s[0]) ? ValeurNumerique(s) : 0;
+    if (omega) ++n;  // ce producteur numérote ses personnes depuis 0
+    std::int64_t t = base_.NbPersos + n;
+    if (n > kNumeroMaximal || t > kNumeroMaximal) throw ErreurExecution(6, "D\xE9passement de capacit\xE9");
+    if (t >= PlafondConv) PlafondConv = (t / 5000 + 1) * 5000;
+    if (renumeroter) {
+        if (n == 0) {
+            n = 1;
+            while (ConvNumeros.count(static_cast<std::int32_t>(n)) && n < base_.MaxFiches && n < PlafondConv) ++n;
+        }
+        auto& c = ConvNumeros[static_cast<std::int32_t>(n)];
+        if (c == 0) {
+            if (compterPerso) ++base_.NbPersosReels;
+            c = base_.NbPersosReels;
+        }
+        n = c;
+        if (compterPerso) t = base_.NbPersos + n;
+    } else if (compterPerso) {
+        // Une personne est comptée la première fois que son numéro paraît.
+        const auto k = static_cast<std::size_t>(t);
+        if (k >= Comptees.size()) Comptees.resize(std::max(k + 1, Comptees.size() * 2));
+        if (!Comptees[k]) {
+            Comptees[k] = true;
+            ++base_.NbPersosReels;
+        }
+    }
+    if (compterPerso && t > MaxPersos) MaxPersos = static_cast<std::int32_t>(t);
+    if (t > base_.Persos.Haut() || t > base_.MaxFiches)
+        RedimensionnerBase(base_, static_cast<std::int32_t>((t / 5000 + 1) * 5000));
+    return static_cast<std::int32_t>(n);
+}
+
+void LecteurGedcom::MontrerProgression() {
+    Progression& p = contexte_.progression;
+    p.Compteur(std::to_string(base_.NbPersosReels) + " " + contexte_.textes.Personnes + "\r\n" +
+               std::to_string(NbFamisLues) + " " + contexte_.textes.Familles);
+    const double centieme = static_cast<double>(TailleFichier) / 100.0;
+    const auto pourcent = centieme > 0 ? std::lround(static_cast<double>(Lus) / centieme) : 100;
+    p.Avancement(std::to_string(pourcent) + " %");
+    p.LaisserPasser();
+}
+
+void LecteurGedcom::SousPiege(const std::function<void()>& traitement) {
+    auto journaliser = [this](int numero, std::string_view texte) {
+        JournaliserLigne("Erreur ligne " + std::to_string(NumLigne) + " : erreur " + std::to_string(numero) +
+                         " : " + std::string(texte) + ". " + LigneCourante);
+    };
+    try {
+        traitement();
+    } catch (const ErreurExecution& e) {
+        journaliser(e.numero, e.what());
+    } catch (const std::out_of_range&) {
+        journaliser(9, "L'indice n'appartient pas \xE0 la s\xE9lection");
+    } catch (const std::bad_alloc&) {
+        journaliser(7, "M\xE9moire insuffisante");
+    } catch (const std::exception&) {
+        journaliser(5, "Argument ou appel de proc\xE9" "dure incorrect");
+    }
+}
+
+bool LecteurGedcom::EntreeDeFiche() {
+    if (!LigneCourante.empty() && LigneCourante[0] == '0') return true;
+    // Une ligne vide a fermé la section sans nouvelle fiche : on reprend la même.
+    LigneSuivante();
+    return false;
+}
+
+void LecteurGedcom::Avancer(std::string_view alerteFin) {
+    LigneSuivante();
+    if (FinAtteinte() && !alerteFin.empty()) JournaliserLigne(alerteFin);
+}
+
+void LecteurGedcom::Sauter() {
+    do {
+        LigneSuivante();
+    } while (!aucuneLigne_ && (LigneCourante.empty() || LigneCourante[0] != '0'));
+}
+
+void LecteurGedcom::BouclePrincipale() {
+    for (;;) {
+        const std::string_view fin = Droite(Ligne0, 4);
+        if (fin == "INDI" || fin == "SUBM") SectionPersonne();
+        else if (fin == " FAM") SectionFamille();
+        else if (fin == "OBJE" && cases_.Fichiers) SectionMedia();
+        else if (fin == "NOTE" && cases_.Notes) SectionNote(false);
+        else if (fin == "SOUR" && cases_.Sources) SectionNote(true);
+        else if (fin == "HEAD") SectionEntete();
+        else Sauter();
+        if (Droite(Ligne0, 4) == "TRLR" || Annule()) break;
+        if (aucuneLigne_ && pos_ + 2 >= tampon_.size()) break;
+    }
+}
+
+void LecteurGedcom::Lire(std::string contenu) {
+    // Seul le fichier par défaut peut être renuméroté.
+    if (cases_.Fichier != contexte_.options.FichierDefaut) contexte_.gedcom.OptRenum = false;
+    Renumeroter = cases_.OptRenum;
+    contexte_.progression.Compteur(contexte_.textes.Lecture);
+    contexte_.progression.LaisserPasser();
+    resultat_.Journal.clear();
+    PreparerTampon(std::move(contenu));
+    MaxPersos = base_.NbPersos;
+    NbFamisLues = base_.NbFamis;
+    TailleFichier = static_cast<std::int64_t>(tampon_.size());
+    LigneSuivante();
+    BouclePrincipale();
+    Terminer();
+}
+
+void LecteurGedcom::Terminer() {
+    ConvNumeros.clear();
+    tampon_.clear();
+    tampon_.shrink_to_fit();
+    MontrerProgression();
+    Base& b = base_;
+    b.NbFamisReels = NbFamisLues;
+    b.NbPersos = MaxPersos;
+    b.NbFamis = b.NbFamisReels;
+    b.NbNotes = std::max(b.NbNotes, DerniereNote);
+    b.NbSources = std::max(b.NbSources, DerniereSource);
+    if (b.NbPersosReels > 5000) contexte_.options.ListePersosCourte = true;
+    b.NbPersos = std::max(b.NbPersos, b.NbPersosReels);
+    b.NbFamis = std::max(b.NbFamis, b.NbFamisReels);
+    b.NbNotes = std::min(std::max(b.NbNotes, b.NbNotesReelles), b.MaxFiches);
+    b.NbSources = std::min(std::max(b.NbSources, b.NbSourcesReelles), b.MaxFiches);
+    b.NbMedias = std::min(std::max({b.NbMedias, b.NbMediasReels, DernierMedia}), b.MaxFiches);
+    b.NumCourant = b.NbPersos;
+    AgrandirBase(b, true, b.Persos.Haut(), &contexte_.progression, contexte_.textes.Agrandissement);
+    if (!Annule()) ControlesApresLecture();
+    resultat_.PremierePerso = PremierePerso;
+    if (Annule()) {
+        Vider(b, true);
+        resultat_.Annule = true;
+        resultat_.PremierePerso = 0;
+    } else {
+        b.NumCourant = PremierePerso;
+    }
+    ProduitOmega = false;
+}
+
+ResultatLecture LireGedcomTexte(Base& base, ContexteLecture& contexte, std::string contenu) {
+    ResultatLecture resultat;
+    try {
+        LecteurGedcom lecteur(base, contexte, resultat);
+        lecteur.Lire(std::move(contenu));
+        resultat.Lu = true;
+    } catch (const std::bad_alloc&) {
+        Vider(base, true);
+        resultat.Erreur = "M\xE9moire insuffisante pour lire ce fichier.";
+    } catch (const std::exception& e) {
+        Vider(base, true);
+        resultat.Erreur = std::string("Erreur pendant la lecture : ") + e.what();
+    }
+    return resultat;
+}
+
+ResultatLecture LireGedcom(Base& base, ContexteLecture& contexte) {
+    const std::string chemin = NomDeFichier(contexte.gedcom.Fichier);
+    std::string contenu;
+    ResultatLecture echec;
+    if (!LireFichierEntier(chemin, contenu, echec.Erreur)) return echec;
+    return LireGedcomTexte(base, contexte, std::move(contenu));
+}
+
+}  // namespace arbolix

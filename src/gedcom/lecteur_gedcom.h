@@ -1,0 +1,115 @@
+// L'état du lecteur GEDCOM, partagé par ses sections (en-tête, personnes, familles, notes, sources, médias).
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "gedcom/lecteur.h"
+#include "platform/progression.h"
+
+namespace arbolix {
+
+// Une erreur d'exécution à la manière du piège du lecteur : un numéro et un texte.
+struct ErreurExecution : std::runtime_error {
+    ErreurExecution(int numero, const std::string& texte) : std::runtime_error(texte), numero(numero) {}
+    int numero;
+};
+
+// Plus grand numéro d'enregistrement accepté : au-delà, la mémoire ne suivrait plus.
+constexpr std::int64_t kNumeroMaximal = 99'999'999;
+
+class LecteurGedcom {
+public:
+    LecteurGedcom(Base& base, ContexteLecture& contexte, ResultatLecture& resultat);
+
+    // Prend le contenu brut du fichier et remplit la base.
+    void Lire(std::string contenu);
+
+    // --- lignes ---
+    void LigneSuivante();
+    // Plus aucune ligne derrière la position de lecture.
+    bool FinAtteinte() const { return aucuneLigne_ && pos_ >= tampon_.size(); }
+    // Niveau de la ligne courante : son premier caractère, 0 s'il n'est pas un chiffre.
+    int Niveau() const;
+    // Coupe LigneCourante en Balise et valeur ; LigneCourante garde la valeur.
+    void Decouper();
+    // Entrée d'une section : vrai si la ligne courante est la ligne 0 de la fiche,
+    // faux si l'on revient dans la même fiche après une ligne vide.
+    bool EntreeDeFiche();
+    // Après chaque balise : la ligne suivante, et l'alerte si le fichier finit sans TRLR.
+    void Avancer(std::string_view alerteFin);
+    // Balise d'une ligne de contexte : son premier mot à partir du caractère 3.
+    static std::string_view BaliseDe(std::string_view ligne);
+    std::string_view Contexte1() const { return BaliseDe(Ligne1); }
+    std::string_view Contexte2() const { return BaliseDe(Ligne2); }
+
+    // --- numéros ---
+    std::int32_t NumeroLu(std::string_view s, bool compterPerso, bool renumeroter);
+
+    // --- journal et progression ---
+    void Journaliser(std::string_view texte) { resultat_.Journal.append(texte); }
+    void JournaliserLigne(std::string_view texte) {
+        resultat_.Journal.append(texte);
+        resultat_.Journal.append("\r\n");
+    }
+    void MontrerProgression();
+    bool Annule() const { return base_.Chargement != 0 || contexte_.progression.Annule(); }
+    // Lance le traitement d'une balise sous le piège : une défaillance va au journal et la lecture continue.
+    void SousPiege(const std::function<void()>& traitement);
+
+    Base& base_;
+    ContexteLecture& contexte_;
+    ResultatLecture& resultat_;
+    const OptionsGedcom& cases_;
+
+    std::string tampon_;
+    std::size_t pos_ = 0;        // début de la prochaine ligne (compté depuis 0)
+    bool aucuneLigne_ = false;   // la dernière recherche n'a trouvé aucune ligne
+    std::string LigneCourante;
+    std::string Ligne0, Ligne1, Ligne2;
+    std::string Balise;
+    std::int32_t NumLigne = 0;
+    std::int64_t Lus = 0;
+    std::int64_t TailleFichier = 0;
+    bool ProduitOmega = false;
+    bool Renumeroter = false;
+    std::unordered_map<std::int32_t, std::int32_t> ConvNumeros;
+    std::int64_t PlafondConv = 0;
+    std::string DernierLieu;
+    std::int32_t PremierePerso = 0;
+
+    std::int32_t MaxPersos = 0;   // maximum de travail des numéros de personnes
+    std::int32_t NbFamisLues = 0; // compte des familles, offset compris
+    std::int32_t DerniereNote = 0, DerniereSource = 0;
+    std::vector<bool> Comptees;   // personnes déjà comptées dans NbPersosReels
+    std::vector<std::int32_t> IndiLus;  // numéros des fiches INDI lues
+    std::int32_t DernierMedia = 0;
+
+private:
+    void PreparerTampon(std::string contenu);
+    void BouclePrincipale();
+    void Sauter();
+    void Terminer();
+
+    // Sections, chacune dans son fichier.
+    void SectionEntete();
+    void LigneEntete();
+    void ReparerProducteur(std::string_view mot);
+    void SectionPersonne();
+    void SectionFamille();
+    void SectionNote(bool source);
+    void SectionMedia();
+    void ControlesApresLecture();
+};
+
+// Normalise les fins de ligne d'après celle de la ligne "0 HEAD", et répare les
+// habitudes connues des producteurs par remplacement global. Exposé pour les tests.
+void NormaliserFinsDeLigne(std::string& tampon);
+void ReparationsGlobales(std::string& tampon);
+
+}  // namespace arbolix

@@ -1,0 +1,243 @@
+#include "gedcom/lecteur.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "gedcom/lecteur_gedcom.h"
+#include "platform/progression.h"
+
+namespace arbolix {
+namespace {
+
+struct Lecture {
+    Base base;
+    Options options;
+    OptionsGedcom cases;
+    Progression progression;
+    ResultatLecture resultat;
+
+    ResultatLecture& Lire(std::string texte) {
+        ContexteLecture ctx{options, cases, progression};
+        resultat = LireGedcomTexte(base, ctx, std::move(texte));
+        return resultat;
+    }
+    const Perso& P(int n) const { return std::as_const(base.Persos)[n]; }
+};
+
+// Remplace "|" par la fin de ligne voulue : les fichiers de test restent lisibles.
+std::string Fichier(std::string_view lignes, std::string_view fin = "\r\n") {
+    std::string r;
+    for (char c : lignes) {
+        if (c == '|') r += fin; else r += c;
+    }
+    return r;
+}
+
+constexpr std::string_view kDeuxPersonnes =
+    "0 HEAD|1 SOUR TEST|0 @I1@ INDI|1 NAME Jean /Dupont/|0 @I2@ INDI|1 NAME Marie /Martin/|0 TRLR|";
+
+TEST(Lecteur, FinsDeLigneLfCrCrlfEtInversees) {
+    for (std::string_view fin : {"\r\n", "\n", "\r", "\n\r"}) {
+        Lecture l;
+        l.Lire(Fichier(kDeuxPersonnes, fin));
+        EXPECT_EQ(l.base.NbPersosReels, 2) << "fin " << static_cast<int>(fin[0]);
+        EXPECT_EQ(l.P(2).Nom, "Martin");
+        EXPECT_EQ(l.P(2).Prenoms, "Marie");
+        EXPECT_TRUE(l.resultat.Journal.empty()) << l.resultat.Journal;
+    }
+}
+
+TEST(Lecteur, FinsDeLigneMelees) {
+    // Un export réel mêle CR LF et LF : aucune ligne ne doit se coller à la suivante.
+    Lecture l;
+    l.Lire("0 HEAD\r\n1 SOUR X\r\n0 @I1@ INDI\n1 NAME A /B/\r\n0 @I2@ INDI\n1 NAME C /D/\n0 TRLR\n");
+    EXPECT_EQ(l.base.NbPersosReels, 2);
+    EXPECT_EQ(l.P(2).Nom, "D");
+}
+
+TEST(Lecteur, ReparationsGlobales) {
+    std::string t =
+        "0 @INDI5@ INDI\r\n0 @N1@ NOTE Texte de note\r\n1 TITL Notaire\r\n2 DATE CA.1750\r\n"
+        "1 NOTE \\\r\n1\tSEX M\r\n0 @SOUR3@ SOUR\r\n";
+    ReparationsGlobales(t);
+    EXPECT_EQ(t,
+              "0 @5@ INDI\r\n0 @N1@ NOTE\r\n1 TEXT Texte de note\r\n1 TITL\r\n2 TYPE Notaire\r\n"
+              "2 DATE ABT 1750\r\n1SEX M\r\n0 @S3@ SOUR\r\n");
+    std::string rtf = "1 NOTE {\\rtf1 gras}\r\n";
+    ReparationsGlobales(rtf);
+    EXPECT_EQ(rtf, "1 NOTE [/rtf1 gras]\r\n");
+}
+
+TEST(Lecteur, IdentifiantsIndiEtNumerosDifferents) {
+    Lecture l;
+    l.Lire(Fichier("0 HEAD|0 @INDI5@ INDI|1 NAME Paul /Petit/|0 @I3@ INDI|1 NAME Luc /Grand/|0 TRLR|"));
+    EXPECT_EQ(l.P(5).Nom, "Petit");
+    EXPECT_EQ(l.P(3).Nom, "Grand");
+    // Le maximum de travail reste 5 même si la dernière fiche lue est la 3.
+    EXPECT_EQ(l.base.NbPersos, 5);
+    EXPECT_EQ(l.base.NbPersosReels, 2);
+}
+
+TEST(Lecteur, LignesVidesEtEnregistrementInconnu) {
+    Lecture l;
+    l.Lire(Fichier("0 HEAD||0 @R1@ REPO|1 NAME Archives /X/|0 @I1@ INDI|1 NAME Jean /Dupont/||"
+                   "|1 NAME Jacques /Durand/|0 TRLR|"));
+    // Le dépôt est sauté sans un mot ; la deuxième ligne vide ramène dans la même fiche.
+    EXPECT_EQ(l.base.NbPersosReels, 1);
+    EXPECT_EQ(l.P(1).Nom, "Dupont,Durand");
+    EXPECT_EQ(l.P(1).Prenoms, "Jean Jacques");
+    EXPECT_TRUE(l.resultat.Journal.empty()) << l.resultat.Journal;
+}
+
+TEST(Lecteur, FichierTronqueSansTrlr) {
+    Lecture l;
+    l.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 NAME Jean /Dupont/|0 @I2@ INDI|1 NAME Marie /Martin/|"));
+    EXPECT_EQ(l.resultat.Journal,
+              "Alerte : fin de fichier atteinte sans terminateur Gedcom ! Le fichier pourrait \xEAtre tronqu\xE9 "
+              "et incomplet.\r\n");
+    EXPECT_EQ(l.P(2).Nom, "Martin");
+    Lecture f;
+    f.Lire(Fichier("0 HEAD|0 @F1@ FAM|1 HUSB @I1@|"));
+    EXPECT_NE(f.resultat.Journal.find("Le fichier est tronqu\xE9 et risque"), std::string::npos);
+}
+
+TEST(Lecteur, AgrandissementPasseDixMilleEtNumeroEleve) {
+    std::string t = "0 HEAD\r\n";
+    for (int i = 1; i <= 12000; ++i) t += "0 @I" + std::to_string(i) + "@ INDI\r\n1 NAME P /N" + std::to_string(i) + "/\r\n";
+    t += "0 TRLR\r\n";
+    Lecture l;
+    l.Lire(t);
+    EXPECT_EQ(l.base.NbPersosReels, 12000);
+    EXPECT_GE(l.base.MaxFiches, 13000);
+    EXPECT_EQ(l.P(12000).Nom, "N12000");
+
+    Lecture haut;
+    haut.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 NAME A /B/|0 @I123456@ INDI|1 NAME C /D/|0 TRLR|"));
+    EXPECT_EQ(haut.base.MaxFiches, 125000);  // (123456 \ 5000 + 1) * 5000
+    EXPECT_EQ(haut.P(123456).Nom, "D");
+    EXPECT_EQ(haut.base.NbPersos, 123456);
+}
+
+TEST(Lecteur, IdentifiantDemesureNeFaitPasExploserLaMemoire) {
+    Lecture l;
+    l.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 NAME A /B/|0 @I99999999@ INDI|1 NAME C /D/|"
+                   "0 @I999999999999@ INDI|1 NAME E /F/|0 TRLR|"));
+    EXPECT_EQ(l.P(99999999).Nom, "D");
+    EXPECT_LE(l.base.Persos.FichesEnMemoire(), 3u * 4096u);
+    EXPECT_NE(l.resultat.Journal.find("erreur 6 : D\xE9passement de capacit\xE9"), std::string::npos);
+    EXPECT_NE(l.resultat.Journal.find("autres fiches sont vides"), std::string::npos);
+    EXPECT_LT(l.resultat.Journal.size(), 200000u);
+}
+
+TEST(Lecteur, RenumerotationSeulementPourLeFichierParDefaut) {
+    const std::string t = Fichier("0 HEAD|0 @I7@ INDI|1 NAME A /B/|0 @I9@ INDI|1 NAME C /D/|0 TRLR|");
+    Lecture autre;
+    autre.options.FichierDefaut = "/maison/defaut.ged";
+    autre.cases.Fichier = "/maison/autre.ged";
+    autre.cases.OptRenum = true;
+    autre.Lire(t);
+    EXPECT_FALSE(autre.cases.OptRenum);
+    EXPECT_EQ(autre.P(7).Nom, "B");
+
+    Lecture defaut;
+    defaut.options.FichierDefaut = defaut.cases.Fichier = "/maison/defaut.ged";
+    defaut.cases.OptRenum = true;
+    defaut.Lire(t);
+    EXPECT_EQ(defaut.P(1).Nom, "B");
+    EXPECT_EQ(defaut.P(2).Nom, "D");
+    EXPECT_EQ(defaut.base.NbPersos, 2);
+}
+
+// Annule la lecture au n-ième passage de la pompe d'évènements.
+class ProgressionAnnulee : public Progression {
+public:
+    explicit ProgressionAnnulee(int apres) : apres_(apres) {}
+    void LaisserPasser() override { annule_ = --apres_ <= 0; }
+    bool Annule() const override { return annule_; }
+
+private:
+    int apres_;
+    bool annule_ = false;
+};
+
+TEST(Lecteur, AnnulerLaisseUneBaseVide) {
+    std::string t = "0 HEAD\r\n";
+    for (int i = 1; i <= 3000; ++i) t += "0 @I" + std::to_string(i) + "@ INDI\r\n1 NAME P /N/\r\n";
+    Base base;
+    Options options;
+    OptionsGedcom cases;
+    ProgressionAnnulee progression(3);
+    ContexteLecture ctx{options, cases, progression};
+    const auto r = LireGedcomTexte(base, ctx, t);
+    EXPECT_TRUE(r.Annule);
+    EXPECT_EQ(base.NbPersos, 0);
+    EXPECT_EQ(base.NbPersosReels, 0);
+    EXPECT_TRUE(std::as_const(base.Persos)[1].Nom.empty());
+}
+
+TEST(Lecteur, EntreesAbimeesSansPlantage) {
+    std::string binaire;
+    for (int i = 0; i < 5000; ++i) binaire += static_cast<char>((i * 7919) % 256);
+    for (const std::string& t : {std::string(), std::string("0 HEAD"), binaire, std::string("\r\n\r\n\r\n"),
+                                 Fichier("0 HEAD|0 @I1@ INDI|12 NAME X /Y/|1 NAME A /B/|0 TRLR|"),
+                                 Fichier("0 @I1@ INDI|1 NAME ///|1 NAME /|1 NAME a/b/c/d/|0 TRLR|"),
+                                 std::string("1 NAME sans en-t\xEAte\n2 CONT\n")}) {
+        Lecture l;
+        const auto& r = l.Lire(t);
+        EXPECT_TRUE(r.Lu);
+        EXPECT_TRUE(r.Erreur.empty());
+    }
+}
+
+TEST(Lecteur, FichierIntrouvableOuDossier) {
+    Base base;
+    Options options;
+    OptionsGedcom cases;
+    Progression progression;
+    ContexteLecture ctx{options, cases, progression};
+    cases.Fichier = "/nulle/part/absent.ged";
+    auto r = LireGedcom(base, ctx);
+    EXPECT_FALSE(r.Lu);
+    EXPECT_EQ(r.Erreur, "Le fichier /nulle/part/absent.ged est introuvable.");
+    cases.Fichier = std::filesystem::temp_directory_path().string();
+    r = LireGedcom(base, ctx);
+    EXPECT_FALSE(r.Lu);
+    EXPECT_NE(r.Erreur.find("ce n'est pas un fichier"), std::string::npos);
+}
+
+TEST(Lecteur, NomDeFichierCoupeAuDieseSeulementSIlExiste) {
+    const auto dossier = std::filesystem::temp_directory_path() / "arbolix-diese";
+    std::filesystem::create_directories(dossier);
+    const auto vrai = dossier / "a#b.ged";
+    std::ofstream(vrai, std::ios::binary) << Fichier(kDeuxPersonnes);
+    Base base;
+    Options options;
+    OptionsGedcom cases;
+    Progression progression;
+    ContexteLecture ctx{options, cases, progression};
+    cases.Fichier = vrai.string();
+    EXPECT_TRUE(LireGedcom(base, ctx).Lu);
+    std::filesystem::remove_all(dossier);
+}
+
+TEST(Lecteur, ControlesApresLecture) {
+    Lecture l;
+    l.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 NAME Jean /Dupont/|0 @I4@ INDI|0 @I6@ INDI|1 NAME /Seul/|0 TRLR|"));
+    EXPECT_EQ(l.resultat.Journal,
+              "Info : la fiche 2 est vide et peut \xEAtre r\xE9utilis\xE9" "e.\r\n"
+              "Info : la fiche 3 est vide et peut \xEAtre r\xE9utilis\xE9" "e.\r\n"
+              "Info : la fiche 4 est vide et peut \xEAtre r\xE9utilis\xE9" "e.\r\n"
+              "Info : la fiche 5 est vide et peut \xEAtre r\xE9utilis\xE9" "e.\r\n");
+    // Une fiche lue avec un nom mais sans prénom garde sa place dans les parcours.
+    EXPECT_EQ(l.P(6).Prenoms, "N");
+    Lecture moitie;
+    moitie.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 NAME A /B/|0 @I9@ INDI|1 NAME C /D/|0 TRLR|"));
+    EXPECT_EQ(moitie.resultat.Journal.rfind("Info : plus de la moiti\xE9 des fiches individuelles sont vides !", 0),
+              0u);
+}
+
+}  // namespace
+}  // namespace arbolix

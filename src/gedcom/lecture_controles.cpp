@@ -1,0 +1,63 @@
+// Contrôles de la base juste lue : fiches vides, familles à un seul conjoint.
+#include <string>
+
+#include "gedcom/lecteur_gedcom.h"
+#include "platform/progression.h"
+#include "store/chaines.h"
+
+namespace arbolix {
+
+namespace {
+
+// Au-delà, une seule ligne de compte : un numéro isolé très haut ne doit pas
+// remplir le journal de millions de fiches vides.
+constexpr int kFichesVidesDetaillees = 1000;
+
+bool ActeVide(const Acte& a) { return a.Date.empty() && a.Lieu.empty(); }
+
+bool FicheVide(const Perso& p) {
+    return p.Nom.empty() && p.Prenoms.empty() && p.Naissance.Date.empty() && p.Bapteme.Date.empty() &&
+           p.Deces.Date.empty() && p.Sepulture.Date.empty() && p.Notes.empty() && p.NumParents == 0 &&
+           p.Unions[1] == 0;
+}
+
+}  // namespace
+
+void LecteurGedcom::ControlesApresLecture() {
+    Base& b = base_;
+    if (b.NbPersos > 2 * b.NbPersosReels)
+        JournaliserLigne("Info : plus de la moiti\xE9 des fiches individuelles sont vides !");
+    contexte_.progression.Avancement("100 %");
+    contexte_.progression.Compteur(contexte_.textes.Verification);
+    contexte_.progression.LaisserPasser();
+    for (std::int32_t f = 1; f <= b.NbFamis; ++f) {
+        const Fami& fa = std::as_const(b.Familles)[f];
+        const bool unSeul = fa.Mari == 0 || fa.Femme == 0 || std::as_const(b.Persos)[fa.Mari].Prenoms.empty() ||
+                            std::as_const(b.Persos)[fa.Femme].Prenoms.empty();
+        if (unSeul && !(ActeVide(fa.Mariage) && ActeVide(fa.Contrat) && ActeVide(fa.Divorce)))
+            JournaliserLigne("Alerte : la famille " + std::to_string(f) +
+                             " comporte des \xE9v\xE8nements mais n'a pas 2 conjoints.");
+    }
+    int vides = 0;
+    for (std::int32_t n = 1; n <= b.NbPersos; ++n) {
+        if (!FicheVide(std::as_const(b.Persos)[n])) continue;
+        if (++vides <= kFichesVidesDetaillees)
+            JournaliserLigne("Info : la fiche " + std::to_string(n) + " est vide et peut \xEAtre r\xE9utilis\xE9" "e.");
+    }
+    if (vides > kFichesVidesDetaillees)
+        JournaliserLigne("Info : " + std::to_string(vides - kFichesVidesDetaillees) +
+                         " autres fiches sont vides et peuvent \xEAtre r\xE9utilis\xE9" "es.");
+    // Une fiche INDI lue avec des données mais sans prénom resterait invisible à
+    // tous les parcours et serait perdue à l'enregistrement : prénom par défaut.
+    for (const std::int32_t n : IndiLus) {
+        Perso& p = b.Persos[n];
+        if (n > 0 && p.Prenoms.empty() && !FicheVide(p)) p.Prenoms = contexte_.options.NomPrenomParDefaut;
+    }
+    // Ce qu'un lien 0 a pu écrire dans les fiches vierges est effacé.
+    b.Persos[0].Nom.clear();
+    b.Persos[0].Prenoms.clear();
+    b.Persos[0].Unions[0] = 0;
+    b.Familles[0].Enfants.Fixer(1, 0);
+}
+
+}  // namespace arbolix

@@ -1,0 +1,90 @@
+// En-tête du fichier : norme, forme, note du fichier, producteur et ses réparations, généalogiste.
+#include <string>
+
+#include "gedcom/lecteur_gedcom.h"
+#include "platform/progression.h"
+#include "store/chaines.h"
+
+namespace arbolix {
+
+namespace {
+
+struct ReparationProducteur {
+    std::string_view de;
+    std::string_view vers;
+};
+
+// Réparations d'un producteur, dans leur ordre, sur le reste du tampon.
+void Reparer(std::string& tampon, std::size_t depuis, std::initializer_list<ReparationProducteur> lignes) {
+    for (const auto& r : lignes) RemplacerTout(tampon, r.de, r.vers, depuis);
+}
+
+}  // namespace
+
+void LecteurGedcom::ReparerProducteur(std::string_view mot) {
+    if (mot == "OMEGA") {
+        ProduitOmega = true;
+    } else if (mot == "HEREDIS") {
+        Reparer(tampon_, pos_, {{"DATE @#DJULIAN@", "DATE"}});
+    } else if (mot == "GENEATIQUE") {
+        Reparer(tampon_, pos_, {{"3 TEXT\r\n", ""}});
+        if (cases_.Temoins) Reparer(tampon_, pos_, {{"2 CONC ASSO ", "2 ASSO "}, {"2 CONT ASSO ", "2 ASSO "}});
+        Reparer(tampon_, pos_,
+                {{"2 CONC ASSO ", "2 IGNOR "},
+                 {"2 CONT ASSO ", "2 IGNOR "},
+                 {" NOTE  #G\xE9n\xE9rale#", " NOTE "},
+                 {" NOTE #G\xE9n\xE9rale#", " NOTE "}});
+    } else if (mot == "FTM") {
+        Reparer(tampon_, pos_,
+                {{"\r\n1 BAPM ", "\r\n1 BAPM\r\n2 NOTE "},
+                 {"\r\n1 _MDCL ", "\r\n1 DEAT\r\n2 NOTE "},
+                 {"\r\n1 SSN ", "\r\n1 NOTE SSN "},
+                 {"\r\n1 EVEN ", "\r\n1 NOTE "},
+                 {"\r\n1 IMMI ", "\r\n1 NOTE immigr. "}});
+    } else if (mot == "WINGAO") {
+        Reparer(tampon_, pos_, {{",\xA0\xA0,\xA0", ""}});
+    }
+}
+
+void LecteurGedcom::SectionEntete() {
+    contexte_.progression.Compteur(contexte_.textes.Lecture);
+    if (EntreeDeFiche()) LigneSuivante();
+    while (Niveau() != 0 && !aucuneLigne_) {
+        if (Annule()) return;
+        Decouper();
+        SousPiege([this] { LigneEntete(); });
+        LigneSuivante();
+    }
+}
+
+void LecteurGedcom::LigneEntete() {
+    const std::string& v = LigneCourante;
+    if (Balise == "VERS") {
+        if (Contexte1() == "GEDC" && !Comme(std::string(Gauche(v, 4)) + ".", "5.5.*"))
+            JournaliserLigne("Alerte : le fichier utilise la norme gedcom " + v +
+                             " au lieu de 5.5 ; certaines donn\xE9" "es risquent d'\xEAtre mal ou pas reconnues.");
+    } else if (Balise == "FORM") {
+        if (EnMajuscules(Remplacer(v, " ", "")) != "LINEAGE-LINKED" && Contexte1() != "PLAC")
+            JournaliserLigne("Alerte: le fichier utilise les liens " + v +
+                             " au lieu des liens standards ; certaines donn\xE9" "es risquent d'\xEAtre mal "
+                             "reconnues ou pas du tout import\xE9" "es.");
+    } else if (Balise == "NOTE" || Balise == "CONT" || Balise == "CONC") {
+        if (!cases_.Notes || v.empty()) return;
+        Texte& note = base_.Notes[-1].Texte;
+        if (Balise == "NOTE") {
+            note = v;
+        } else if (Balise == "CONT") {
+            note += "\r\n";
+            note += v;
+        } else {
+            note = SansDoublesBlancs(note + " " + v);
+        }
+    } else if (Balise == "SOUR") {
+        const std::string mot = EnMajuscules(v.substr(0, v.find(' ')));
+        ReparerProducteur(mot);
+    } else if (Balise == "SUBM") {
+        base_.Persos[-1].Unions[0] = NumeroLu(Depuis(v, 2), false, false);
+    }
+}
+
+}  // namespace arbolix

@@ -1,0 +1,141 @@
+#include "store/chaines.h"
+
+#include <limits>
+
+namespace arbolix {
+
+std::int64_t ValeurNumerique(std::string_view s) {
+    std::size_t i = 0;
+    while (i < s.size() && s[i] == ' ') ++i;
+    bool negatif = false;
+    if (i < s.size() && (s[i] == '-' || s[i] == '+')) {
+        negatif = s[i] == '-';
+        ++i;
+    }
+    constexpr std::int64_t kPlafond = std::numeric_limits<std::int64_t>::max() / 10 - 10;
+    std::int64_t n = 0;
+    for (; i < s.size() && EstChiffre(s[i]); ++i) {
+        if (n < kPlafond) n = n * 10 + (s[i] - '0');
+    }
+    return negatif ? -n : n;
+}
+
+std::string_view SansBlancsGauche(std::string_view s) {
+    const auto p = s.find_first_not_of(' ');
+    return p == std::string_view::npos ? std::string_view{} : s.substr(p);
+}
+
+std::string_view SansBlancsDroite(std::string_view s) {
+    const auto p = s.find_last_not_of(' ');
+    return p == std::string_view::npos ? std::string_view{} : s.substr(0, p + 1);
+}
+
+std::string_view SansBlancs(std::string_view s) { return SansBlancsDroite(SansBlancsGauche(s)); }
+
+std::string_view Droite(std::string_view s, std::size_t n) { return n >= s.size() ? s : s.substr(s.size() - n); }
+std::string_view Gauche(std::string_view s, std::size_t n) { return s.substr(0, n); }
+std::string_view Depuis(std::string_view s, std::size_t debut) {
+    if (debut < 1) debut = 1;
+    return debut > s.size() ? std::string_view{} : s.substr(debut - 1);
+}
+
+std::size_t RemplacerTout(std::string& s, std::string_view de, std::string_view vers, std::size_t depuis) {
+    if (de.empty() || depuis >= s.size()) return 0;
+    std::size_t p = s.find(de, depuis);
+    if (p == std::string::npos) return 0;
+    std::string resultat;
+    resultat.reserve(s.size() + (vers.size() > de.size() ? s.size() / 8 : 0));
+    resultat.append(s, 0, p);
+    std::size_t n = 0;
+    std::size_t dernier = p;
+    while (p != std::string::npos) {
+        resultat.append(s, dernier, p - dernier);
+        resultat.append(vers);
+        dernier = p + de.size();
+        ++n;
+        p = s.find(de, dernier);
+    }
+    resultat.append(s, dernier, std::string::npos);
+    s.swap(resultat);
+    return n;
+}
+
+std::string Remplacer(std::string_view s, std::string_view de, std::string_view vers) {
+    std::string r(s);
+    RemplacerTout(r, de, vers);
+    return r;
+}
+
+bool Comme(std::string_view texte, std::string_view motif) {
+    // Parcours glouton avec retour au dernier "*" : linéaire en pratique, sans récursion.
+    std::size_t t = 0, m = 0, etoileM = std::string_view::npos, etoileT = 0;
+    while (t < texte.size()) {
+        if (m < motif.size() && motif[m] == '*') {
+            etoileM = m++;
+            etoileT = t;
+        } else if (m < motif.size() &&
+                   (motif[m] == '?' || (motif[m] == '#' && EstChiffre(texte[t])) ||
+                    (motif[m] != '#' && motif[m] == texte[t]))) {
+            ++m;
+            ++t;
+        } else if (etoileM != std::string_view::npos) {
+            m = etoileM + 1;
+            t = ++etoileT;
+        } else {
+            return false;
+        }
+    }
+    while (m < motif.size() && motif[m] == '*') ++m;
+    return m == motif.size();
+}
+
+char Minuscule1252(char c) {
+    const auto u = static_cast<unsigned char>(c);
+    if (u >= 'A' && u <= 'Z') return static_cast<char>(u + 32);
+    if (u == 0x8A || u == 0x8C || u == 0x8E) return static_cast<char>(u + 16);  // Š Œ Ž
+    if (u == 0x9F) return static_cast<char>(0xFF);                              // Ÿ
+    if (u >= 0xC0 && u <= 0xDE && u != 0xD7) return static_cast<char>(u + 32);
+    return c;
+}
+
+char Majuscule1252(char c) {
+    const auto u = static_cast<unsigned char>(c);
+    if (u >= 'a' && u <= 'z') return static_cast<char>(u - 32);
+    if (u == 0x9A || u == 0x9C || u == 0x9E) return static_cast<char>(u - 16);
+    if (u == 0xFF) return static_cast<char>(0x9F);
+    if (u >= 0xE0 && u <= 0xFE && u != 0xF7) return static_cast<char>(u - 32);
+    return c;
+}
+
+std::string EnMinuscules(std::string_view s) {
+    std::string r(s);
+    for (char& c : r) c = Minuscule1252(c);
+    return r;
+}
+
+std::string EnMajuscules(std::string_view s) {
+    std::string r(s);
+    for (char& c : r) c = Majuscule1252(c);
+    return r;
+}
+
+bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
+
+bool EstNumerique(std::string_view s) {
+    s = SansBlancs(s);
+    if (!s.empty() && (s[0] == '-' || s[0] == '+')) s.remove_prefix(1);
+    if (s.empty()) return false;
+    for (char c : s)
+        if (!EstChiffre(c)) return false;
+    return true;
+}
+
+std::string SansDoublesBlancs(std::string_view s) {
+    std::string r;
+    r.reserve(s.size());
+    for (char c : s)
+        if (!(c == ' ' && !r.empty() && r.back() == ' ')) r += c;
+    return r;
+}
+
+}  // namespace arbolix

@@ -1,0 +1,46 @@
+// Petits outils de texte sur octets 1252 partagés par toutes les règles : valeur numérique, blancs, motifs.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace arbolix {
+
+// Valeur numérique d'un texte : blancs de tête sautés, chiffres jusqu'au premier
+// autre caractère, 0 s'il n'y en a pas. Sature au lieu de déborder.
+std::int64_t ValeurNumerique(std::string_view s);
+
+// Retire les blancs (espaces seulement) des deux côtés, ou de la gauche, ou de la droite.
+std::string_view SansBlancs(std::string_view s);
+std::string_view SansBlancsGauche(std::string_view s);
+std::string_view SansBlancsDroite(std::string_view s);
+
+// Les n derniers (ou premiers) caractères, tout le texte s'il est plus court.
+std::string_view Droite(std::string_view s, std::size_t n);
+std::string_view Gauche(std::string_view s, std::size_t n);
+// À partir du caractère debut (compté depuis 1), vide au-delà de la fin.
+std::string_view Depuis(std::string_view s, std::size_t debut);
+
+// Remplace toutes les occurrences de de par vers, à partir de la position depuis.
+// Rend le nombre de remplacements. Un seul passage : linéaire dans la taille.
+std::size_t RemplacerTout(std::string& s, std::string_view de, std::string_view vers, std::size_t depuis = 0);
+std::string Remplacer(std::string_view s, std::string_view de, std::string_view vers);
+
+// Motif à la manière des listes de l'utilisateur : "*" toute suite, "?" un caractère,
+// "#" un chiffre ; le reste se compare octet pour octet.
+bool Comme(std::string_view texte, std::string_view motif);
+
+// Minuscules et majuscules ASCII et 1252 (lettres accentuées comprises).
+char Minuscule1252(char c);
+char Majuscule1252(char c);
+std::string EnMinuscules(std::string_view s);
+std::string EnMajuscules(std::string_view s);
+
+bool EstChiffre(char c);
+bool EstNumerique(std::string_view s);  // un nombre entier, blancs autour permis
+
+// Réduit les doubles blancs à un seul.
+std::string SansDoublesBlancs(std::string_view s);
+
+}  // namespace arbolix
