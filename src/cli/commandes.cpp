@@ -1,9 +1,156 @@
 #include "cli/commandes.h"
 
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "gedcom/lecteur.h"
+#include "platform/cp1252.h"
+#include "platform/progression.h"
+
 namespace arbolix::cli {
 
-int Executer(int, char**, std::ostream&, std::ostream& erreurs) {
-    erreurs << "usage : arbolix-cli lire FICHIER.ged\n";
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+struct Sorties {
+    std::ostream& sortie;
+    std::ostream& erreurs;
+};
+
+// Une case de la fenêtre Gedcom par option, à partir de ses valeurs par défaut.
+struct OptionCase {
+    std::string_view option;
+    bool OptionsGedcom::*champ;
+    bool valeur;
+};
+
+constexpr OptionCase kCases[] = {
+    {"--sans-dates", &OptionsGedcom::Dates, false},
+    {"--sans-lieux", &OptionsGedcom::Lieux, false},
+    {"--sans-professions", &OptionsGedcom::Professions, false},
+    {"--sans-temoins", &OptionsGedcom::Temoins, false},
+    {"--sans-fichiers", &OptionsGedcom::Fichiers, false},
+    {"--sans-adresses", &OptionsGedcom::Adresses, false},
+    {"--sans-sources", &OptionsGedcom::Sources, false},
+    {"--sans-notes", &OptionsGedcom::Notes, false},
+    {"--ages", &OptionsGedcom::Ages, true},
+    {"--renumeroter", &OptionsGedcom::OptRenum, true},
+    {"--nettoyer", &OptionsGedcom::OptNettoie, true},
+};
+
+// Sépare les options de cases des noms de fichiers ; faux sur une option inconnue.
+bool LireCases(const Arguments& args, OptionsGedcom& cases, Arguments& fichiers, Sorties& s) {
+    for (const auto& a : args) {
+        if (a.rfind("--", 0) != 0) {
+            fichiers.push_back(a);
+            continue;
+        }
+        bool connue = false;
+        for (const auto& c : kCases) {
+            if (a == c.option) {
+                cases.*(c.champ) = c.valeur;
+                connue = true;
+            }
+        }
+        if (!connue) {
+            s.erreurs << "Option inconnue : " << a << "\n";
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string Resume(const Base& b) {
+    return "Lu : " + std::to_string(b.NbPersosReels) + " personnes, " + std::to_string(b.NbFamisReels) +
+           " familles, " + std::to_string(b.NbNotesReelles) + " notes, " + std::to_string(b.NbSourcesReelles) +
+           " sources, " + std::to_string(b.NbMediasReels) + " objets m\xC3\xA9" "dias.";
+}
+
+// Lit un fichier avec les cases données ; rend faux avec un message si le fichier ne se lit pas.
+bool Charger(const std::string& fichier, OptionsGedcom cases, Base& base, Options& options,
+             ResultatLecture& resultat, Sorties& s) {
+    cases.Fichier = fichier;
+    // La renumérotation ne vaut que pour le fichier par défaut : ici, celui qu'on nomme.
+    if (cases.OptRenum) options.FichierDefaut = fichier;
+    Progression muette;
+    ContexteLecture ctx{options, cases, muette};
+    ctx.remplirListes = false;
+    resultat = LireGedcom(base, ctx);
+    if (!resultat.Lu) {
+        s.erreurs << Cp1252VersUtf8(resultat.Erreur) << "\n";
+        return false;
+    }
+    return true;
+}
+
+int CommandeLire(const Arguments& args, Sorties& s) {
+    OptionsGedcom cases;
+    Arguments fichiers;
+    if (!LireCases(args, cases, fichiers, s)) return 2;
+    if (fichiers.size() != 1) {
+        s.erreurs << "usage : arbolix-cli lire [options] FICHIER.ged\n";
+        return 2;
+    }
+    Base base;
+    Options options;
+    ResultatLecture resultat;
+    if (!Charger(fichiers[0], cases, base, options, resultat, s)) return 2;
+    std::string journal = Cp1252VersUtf8(resultat.Journal);
+    for (std::size_t p; (p = journal.find('\r')) != std::string::npos;) journal.erase(p, 1);
+    s.sortie << journal << Resume(base) << "\n";
+    return 0;
+}
+
+struct Commande {
+    std::string_view nom;
+    std::string_view aide;
+    std::function<int(const Arguments&, Sorties&)> executer;
+};
+
+const std::vector<Commande>& Commandes() {
+    static const std::vector<Commande> commandes = {
+        {"lire", "lire [options] FICHIER.ged : lit le fichier, affiche le journal et les nombres lus",
+         CommandeLire},
+    };
+    return commandes;
+}
+
+void Aide(std::ostream& o) {
+    o << "usage : arbolix-cli COMMANDE [options] FICHIER...\n\nCommandes :\n";
+    for (const auto& c : Commandes()) o << "  " << c.aide << "\n";
+    o << "\nOptions de lecture :";
+    for (const auto& c : kCases) o << " " << c.option;
+    o << "\n";
+}
+
+}  // namespace
+
+int Executer(int argc, char** argv, std::ostream& sortie, std::ostream& erreurs) {
+    Sorties s{sortie, erreurs};
+    if (argc < 2) {
+        Aide(erreurs);
+        return 2;
+    }
+    const std::string nom = argv[1];
+    if (nom == "--aide" || nom == "aide" || nom == "--help") {
+        Aide(sortie);
+        return 0;
+    }
+    const Arguments args(argv + 2, argv + argc);
+    for (const auto& c : Commandes()) {
+        if (c.nom != nom) continue;
+        try {
+            return c.executer(args, s);
+        } catch (const std::exception& e) {
+            erreurs << "Erreur : " << e.what() << "\n";
+            return 1;
+        }
+    }
+    erreurs << "Commande inconnue : " << nom << "\n";
+    Aide(erreurs);
     return 2;
 }
 

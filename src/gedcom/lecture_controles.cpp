@@ -1,4 +1,5 @@
 // Contrôles de la base juste lue : fiches vides, familles à un seul conjoint.
+#include <algorithm>
 #include <string>
 
 #include "gedcom/lecteur_gedcom.h"
@@ -38,11 +39,17 @@ void LecteurGedcom::ControlesApresLecture() {
             JournaliserLigne("Alerte : la famille " + std::to_string(f) +
                              " comporte des \xE9v\xE8nements mais n'a pas 2 conjoints.");
     }
-    int vides = 0;
+    std::int64_t vides = 0;
     for (std::int32_t n = 1; n <= b.NbPersos; ++n) {
-        if (!FicheVide(std::as_const(b.Persos)[n])) continue;
-        if (++vides <= kFichesVidesDetaillees)
-            JournaliserLigne("Info : la fiche " + std::to_string(n) + " est vide et peut \xEAtre r\xE9utilis\xE9" "e.");
+        // Une page jamais écrite n'a que des fiches vides : on la compte d'un coup.
+        const bool pageVierge = b.Persos.PageVierge(n);
+        const std::int32_t dernier = pageVierge ? std::min(b.Persos.FinDePage(n), b.NbPersos) : n;
+        if (!pageVierge && !FicheVide(std::as_const(b.Persos)[n])) continue;
+        std::int32_t k = n;
+        for (; k <= dernier && vides < kFichesVidesDetaillees; ++k, ++vides)
+            JournaliserLigne("Info : la fiche " + std::to_string(k) + " est vide et peut \xEAtre r\xE9utilis\xE9" "e.");
+        vides += dernier - k + 1;
+        n = dernier;
     }
     if (vides > kFichesVidesDetaillees)
         JournaliserLigne("Info : " + std::to_string(vides - kFichesVidesDetaillees) +

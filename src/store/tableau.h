@@ -53,6 +53,16 @@ public:
         return (*pages_[p])[Case(i)];
     }
 
+    // Vrai quand rien n'a jamais été écrit dans la page de i : toute la page est vierge.
+    bool PageVierge(std::int32_t i) const {
+        const std::size_t p = Page(i);
+        return p >= pages_.size() || !pages_[p];
+    }
+    // Dernier numéro de la page de i : les parcours sautent une page vierge d'un coup.
+    std::int32_t FinDePage(std::int32_t i) const {
+        return bas_ + static_cast<std::int32_t>((Page(i) + 1) * kTaillePage) - 1;
+    }
+
     // Mémoire réellement prise, en fiches.
     std::size_t FichesEnMemoire() const {
         std::size_t n = 0;

@@ -1,0 +1,71 @@
+#include "cli/commandes.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace arbolix::cli {
+namespace {
+
+struct Appel {
+    int code;
+    std::string sortie;
+    std::string erreurs;
+};
+
+Appel Lancer(std::vector<std::string> args) {
+    args.insert(args.begin(), "arbolix-cli");
+    std::vector<char*> argv;
+    for (auto& a : args) argv.push_back(a.data());
+    std::ostringstream sortie, erreurs;
+    const int code = Executer(static_cast<int>(argv.size()), argv.data(), sortie, erreurs);
+    return {code, sortie.str(), erreurs.str()};
+}
+
+std::string FichierTemporaire(const std::string& nom, const std::string& contenu) {
+    const auto chemin = std::filesystem::temp_directory_path() / nom;
+    std::ofstream(chemin, std::ios::binary) << contenu;
+    return chemin.string();
+}
+
+TEST(Cli, LireAfficheLeJournalEnUtf8PuisLesNombres) {
+    const auto f = FichierTemporaire("cli-lire.ged",
+                                     "0 HEAD\r\n0 @I1@ INDI\r\n1 NAME Jean /Dupont/\r\n0 @I3@ INDI\r\n"
+                                     "1 NAME Ren\xE9 /L\xE9vy/\r\n");
+    const auto a = Lancer({"lire", f});
+    EXPECT_EQ(a.code, 0);
+    EXPECT_EQ(a.sortie,
+              "Alerte : fin de fichier atteinte sans terminateur Gedcom ! Le fichier pourrait \xC3\xAAtre tronqu\xC3\xA9 "
+              "et incomplet.\n"
+              "Info : la fiche 2 est vide et peut \xC3\xAAtre r\xC3\xA9utilis\xC3\xA9" "e.\n"
+              "Lu : 2 personnes, 0 familles, 0 notes, 0 sources, 0 objets m\xC3\xA9" "dias.\n");
+    std::filesystem::remove(f);
+}
+
+TEST(Cli, FichierAbsentOptionInconnueEtUsage) {
+    auto a = Lancer({"lire", "/nulle/part.ged"});
+    EXPECT_EQ(a.code, 2);
+    EXPECT_EQ(a.erreurs, "Le fichier /nulle/part.ged est introuvable.\n");
+    EXPECT_TRUE(a.sortie.empty());
+    a = Lancer({"lire", "--sans-tout", "x.ged"});
+    EXPECT_EQ(a.code, 2);
+    EXPECT_EQ(a.erreurs, "Option inconnue : --sans-tout\n");
+    EXPECT_EQ(Lancer({}).code, 2);
+    EXPECT_EQ(Lancer({"voler"}).code, 2);
+}
+
+TEST(Cli, RenumeroterPrendLeFichierNommeCommeFichierParDefaut) {
+    const auto f = FichierTemporaire("cli-renum.ged",
+                                     "0 HEAD\r\n0 @I7@ INDI\r\n1 NAME A /B/\r\n0 @I9@ INDI\r\n1 NAME C /D/\r\n0 TRLR\r\n");
+    EXPECT_NE(Lancer({"lire", f}).sortie.find("Info : la fiche 1 est vide"), std::string::npos);
+    EXPECT_EQ(Lancer({"lire", "--renumeroter", f}).sortie,
+              "Lu : 2 personnes, 0 familles, 0 notes, 0 sources, 0 objets m\xC3\xA9" "dias.\n");
+    std::filesystem::remove(f);
+}
+
+}  // namespace
+}  // namespace arbolix::cli
