@@ -50,11 +50,11 @@ struct Voisin {
     unsigned char octet;
 };
 constexpr Voisin kVoisins[] = {
-    {0x20A7, 'P'},  {0x2310, 0xAC}, {0x03B1, 'a'}, {0x0393, 'G'}, {0x03C0, 'p'}, {0x03A3, 'S'},
-    {0x03C3, 's'},  {0x03C4, 't'},  {0x03A6, 'F'}, {0x0398, 'T'}, {0x03A9, 'O'}, {0x03B4, 'd'},
-    {0x221E, '8'},  {0x03C6, 'f'},  {0x03B5, 'e'}, {0x2229, 'n'}, {0x2261, '='}, {0x2265, '>'},
-    {0x2264, '<'},  {0x2248, '~'},  {0x2219, 0xB7}, {0x221A, 'v'}, {0x207F, 'n'}, {0x0131, 'i'},
-    {0x2017, '_'},  {0x2500, '-'},  {0x2550, '-'}, {0x2502, '|'}, {0x2551, '|'},
+    {0x20A7, 'P'}, {0x2310, 0xAC}, {0x03B1, 'a'},  {0x0393, 'G'}, {0x03C0, 'p'}, {0x03A3, 'S'},
+    {0x03C3, 's'}, {0x03C4, 't'},  {0x03A6, 'F'},  {0x0398, 'T'}, {0x03A9, 'O'}, {0x03B4, 'd'},
+    {0x221E, '8'}, {0x03C6, 'f'},  {0x03B5, 'e'},  {0x2229, 'n'}, {0x2261, '='}, {0x2265, '>'},
+    {0x2264, '<'}, {0x2248, '~'},  {0x2219, 0xB7}, {0x221A, 'v'}, {0x207F, 'n'}, {0x0131, 'i'},
+    {0x2017, '_'}, {0x2500, '-'},  {0x2550, '-'},  {0x2502, '|'}, {0x2551, '|'},
 };
 
 constexpr unsigned char Vers1252(char16_t c) {
@@ -78,7 +78,9 @@ constexpr std::array<unsigned char, 128> Deriver(const std::array<char16_t, 128>
 constexpr std::array<unsigned char, 128> k437Vers1252 = Deriver(kPage437);
 constexpr std::array<unsigned char, 128> k850Vers1252 = Deriver(kPage850);
 
-const std::array<unsigned char, 128>& Table(int page) { return page == 850 ? k850Vers1252 : k437Vers1252; }
+const std::array<unsigned char, 128>& Table(int page) {
+    return page == 850 ? k850Vers1252 : k437Vers1252;
+}
 
 }  // namespace
 

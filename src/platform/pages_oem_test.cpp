@@ -16,6 +16,7 @@ struct CasOem {
 
 // Lettres communes aux deux pages, lettres propres à chacune, et les voisins
 // choisis pour ce que la page 1252 n'a pas.
+// clang-format off
 constexpr CasOem kCasOem[] = {
     {437, 0x82, 0xE9}, {850, 0x82, 0xE9},  // é
     {437, 0x80, 0xC7}, {437, 0x87, 0xE7},  // Ç ç
@@ -33,6 +34,7 @@ constexpr CasOem kCasOem[] = {
     {437, 0xA9, 0xAC}, {437, 0xF9, 0xB7},
     {1252, 0x9B, 0xA2},  // page inconnue : lue 437
 };
+// clang-format on
 
 TEST(PagesOem, OctetsVers1252) {
     for (const CasOem& c : kCasOem) {
