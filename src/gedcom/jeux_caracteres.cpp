@@ -1,5 +1,7 @@
 #include "gedcom/jeux_caracteres.h"
 
+#include "store/chaines.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -106,7 +108,7 @@ constexpr std::array<Remplacement, kNbLignesUtf8> VuesUtf8() {
 constexpr std::array<Remplacement, kNbLignesUtf8> kUtf8 = VuesUtf8();
 
 void PasserTable(std::string& tampon, std::size_t depuis, std::span<const Remplacement> lignes) {
-    for (const Remplacement& l : lignes) RemplacerTout(tampon, depuis, l.de, l.vers);
+    for (const Remplacement& l : lignes) RemplacerTout(tampon, l.de, l.vers, depuis);
 }
 
 // Ce que la lecture d'une valeur CHAR demande.
@@ -175,37 +177,6 @@ std::string MessageInconnu(std::string_view v, std::string_view titre) {
 }
 
 }  // namespace
-
-void RemplacerTout(std::string& tampon, std::size_t depuis, std::string_view de, std::string_view vers) {
-    if (de.empty() || depuis >= tampon.size()) return;
-    std::size_t p = tampon.find(de, depuis);
-    if (p == std::string::npos) return;
-    if (vers.size() > de.size()) {
-        // Le texte grandit : on recopie dans une nouvelle chaîne.
-        std::string neuf(tampon, 0, p);
-        std::size_t r = p;
-        for (; p != std::string::npos; p = tampon.find(de, r)) {
-            neuf.append(tampon, r, p - r).append(vers);
-            r = p + de.size();
-        }
-        neuf.append(tampon, r);
-        tampon.swap(neuf);
-        return;
-    }
-    // Le texte ne grandit pas : on tasse sur place, écriture derrière lecture.
-    char* const d = tampon.data();
-    std::size_t r = p;
-    std::size_t w = p;
-    for (; p != std::string::npos; p = tampon.find(de, r)) {
-        if (w != r) std::memmove(d + w, d + r, p - r);
-        w += p - r;
-        std::memcpy(d + w, vers.data(), vers.size());
-        w += vers.size();
-        r = p + de.size();
-    }
-    if (w != r) std::memmove(d + w, d + r, tampon.size() - r);
-    tampon.resize(w + (tampon.size() - r));
-}
 
 std::span<const Remplacement> LignesAnsel() {
     return kAnsel;

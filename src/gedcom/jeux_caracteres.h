@@ -18,10 +18,6 @@ struct Remplacement {
     std::string_view vers;
 };
 
-// Remplacement global à la manière de Replace : de gauche à droite, sans
-// chevauchement, le texte remplacé n'est pas relu. Linéaire en la taille.
-void RemplacerTout(std::string& tampon, std::size_t depuis, std::string_view de, std::string_view vers);
-
 // Les lignes des deux tables, dans l'ordre où elles passent : une ligne voit
 // le résultat des précédentes, l'ordre fait partie de la règle.
 std::span<const Remplacement> LignesAnsel();

@@ -1,4 +1,5 @@
 #include "gedcom/jeux_caracteres.h"
+#include "store/chaines.h"
 
 #include <gtest/gtest.h>
 
@@ -76,7 +77,7 @@ TEST(JeuxCaracteres, RemplacerToutCommeReplace) {
     // clang-format on
     for (const Cas& c : cas) {
         std::string t = c.texte;
-        RemplacerTout(t, c.depuis, c.de, c.vers);
+        RemplacerTout(t, c.de, c.vers, c.depuis);
         EXPECT_EQ(t, c.attendu) << c.texte << " depuis " << c.depuis;
     }
 }

@@ -162,13 +162,47 @@ std::string_view LecteurGedcom::BaliseDe(std::string_view ligne) {
     return reste.substr(0, reste.find(' '));
 }
 
+namespace {
+
+// Le numéro d'un identifiant à la manière des règles : les caractères de tête
+// sont sautés jusqu'au premier chiffre, puis les chiffres lus. -1 s'il n'y a
+// pas de chiffre ou si le nombre est démesuré.
+std::int64_t NumeroBrut(std::string_view s) {
+    while (s.size() > 1 && !EstChiffre(s[0])) s.remove_prefix(1);
+    if (s.empty() || !EstChiffre(s[0])) return -1;
+    const std::int64_t n = ValeurNumerique(s);
+    return n > kNumeroMaximal ? -1 : n;
+}
+
+}  // namespace
+
+std::int32_t LecteurGedcom::NumeroTraduit(std::string_view identifiant) {
+    if (ProchainTraduit == 0) {
+        // Premier identifiant sans numéro : on cherche une fois le plus grand numéro utilisable.
+        std::int64_t plusGrand = 0;
+        for (std::size_t a = tampon_.find('@'); a != std::string::npos; a = tampon_.find('@', a + 1)) {
+            const std::size_t b = tampon_.find_first_of("@ \r\n", a + 1);
+            if (b == std::string::npos || tampon_[b] != '@') continue;
+            plusGrand = std::max(plusGrand, NumeroBrut(std::string_view(tampon_).substr(a + 1, b - a - 1)));
+            a = b;
+        }
+        ProchainTraduit = plusGrand + 1;
+    }
+    auto [it, nouveau] = Traduits.try_emplace(std::string(identifiant), 0);
+    if (nouveau) {
+        if (ProchainTraduit > kNumeroMaximal) throw ErreurExecution(6, "D\xE9passement de capacit\xE9");
+        it->second = static_cast<std::int32_t>(ProchainTraduit++);
+    }
+    return it->second;
+}
+
 std::int32_t LecteurGedcom::NumeroLu(std::string_view s, bool compterPerso, bool renumeroter) {
     const bool omega = ProduitOmega && !s.empty() && s[0] == 'I';
-    while (s.size() > 1 && !EstChiffre(s[0])) s.remove_prefix(1);
-    std::int64_t n = EstChiffre(s.empty() ? ' ' : s[0]) ? ValeurNumerique(s) : 0;
-    if (omega) ++n;  // ce producteur numérote ses personnes depuis 0
+    std::int64_t n = NumeroBrut(s);
+    if (n >= 0 && omega) ++n;  // ce producteur numérote ses personnes depuis 0
+    if (n <= 0) n = NumeroTraduit(s.substr(0, s.find('@')));
     std::int64_t t = base_.NbPersos + n;
-    if (n > kNumeroMaximal || t > kNumeroMaximal) throw ErreurExecution(6, "D\xE9passement de capacit\xE9");
+    if (t > kNumeroMaximal) throw ErreurExecution(6, "D\xE9passement de capacit\xE9");
     if (t >= PlafondConv) PlafondConv = (t / 5000 + 1) * 5000;
     if (renumeroter) {
         if (n == 0) {
@@ -265,6 +299,9 @@ void LecteurGedcom::Lire(std::string contenu) {
     contexte_.progression.Compteur(contexte_.textes.Lecture);
     contexte_.progression.LaisserPasser();
     resultat_.Journal.clear();
+    CodageLu codage = NormaliserCodage(contenu);
+    Codage = codage.codage;
+    Journaliser(codage.journal);
     PreparerTampon(std::move(contenu));
     MaxPersos = base_.NbPersos;
     NbFamisLues = base_.NbFamis;

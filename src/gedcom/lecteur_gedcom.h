@@ -9,6 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "gedcom/jeux_caracteres.h"
 #include "gedcom/lecteur.h"
 #include "platform/progression.h"
 
@@ -50,6 +51,9 @@ public:
 
     // --- numéros ---
     std::int32_t NumeroLu(std::string_view s, bool compterPerso, bool renumeroter);
+    // Numéro donné à un identifiant qui n'en porte pas d'utilisable (@Abraham_Simpson@,
+    // @I152733931767@) : le suivant du plus grand numéro utilisable du fichier.
+    std::int32_t NumeroTraduit(std::string_view identifiant);
 
     // --- journal et progression ---
     void Journaliser(std::string_view texte) { resultat_.Journal.append(texte); }
@@ -89,6 +93,11 @@ public:
     std::vector<bool> Comptees;   // personnes déjà comptées dans NbPersosReels
     std::vector<std::int32_t> IndiLus;  // numéros des fiches INDI lues
     std::int32_t DernierMedia = 0;
+    std::unordered_map<std::string, std::int32_t> Traduits;
+    std::int64_t ProchainTraduit = 0;  // 0 : le fichier n'a pas encore été parcouru
+    CodageFichier Codage = CodageFichier::Octets;  // codage reconnu sur les octets bruts
+    bool CharLu = false;         // l'en-tête portait une ligne CHAR
+    bool Utf8Converti = false;   // la table UTF-8 est déjà passée
 
 private:
     void PreparerTampon(std::string contenu);
@@ -100,6 +109,7 @@ private:
     void SectionEntete();
     void LigneEntete();
     void ReparerProducteur(std::string_view mot);
+    void FinEntete();
     void SectionPersonne();
     void SectionFamille();
     void SectionNote(bool source);

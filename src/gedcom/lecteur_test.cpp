@@ -241,3 +241,23 @@ TEST(Lecteur, ControlesApresLecture) {
 
 }  // namespace
 }  // namespace arbolix
+
+namespace arbolix {
+namespace {
+
+TEST(Lecteur, IdentifiantsSansNumeroUtilisable) {
+    Lecture l;
+    l.Lire(Fichier("0 HEAD|1 SUBM @SUBM@|0 @SUBM@ SUBM|1 NAME Jean /G\xE9n\xE9" "alogiste/|"
+                   "0 @Abraham_Simpson@ INDI|1 NAME Abraham /Simpson/|0 @I4@ INDI|1 NAME Homer /Simpson/|"
+                   "0 @I152733931767@ INDI|1 NAME Bart /Simpson/|0 @I0@ INDI|1 NAME Lisa /Simpson/|0 TRLR|"));
+    EXPECT_EQ(l.base.NbPersosReels, 4);
+    EXPECT_EQ(l.P(4).Prenoms, "Homer");
+    // Les identifiants sans numéro prennent les numéros qui suivent le plus grand du fichier.
+    EXPECT_EQ(l.P(6).Prenoms, "Abraham");
+    EXPECT_EQ(l.P(7).Prenoms, "Bart");
+    EXPECT_EQ(l.P(8).Prenoms, "Lisa");
+    EXPECT_EQ(l.P(-1).Nom, "Jean G\xE9n\xE9" "alogiste");
+}
+
+}  // namespace
+}  // namespace arbolix

@@ -1,5 +1,6 @@
 #include "store/chaines.h"
 
+#include <cstring>
 #include <limits>
 
 namespace arbolix {
@@ -43,20 +44,32 @@ std::size_t RemplacerTout(std::string& s, std::string_view de, std::string_view 
     if (de.empty() || depuis >= s.size()) return 0;
     std::size_t p = s.find(de, depuis);
     if (p == std::string::npos) return 0;
-    std::string resultat;
-    resultat.reserve(s.size() + (vers.size() > de.size() ? s.size() / 8 : 0));
-    resultat.append(s, 0, p);
     std::size_t n = 0;
-    std::size_t dernier = p;
-    while (p != std::string::npos) {
-        resultat.append(s, dernier, p - dernier);
-        resultat.append(vers);
-        dernier = p + de.size();
-        ++n;
-        p = s.find(de, dernier);
+    if (vers.size() > de.size()) {
+        // Le texte grandit : on recopie dans une nouvelle chaîne.
+        std::string neuf(s, 0, p);
+        std::size_t r = p;
+        for (; p != std::string::npos; p = s.find(de, r), ++n) {
+            neuf.append(s, r, p - r).append(vers);
+            r = p + de.size();
+        }
+        neuf.append(s, r);
+        s.swap(neuf);
+        return n;
     }
-    resultat.append(s, dernier, std::string::npos);
-    s.swap(resultat);
+    // Le texte ne grandit pas : on tasse sur place, l'écriture derrière la lecture.
+    char* const d = s.data();
+    std::size_t r = p;
+    std::size_t w = p;
+    for (; p != std::string::npos; p = s.find(de, r), ++n) {
+        if (w != r) std::memmove(d + w, d + r, p - r);
+        w += p - r;
+        std::memcpy(d + w, vers.data(), vers.size());
+        w += vers.size();
+        r = p + de.size();
+    }
+    if (w != r) std::memmove(d + w, d + r, s.size() - r);
+    s.resize(w + (s.size() - r));
     return n;
 }
 
