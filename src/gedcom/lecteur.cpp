@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "gedcom/lecteur_gedcom.h"
+#include "platform/cp1252.h"
 #include "platform/progression.h"
 #include "store/chaines.h"
 
@@ -25,25 +26,27 @@ std::string NomDeFichier(const std::string& texte) {
     return std::filesystem::is_regular_file(avant, ec) ? avant : texte;
 }
 
+// Les chemins sont en UTF-8 comme le système ; les messages en 1252 comme tout le texte.
 bool LireFichierEntier(const std::string& chemin, std::string& contenu, std::string& erreur) {
+    const std::string nom = Utf8VersCp1252(chemin);
     std::error_code ec;
     if (!std::filesystem::exists(chemin, ec)) {
-        erreur = "Le fichier " + chemin + " est introuvable.";
+        erreur = "Le fichier " + nom + " est introuvable.";
         return false;
     }
     if (!std::filesystem::is_regular_file(chemin, ec)) {
-        erreur = "Impossible de lire " + chemin + " : ce n'est pas un fichier.";
+        erreur = "Impossible de lire " + nom + " : ce n'est pas un fichier.";
         return false;
     }
     std::ifstream f(chemin, std::ios::binary);
     if (!f) {
-        erreur = "Impossible d'ouvrir le fichier " + chemin + " (droits insuffisants ?).";
+        erreur = "Impossible d'ouvrir le fichier " + nom + " (droits insuffisants ?).";
         return false;
     }
     std::ostringstream tout;
     tout << f.rdbuf();
     if (f.bad()) {
-        erreur = "Erreur de lecture du fichier " + chemin + ".";
+        erreur = "Erreur de lecture du fichier " + nom + ".";
         return false;
     }
     contenu = std::move(tout).str();

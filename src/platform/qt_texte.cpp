@@ -1,0 +1,21 @@
+#include "platform/qt_texte.h"
+
+#include "platform/cp1252.h"
+
+namespace arbolix {
+
+QString VersQString(std::string_view cp1252) {
+    QString r;
+    r.reserve(static_cast<qsizetype>(cp1252.size()));
+    for (char c : cp1252) r.append(QChar(static_cast<char16_t>(Cp1252VersUnicode(static_cast<unsigned char>(c)))));
+    return r;
+}
+
+std::string DepuisQString(const QString& texte) {
+    std::string r;
+    r.reserve(static_cast<std::size_t>(texte.size()));
+    for (const QChar c : texte) r += Unicode1252(c.unicode());
+    return r;
+}
+
+}  // namespace arbolix

@@ -1,0 +1,109 @@
+#include "ui/dialogue_qt.h"
+
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QUrl>
+
+#include "platform/qt_texte.h"
+
+namespace arbolix {
+
+namespace {
+
+struct BoutonQt {
+    Bouton bouton;
+    const char* texte;
+    QMessageBox::ButtonRole role;
+};
+
+std::vector<BoutonQt> BoutonsDe(Boutons b) {
+    switch (b) {
+        case Boutons::Ok: return {{Bouton::Ok, "OK", QMessageBox::AcceptRole}};
+        case Boutons::OkAnnuler:
+            return {{Bouton::Ok, "OK", QMessageBox::AcceptRole}, {Bouton::Annuler, "Annuler", QMessageBox::RejectRole}};
+        case Boutons::OuiNon:
+            return {{Bouton::Oui, "Oui", QMessageBox::YesRole}, {Bouton::Non, "Non", QMessageBox::NoRole}};
+        case Boutons::OuiNonAnnuler:
+            return {{Bouton::Oui, "Oui", QMessageBox::YesRole},
+                    {Bouton::Non, "Non", QMessageBox::NoRole},
+                    {Bouton::Annuler, "Annuler", QMessageBox::RejectRole}};
+        case Boutons::AbandonnerReessayerIgnorer:
+            return {{Bouton::Abandonner, "Abandonner", QMessageBox::RejectRole},
+                    {Bouton::Reessayer, "R\xC3\xA9" "essayer", QMessageBox::AcceptRole},
+                    {Bouton::Ignorer, "Ignorer", QMessageBox::AcceptRole}};
+    }
+    return {};
+}
+
+QMessageBox::Icon IconeQt(Icone i) {
+    switch (i) {
+        case Icone::Information: return QMessageBox::Information;
+        case Icone::Question: return QMessageBox::Question;
+        case Icone::Attention: return QMessageBox::Warning;
+        case Icone::Stop: return QMessageBox::Critical;
+        case Icone::Aucune: break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+// Les filtres des règles ressemblent à "*.ged" : Qt veut "Fichiers (*.ged)".
+QString FiltreQt(std::string_view filtre) {
+    const QString f = VersQString(filtre);
+    return f.contains('(') ? f : f + " (" + f + ")";
+}
+
+}  // namespace
+
+Bouton DialogueQt::Message(std::string_view titre, std::string_view texte, Icone icone, Boutons boutons) {
+    QMessageBox boite(IconeQt(icone), VersQString(titre), VersQString(texte), QMessageBox::NoButton, parent_);
+    std::vector<std::pair<QAbstractButton*, Bouton>> faits;
+    for (const auto& b : BoutonsDe(boutons))
+        faits.emplace_back(boite.addButton(QString::fromUtf8(b.texte), b.role), b.bouton);
+    boite.exec();
+    for (const auto& [qt, bouton] : faits)
+        if (boite.clickedButton() == qt) return bouton;
+    // Fermée par Échap : le bouton de refus, s'il y en a un.
+    return faits.size() > 1 ? faits.back().second : faits.front().second;
+}
+
+std::optional<std::string> DialogueQt::Saisie(std::string_view titre, std::string_view invite,
+                                              std::string_view defaut) {
+    bool ok = false;
+    const QString r = QInputDialog::getText(parent_, VersQString(titre), VersQString(invite), QLineEdit::Normal,
+                                            VersQString(defaut), &ok);
+    if (!ok) return std::nullopt;
+    return DepuisQString(r);
+}
+
+std::optional<std::string> DialogueQt::ChoisirFichierOuvrir(std::string_view titre, std::string_view filtre,
+                                                            std::string_view depart) {
+    const QString r = QFileDialog::getOpenFileName(parent_, VersQString(titre), QString::fromStdString(std::string(depart)),
+                                                   FiltreQt(filtre));
+    if (r.isEmpty()) return std::nullopt;
+    return r.toStdString();
+}
+
+std::optional<std::string> DialogueQt::ChoisirFichierEnregistrer(std::string_view titre, std::string_view filtre,
+                                                                 std::string_view depart) {
+    const QString r = QFileDialog::getSaveFileName(parent_, VersQString(titre), QString::fromStdString(std::string(depart)),
+                                                   FiltreQt(filtre));
+    if (r.isEmpty()) return std::nullopt;
+    return r.toStdString();
+}
+
+std::optional<std::string> DialogueQt::ChoisirDossier(std::string_view titre, std::string_view depart) {
+    const QString r = QFileDialog::getExistingDirectory(parent_, VersQString(titre), QString::fromStdString(std::string(depart)));
+    if (r.isEmpty()) return std::nullopt;
+    return r.toStdString();
+}
+
+bool DialogueQt::OuvrirDansProgramme(std::string_view chemin) {
+    const QString c = QString::fromStdString(std::string(chemin));
+    const QUrl url = c.contains("://") ? QUrl(c) : QUrl::fromLocalFile(c);
+    return QDesktopServices::openUrl(url);
+}
+
+}  // namespace arbolix
