@@ -46,10 +46,11 @@ std::optional<LectureRepublicaine> LireDateRepublicaine(std::string_view texte, 
     }
     r.note = t;
 
-    // L'année se lit après la dernière barre : "1/vend/2" est l'an II.
-    const std::size_t derniere = t.rfind('/');
-    const std::string_view vue = t;
-    const std::int64_t an = Val(derniere == std::string::npos ? vue : vue.substr(derniere + 1));
+    // L'année est dans les 2 derniers caractères, après la barre s'il y en a une :
+    // "1/vend/2" est l'an II.
+    std::string_view fin = Droite(t, 2);
+    if (const auto barre = fin.find('/'); barre != std::string_view::npos) fin.remove_prefix(barre + 1);
+    const std::int64_t an = Val(fin);
     if (an < 1 || an > 14) return std::nullopt;
     const std::int64_t numero = DebutAnRepublicain[an] + 30LL * m + Val(Gauche(t, 2)) - 1;
     if (numero < INT32_MIN || numero > INT32_MAX) return std::nullopt;

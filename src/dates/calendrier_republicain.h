@@ -30,12 +30,13 @@ struct LectureRepublicaine {
     std::string note;  // "12/brum/3" pour "12/br/3" : le code devient le mot de 4 lettres
 };
 
-// t : texte en minuscules, séparé par "/", jour en tête, année (1 à 14) après la
-// dernière barre. Un mot de mois inconnu n'est pas une erreur : le mois vaut
-// alors la position qui suit la première barre, et la date tombe dans un
-// mauvais mois (comme 12/jan/05, année grégorienne sur 2 chiffres). avecNote :
-// la note sera écrite, donc son mot de mois doit exister. Vide quand la lecture
-// échoue (tranche de longueur négative, année hors table, mois hors liste).
+// t : texte en minuscules, séparé par "/", jour en tête, année (1 à 14) dans
+// les 2 derniers caractères, après la barre s'il y en a une ("1/vend/2" : an II).
+// Un mot de mois inconnu n'est pas une erreur : le mois vaut alors la position
+// qui suit la première barre, et la date tombe dans un mauvais mois (comme
+// 12/jan/05, année grégorienne sur 2 chiffres). avecNote : la note sera écrite,
+// donc son mot de mois doit exister. Vide quand la lecture échoue (tranche de
+// longueur négative, année hors table, mois hors liste).
 std::optional<LectureRepublicaine> LireDateRepublicaine(std::string_view t, bool avecNote);
 
 // "jj/mois/aa" du jour donné, du 22/09/1793 au 31/12/1805 ; vide ailleurs :
