@@ -20,7 +20,9 @@ bool FormeDateComplete(std::string_view s) {
 }
 
 // Mois et jour lus comme le nombre MMJJ.
-std::int64_t MoisJour(std::string_view s) { return Val(std::string(s.substr(3, 2)) + std::string(s.substr(0, 2))); }
+std::int64_t MoisJour(std::string_view s) {
+    return Val(std::string(s.substr(3, 2)) + std::string(s.substr(0, 2)));
+}
 
 }  // namespace
 

@@ -18,7 +18,9 @@ std::int64_t JoursDepuisMars0(int jour, int mois, int annee) {
 
 }  // namespace
 
-bool EstBissextile(int annee) { return (annee % 4 == 0 && annee % 100 != 0) || annee % 400 == 0; }
+bool EstBissextile(int annee) {
+    return (annee % 4 == 0 && annee % 100 != 0) || annee % 400 == 0;
+}
 
 int JoursDuMois(int mois, int annee) {
     static constexpr int kJours[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};

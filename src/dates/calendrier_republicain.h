@@ -17,8 +17,9 @@ inline constexpr std::array<std::int32_t, 16> DebutAnRepublicain = {
     -36622, -36257, -35892, -35527, -35161, -34796, -34431, -34331};
 
 // Index 1 à 13 ; le treizième mois est celui des jours complémentaires.
-inline constexpr std::array<std::string_view, 14> MoisRepublicains = {
-    "", "vend", "brum", "frim", "nivo", "pluv", "vent", "germ", "flor", "prai", "mess", "ther", "fruc", "comp"};
+inline constexpr std::array<std::string_view, 14> MoisRepublicains = {"",     "vend", "brum", "frim", "nivo",
+                                                                      "pluv", "vent", "germ", "flor", "prai",
+                                                                      "mess", "ther", "fruc", "comp"};
 
 // Codes de deux lettres admis en saisie, à la place de chaque mois.
 inline constexpr std::array<std::string_view, 14> CodesMoisRepublicains = {

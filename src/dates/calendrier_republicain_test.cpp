@@ -8,7 +8,9 @@
 namespace arbolix {
 namespace {
 
-std::int32_t Jour(const char* date) { return NumeroJour(*LireDate(date)); }
+std::int32_t Jour(const char* date) {
+    return NumeroJour(*LireDate(date));
+}
 
 TEST(CalendrierRepublicain, TableDesPremiersJours) {
     const char* debuts[] = {"22/09/1792", "22/09/1793", "22/09/1794", "23/09/1795", "22/09/1796",
@@ -19,9 +21,8 @@ TEST(CalendrierRepublicain, TableDesPremiersJours) {
 
 TEST(CalendrierRepublicain, GregorienVersRepublicain) {
     const std::pair<const char*, const char*> cas[] = {
-        {"22/09/1792", ""},           {"21/09/1793", ""},
-        {"22/09/1793", "01/vend/02"}, {"22/09/1795", "06/comp/03"},
-        {"23/09/1795", "01/vend/04"}, {"02/11/1794", "12/brum/03"},
+        {"22/09/1792", ""},           {"21/09/1793", ""},           {"22/09/1793", "01/vend/02"},
+        {"22/09/1795", "06/comp/03"}, {"23/09/1795", "01/vend/04"}, {"02/11/1794", "12/brum/03"},
         {"31/12/1805", "10/nivo/14"}, {"01/01/1806", ""},
     };
     for (const auto& [date, rep] : cas) EXPECT_EQ(DateRepublicaine(Jour(date)), rep) << date;

@@ -23,7 +23,8 @@ constexpr MarqueCle kMarques[] = {
 
 std::string CleDate(std::string_view s) {
     using namespace texte_date;
-    if (const auto d = LireDate(s)) return Zeros(d->annee, 4) + "/" + Zeros(d->mois, 2) + "/" + Zeros(d->jour, 2);
+    if (const auto d = LireDate(s))
+        return Zeros(d->annee, 4) + "/" + Zeros(d->mois, 2) + "/" + Zeros(d->jour, 2);
     if (s.empty()) return "0000/00/00";
     const std::string annee = Zeros(Val(Droite(s, 4)), 4);
     for (const auto& m : kMarques)

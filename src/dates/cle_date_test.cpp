@@ -37,7 +37,7 @@ TEST(CleDate, Formes) {
 
 TEST(CleDate, OrdreDansUneAnnee) {
     const std::vector<std::string> ordre = {
-        "vers 1749", "avant 1750", "vers 1750",  "1750",       "01/01/1750",
+        "vers 1749",  "avant 1750",    "vers 1750",  "1750",       "01/01/1750",
         "30/09/1750", "apr\xE8s 1750", "01/10/1750", "31/12/1750", "avant 1751",
     };
     std::vector<std::string> cles;

@@ -17,7 +17,9 @@ std::string_view Mid(std::string_view s, std::size_t debut1) {
     return debut1 - 1 >= s.size() ? std::string_view() : s.substr(debut1 - 1);
 }
 
-std::string_view MoisOuVide(std::int64_t i) { return i >= 1 && i <= 12 ? MoisGedcom[i] : std::string_view(); }
+std::string_view MoisOuVide(std::int64_t i) {
+    return i >= 1 && i <= 12 ? MoisGedcom[i] : std::string_view();
+}
 
 std::string Traduire(std::string_view d, int profondeur);
 

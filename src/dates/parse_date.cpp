@@ -25,11 +25,10 @@ struct MotPrefixe {
 
 // Mots admis devant la date ; un mot absent (un nom de mois aussi) est jeté.
 constexpr MotPrefixe kMotsPrefixes[] = {
-    {"bef", "avant "}, {"-", "avant "},      {"avant", "avant "},
-    {"aft", kApres},   {"+", kApres},        {"apr\xE8s", kApres},
-    {"abt", "vers "},  {"*", "vers "},       {"~", "vers "},       {"vers", "vers "},
-    {"cal", "vers "},  {"est", "vers "},     {"ca", "vers "},      {"ca.", "vers "},
-    {"from", "de "},   {"to", " \xE0 "},     {"bet", "entre "},    {"int", ""},
+    {"bef", "avant "},    {"-", "avant "},   {"avant", "avant "}, {"aft", kApres},  {"+", kApres},
+    {"apr\xE8s", kApres}, {"abt", "vers "},  {"*", "vers "},      {"~", "vers "},   {"vers", "vers "},
+    {"cal", "vers "},     {"est", "vers "},  {"ca", "vers "},     {"ca.", "vers "}, {"from", "de "},
+    {"to", " \xE0 "},     {"bet", "entre "}, {"int", ""},
 };
 
 // Mots d'intervalle restés dans le texte, dans cet ordre. "/à/" relit le "DE 1750 À 1760"
@@ -64,7 +63,10 @@ std::string Rogner(std::string_view s) {
 void CouperTronquee(Lecture& l, const ContexteDate& ctx) {
     const auto p = l.t.find('(');
     if (p == std::string::npos) return;
-    Noter(ctx, "ligne " + std::to_string(ctx.NumLigne) + " : date tronqu\xE9" "e : " + l.t + " " + QuiEst(ctx));
+    Noter(ctx, "ligne " + std::to_string(ctx.NumLigne) +
+                   " : date tronqu\xE9"
+                   "e : " +
+                   l.t + " " + QuiEst(ctx));
     l.t = Rogner(std::string_view(l.t).substr(0, p));
 }
 
@@ -188,7 +190,8 @@ const Texte& ParseDate(std::string_view texte, Acte& a, const ContexteDate& ctx)
         if (!l.t.empty() && !Lire(l, ctx)) {
             if (ctx.GedcomVisible)
                 Noter(ctx, "Erreur ligne " + std::to_string(ctx.NumLigne) +
-                               " : erreur 5 : Argument ou appel de proc\xE9" "dure incorrect. " +
+                               " : erreur 5 : Argument ou appel de proc\xE9"
+                               "dure incorrect. " +
                                std::string(ctx.LigneCourante));
             return a.Date;
         }

@@ -96,12 +96,18 @@ TEST(ParseDate, DateTronqueeNoteeAuJournal) {
     Acte a;
     EXPECT_EQ(ParseDate("INT 1750 (about)", a, ctx), "1750");
     EXPECT_EQ(a.Annee, 1750);
-    EXPECT_EQ(journal, "ligne 12 : date tronqu\xE9" "e : INT 1750 (about)  personne n\xB0" "5\r\n");
+    EXPECT_EQ(journal,
+              "ligne 12 : date tronqu\xE9"
+              "e : INT 1750 (about)  personne n\xB0"
+              "5\r\n");
 
     journal.clear();
     ctx.Ligne1 = "1 MARR";
     EXPECT_EQ(ParseDate("12 MAR 1750 (env.)", a, ctx), "12/03/1750");
-    EXPECT_EQ(journal, "ligne 12 : date tronqu\xE9" "e : 12 MAR 1750 (env.) famille n\xB0" "3\r\n");
+    EXPECT_EQ(journal,
+              "ligne 12 : date tronqu\xE9"
+              "e : 12 MAR 1750 (env.) famille n\xB0"
+              "3\r\n");
 }
 
 TEST(ParseDate, DateNonReconnueSeulementDuFichier) {
@@ -112,7 +118,9 @@ TEST(ParseDate, DateNonReconnueSeulementDuFichier) {
     ctx.LigneCourante = "12/br/3";
     Acte a;
     EXPECT_EQ(ParseDate("12/br/3", a, ctx), "12/br/3");
-    EXPECT_EQ(journal, "Erreur ligne 7 : date non reconnue :  personne n\xB0" "4 BIRT 12/br/3\r\n");
+    EXPECT_EQ(journal,
+              "Erreur ligne 7 : date non reconnue :  personne n\xB0"
+              "4 BIRT 12/br/3\r\n");
 
     journal.clear();
     ctx.EvenementVisible = true;
@@ -192,7 +200,8 @@ TEST(ParseDate, EchecLaisseLEvenementIntact) {
     auto ctx = Fichier(&journal);
     ctx.ConvCalRep = true;
     ctx.LigneCourante = "@#DFRENCH R@ 45 VEND AN XX";
-    for (const char* texte : {"@#DFRENCH R@ 45 VEND AN XX", "1750/3", "dfrench @#dfrench r@ 1750", "12/vend/00"}) {
+    for (const char* texte :
+         {"@#DFRENCH R@ 45 VEND AN XX", "1750/3", "dfrench @#dfrench r@ 1750", "12/vend/00"}) {
         SCOPED_TRACE(texte);
         Acte a;
         a.Date = "01/01/1700";
@@ -222,9 +231,21 @@ TEST(ParseDate, TextesDemesures) {
         std::string(100000, 'a'),
         std::string(99990, '9') + "/vend/03",
         "12/" + std::string(99990, 'x') + "/03",
-        [] { std::string s; while (s.size() < 100000) s += "@#dfrench r@ "; return s; }(),
-        [] { std::string s; while (s.size() < 100000) s += "vers bet and to / "; return s; }(),
-        [] { std::string s; for (int i = 0; i < 100000; ++i) s += static_cast<char>(i * 7919 % 256); return s; }(),
+        [] {
+            std::string s;
+            while (s.size() < 100000) s += "@#dfrench r@ ";
+            return s;
+        }(),
+        [] {
+            std::string s;
+            while (s.size() < 100000) s += "vers bet and to / ";
+            return s;
+        }(),
+        [] {
+            std::string s;
+            for (int i = 0; i < 100000; ++i) s += static_cast<char>(i * 7919 % 256);
+            return s;
+        }(),
     };
     std::string journal;
     auto ctx = Fichier(&journal);

@@ -24,7 +24,9 @@ bool Decouper(std::string_view s, std::array<std::string_view, 3>& morceaux, int
     return true;
 }
 
-int Nombre(std::string_view chiffres) { return static_cast<int>(texte_date::Val(chiffres)); }
+int Nombre(std::string_view chiffres) {
+    return static_cast<int>(texte_date::Val(chiffres));
+}
 
 std::optional<int> Annee(std::string_view chiffres, bool courteAdmise) {
     if (chiffres.size() >= 3) {

@@ -18,6 +18,8 @@ namespace arbolix {
 // exister (31/02/1750 n'est pas une date).
 std::optional<DateCalendrier> LireDate(std::string_view s);
 
-inline bool EstDate(std::string_view s) { return LireDate(s).has_value(); }
+inline bool EstDate(std::string_view s) {
+    return LireDate(s).has_value();
+}
 
 }  // namespace arbolix

@@ -11,7 +11,8 @@ namespace arbolix {
 using namespace texte_date;
 
 bool DateSaisieComplete(std::string_view texte) {
-    static constexpr std::string_view kRetires[] = {" ", "+", "-", "*", "/", ".", "vers", "avant", "apr\xE8s"};
+    static constexpr std::string_view kRetires[] = {" ", "+",    "-",     "*",       "/",
+                                                    ".", "vers", "avant", "apr\xE8s"};
     std::string reste(texte);
     for (auto r : kRetires) reste = RemplacerTout(reste, r, "");
     return reste.size() == 8 && EstChiffre(reste[0]);
@@ -34,6 +35,8 @@ std::string DateDeLAge(std::int16_t anneeNaissance, std::string_view age) {
     return std::to_string(anneeNaissance + Val(age));
 }
 
-std::int16_t AnneeSaisie(std::string_view date) { return static_cast<std::int16_t>(Val(Droite(date, 4))); }
+std::int16_t AnneeSaisie(std::string_view date) {
+    return static_cast<std::int16_t>(Val(Droite(date, 4)));
+}
 
 }  // namespace arbolix

@@ -7,9 +7,9 @@ namespace {
 
 TEST(SaisieDate, HuitCaracteresPassentAuLieu) {
     const std::pair<const char*, bool> cas[] = {
-        {"12031750", true},  {"1203175", false},       {"120317501", false},
+        {"12031750", true},   {"1203175", false},        {"120317501", false},
         {"12/03/1750", true}, {"vers 12.03.1750", true}, {"apr\xE8s 12-03-1750", true},
-        {"+12031750", true}, {"vend1750", false},       {"12vend03", true},
+        {"+12031750", true},  {"vend1750", false},       {"12vend03", true},
     };
     for (const auto& [texte, complete] : cas) EXPECT_EQ(DateSaisieComplete(texte), complete) << texte;
 }

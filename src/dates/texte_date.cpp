@@ -19,9 +19,13 @@ std::string_view Droite(std::string_view s, std::size_t n) {
     return n >= s.size() ? s : s.substr(s.size() - n);
 }
 
-std::string_view Gauche(std::string_view s, std::size_t n) { return s.substr(0, n); }
+std::string_view Gauche(std::string_view s, std::size_t n) {
+    return s.substr(0, n);
+}
 
-bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
+bool EstChiffre(char c) {
+    return c >= '0' && c <= '9';
+}
 
 bool EstNumerique(std::string_view s) {
     if (s.empty()) return false;
