@@ -1,0 +1,74 @@
+#include "dates/date_gedcom.h"
+
+#include "dates/reconnaissance.h"
+#include "dates/texte_date.h"
+
+namespace arbolix {
+
+namespace {
+
+using namespace texte_date;
+
+// Une date réelle n'a que quelques préfixes emboîtés ; au-delà le texte sort tel quel,
+// ce qui borne la pile pour un texte sans fin fait de "vers vers vers ...".
+constexpr int kProfondeurMax = 32;
+
+std::string_view Mid(std::string_view s, std::size_t debut1) {
+    return debut1 - 1 >= s.size() ? std::string_view() : s.substr(debut1 - 1);
+}
+
+std::string_view MoisOuVide(std::int64_t i) {
+    return i >= 1 && i <= 12 ? MoisGedcom[i] : std::string_view();
+}
+
+std::string Traduire(std::string_view d, int profondeur);
+
+std::string Intervalle(std::string_view s, int profondeur) {
+    // " et" cherché à partir du 9e caractère ; sans lui le texte sort tel quel.
+    const std::size_t p = s.size() > 8 ? s.find(" et", 8) : std::string_view::npos;
+    if (p == std::string_view::npos || p < 6) return std::string(s);
+    return "BET " + Traduire(s.substr(6, p - 6), profondeur + 1) + " AND " +
+           Traduire(Mid(s, p + 5), profondeur + 1);
+}
+
+struct Prefixe {
+    std::string_view debut;
+    std::string_view gedcom;
+    std::size_t suite;  // position (à partir de 1) du texte qui suit le mot
+};
+
+constexpr Prefixe kPrefixes[] = {
+    {"ver", "ABT ", 6},
+    {"ava", "BEF ", 7},
+    {"apr", "AFT ", 7},
+};
+
+std::string Traduire(std::string_view d, int profondeur) {
+    const std::string s = RemplacerTout(d, "00/", "");
+    if (s.size() >= 8) {
+        if (const auto date = LireDate(s))
+            return Zeros(date->jour, 2) + " " + std::string(MoisGedcom[date->mois]) + " " +
+                   std::to_string(date->annee);
+    }
+    if (s.size() == 7) {
+        // "vers 17" n'a pas de barre : tout le texte suit le blanc.
+        const std::size_t barre = s.find('/');
+        return std::string(MoisOuVide(Val(Gauche(s, 2)))) + " " +
+               std::string(barre == std::string::npos ? std::string_view(s) : Mid(s, barre + 2));
+    }
+    if (!s.empty() && EstChiffre(s[0])) return s;
+    if (profondeur >= kProfondeurMax) return s;
+    for (const auto& p : kPrefixes)
+        if (Gauche(s, 3) == p.debut) return std::string(p.gedcom) + Traduire(Mid(s, p.suite), profondeur + 1);
+    if (Gauche(s, 3) == "ent") return Intervalle(s, profondeur);
+    return s;
+}
+
+}  // namespace
+
+std::string DateGedcom(std::string_view d, bool dates) {
+    if (!dates) return MajusculesAnsi(Droite(RemplacerTout(d, "00/", ""), 4));
+    return MajusculesAnsi(Traduire(d, 0));
+}
+
+}  // namespace arbolix

@@ -1,0 +1,208 @@
+#include "dates/parse_date.h"
+
+#include <exception>
+#include <optional>
+
+#include "dates/calendrier_gregorien.h"
+#include "dates/calendrier_republicain.h"
+#include "dates/cle_date.h"
+#include "dates/date_gedcom.h"
+#include "dates/reconnaissance.h"
+#include "dates/texte_date.h"
+
+namespace arbolix {
+
+namespace {
+
+using namespace texte_date;
+
+constexpr std::string_view kApres = "apr\xE8s ";
+
+struct MotPrefixe {
+    std::string_view mot;
+    std::string_view prefixe;
+};
+
+// Mots admis devant la date ; un mot absent (un nom de mois aussi) est jeté.
+constexpr MotPrefixe kMotsPrefixes[] = {
+    {"bef", "avant "},    {"-", "avant "},   {"avant", "avant "}, {"aft", kApres},  {"+", kApres},
+    {"apr\xE8s", kApres}, {"abt", "vers "},  {"*", "vers "},      {"~", "vers "},   {"vers", "vers "},
+    {"cal", "vers "},     {"est", "vers "},  {"ca", "vers "},     {"ca.", "vers "}, {"from", "de "},
+    {"to", " \xE0 "},     {"bet", "entre "}, {"int", ""},
+};
+
+// Mots d'intervalle restés dans le texte, dans cet ordre. "/à/" relit le "DE 1750 À 1760"
+// que l'écriture produit : "de" est jeté, il reste "1750 à 1760".
+constexpr std::string_view kIntervalles[][2] = {
+    {"bet/", "entre "}, {"/and/", " et "}, {"from/", "de "}, {"/to/", " \xE0 "}, {"/\xE0/", " \xE0 "},
+};
+
+// Ce que la lecture construit avant de l'écrire dans l'évènement.
+struct Lecture {
+    std::string prefixe;
+    std::string t;
+    std::string notes;
+};
+
+std::string QuiEst(const ContexteDate& ctx) {
+    if (ctx.Ligne1.find("MAR") != std::string_view::npos || ctx.Ligne1 == "DIV")
+        return "famille n\xB0" + std::to_string(ctx.NbFamis);
+    return " personne n\xB0" + std::to_string(ctx.NumCourant);
+}
+
+void Noter(const ContexteDate& ctx, const std::string& ligne) {
+    if (ctx.Journal) ctx.Journal->append(ligne).append("\r\n");
+}
+
+std::string Rogner(std::string_view s) {
+    const auto debut = s.find_first_not_of(' ');
+    if (debut == std::string_view::npos) return {};
+    return std::string(s.substr(debut, s.find_last_not_of(' ') - debut + 1));
+}
+
+void CouperTronquee(Lecture& l, const ContexteDate& ctx) {
+    const auto p = l.t.find('(');
+    if (p == std::string::npos) return;
+    Noter(ctx, "ligne " + std::to_string(ctx.NumLigne) +
+                   " : date tronqu\xE9"
+                   "e : " +
+                   l.t + " " + QuiEst(ctx));
+    l.t = Rogner(std::string_view(l.t).substr(0, p));
+}
+
+// "@#DFRENCH R@" : l'échappement du calendrier est retiré, le blanc qui le suit reste.
+bool RetirerEchappementFrancais(Lecture& l) {
+    bool trouve = false;
+    for (auto p = l.t.find("dfrench", 2); p != std::string::npos && !trouve; p = l.t.find("dfrench", p + 1))
+        trouve = l.t[p - 2] == '@' && p + 9 < l.t.size() && l.t[p + 8] == 'r' && l.t[p + 9] == '@';
+    if (!trouve) return true;
+    const auto premier = l.t.find("dfrench");
+    if (premier < 2) return false;  // "dfrench" plus tôt dans le texte : tranche négative
+    l.t = l.t.substr(0, premier - 2) + l.t.substr(premier + 10 <= l.t.size() ? premier + 10 : l.t.size());
+    return true;
+}
+
+void LirePrefixe(Lecture& l) {
+    if (!l.t.empty() && EstChiffre(l.t[0])) return;
+    if (!l.t.empty() && l.t[0] >= '*' && l.t[0] <= '-') l.t.insert(1, " ");
+    const auto p = l.t.find(' ');
+    if (p == std::string::npos) {
+        if (l.t.size() >= 6) l.t.insert(0, "01");
+        return;
+    }
+    const std::string mot = l.t.substr(0, p);
+    l.t.erase(0, p + 1);
+    for (const auto& r : kMotsPrefixes)
+        if (mot == r.mot) l.prefixe = r.prefixe;
+}
+
+void Separer(Lecture& l) {
+    for (char& c : l.t)
+        if (c == '.' || c == '-' || c == ' ') c = '/';
+    if (l.t.size() > 1 && l.t[1] == '/') l.t.insert(0, "0");
+}
+
+// Chiffres collés : 12031750, 031750, 12vend03.
+void DecouperSansSeparateur(Lecture& l) {
+    auto& t = l.t;
+    if (t.size() < 6) {
+        if (t.back() == '/') t = std::string(kApres) + t.substr(0, t.size() - 1);
+        return;
+    }
+    if (Val(Gauche(t, 1)) > 3) t.insert(0, "0");
+    if (t.find('/') != std::string::npos) return;
+    if (EstNumerique(t)) {
+        t = t.substr(0, 2) + "/" + (t.size() > 6 ? t.substr(2, 2) + "/" : "") + std::string(Droite(t, 4));
+    } else {
+        const std::size_t n = EstChiffre(t[4]) ? 2 : 4;
+        t = t.substr(0, 2) + "/" + t.substr(2, n) + "/" + std::string(Droite(t, 2));
+    }
+}
+
+bool LireRepublicaine(Lecture& l, const ContexteDate& ctx) {
+    const auto barre = l.t.rfind('/');
+    if (!ctx.ConvCalRep || barre == std::string::npos || barre + 3 < l.t.size() || Val(Droite(l.t, 2)) > 14)
+        return true;
+    const bool avecNote = l.notes.find('/') == std::string::npos;
+    const auto lue = LireDateRepublicaine(l.t, avecNote);
+    if (!lue) return false;
+    const auto date = DateDuNumero(lue->numeroJour);
+    if (!date) return false;
+    if (avecNote) l.notes = lue->note + (l.notes.empty() ? "" : "\r\n" + l.notes);
+    l.t = FormatDateCourte(*date);
+    return true;
+}
+
+// Le mot "après" mis par l'étape précédente n'est pas un mois : "apr" y resterait.
+void RemplacerMois(Lecture& l) {
+    const std::size_t debut = l.t.starts_with(kApres) ? kApres.size() : 0;
+    std::string reste = l.t.substr(debut);
+    for (int i = 1; i <= 12; ++i) reste = RemplacerTout(reste, MoisGedcom[i], Zeros(i, 2));
+    l.t = l.t.substr(0, debut) + reste;
+    for (const auto& r : kIntervalles) l.t = RemplacerTout(l.t, r[0], r[1]);
+}
+
+// Formes reconnues du tableau des dates : jamais signalées.
+bool FormeConnue(const Lecture& l) {
+    const std::size_t n = l.t.size();
+    return n == 3 || n == 4 || n == 9 || n == 10 || EstDate(l.t) || !l.prefixe.empty() ||
+           l.t.starts_with(kApres) || l.t.find(" et ") != std::string::npos ||
+           l.t.find(" \xE0 ") != std::string::npos;
+}
+
+// Vrai quand la date non reconnue a été signalée : le texte est alors gardé entier.
+bool Verifier(Lecture& l, const ContexteDate& ctx) {
+    if (const auto date = LireDate(l.t); date && l.t.size() == 10) {
+        if (ctx.ConvCalRep && l.notes.find('/') == std::string::npos) {
+            if (auto rep = DateRepublicaine(NumeroJour(*date)); !rep.empty()) l.notes = std::move(rep);
+        }
+        return false;
+    }
+    if (!ctx.GedcomVisible || ctx.EvenementVisible || ctx.LigneCourante.empty() ||
+        !EstChiffre(ctx.LigneCourante[0]) || FormeConnue(l))
+        return false;
+    const std::string_view tag = ctx.Ligne1.size() > 1 ? ctx.Ligne1.substr(1) : std::string_view();
+    Noter(ctx, "Erreur ligne " + std::to_string(ctx.NumLigne) + " : date non reconnue : " + QuiEst(ctx) +
+                   std::string(tag) + " " + std::string(ctx.LigneCourante));
+    return true;
+}
+
+bool Lire(Lecture& l, const ContexteDate& ctx) {
+    CouperTronquee(l, ctx);
+    l.t = MinusculesAnsi(l.t);
+    if (!RetirerEchappementFrancais(l)) return false;
+    LirePrefixe(l);
+    Separer(l);
+    if (!l.t.empty()) DecouperSansSeparateur(l);
+    if (!LireRepublicaine(l, ctx)) return false;
+    RemplacerMois(l);
+    if (!Verifier(l, ctx) && ctx.GedcomVisible && !ctx.Dates) l.t = std::string(Droite(l.t, 4));
+    return true;
+}
+
+}  // namespace
+
+const Texte& ParseDate(std::string_view texte, Acte& a, const ContexteDate& ctx) {
+    Lecture l;
+    l.t = std::string(texte);
+    l.notes = a.Notes.str();
+    try {
+        if (!l.t.empty() && !Lire(l, ctx)) {
+            if (ctx.GedcomVisible)
+                Noter(ctx, "Erreur ligne " + std::to_string(ctx.NumLigne) +
+                               " : erreur 5 : Argument ou appel de proc\xE9"
+                               "dure incorrect. " +
+                               std::string(ctx.LigneCourante));
+            return a.Date;
+        }
+    } catch (const std::exception&) {
+        return a.Date;
+    }
+    a.Annee = static_cast<std::int16_t>(Val(RemplacerTout(Droite(l.t, 4), "/", "")));
+    a.Date = l.prefixe + l.t;
+    a.DateTri = CleDate(a.Date.vue());
+    a.Notes = l.notes;
+    return a.Date;
+}
+
+}  // namespace arbolix

@@ -1,0 +1,262 @@
+#include "dates/parse_date.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace arbolix {
+namespace {
+
+struct CasLecture {
+    const char* texte;
+    const char* date;
+    const char* cle;
+    std::int16_t annee;
+};
+
+// Lecteur de fichier, Dates cochée, sans conversion républicaine.
+ContexteDate Fichier(std::string* journal = nullptr) {
+    ContexteDate c;
+    c.NumLigne = 12;
+    c.Ligne1 = "1 BIRT";
+    c.NumCourant = 5;
+    c.NbFamis = 3;
+    c.GedcomVisible = true;
+    c.Journal = journal;
+    return c;
+}
+
+void VerifierTable(const CasLecture* debut, const CasLecture* fin, const ContexteDate& ctx) {
+    for (const auto* c = debut; c != fin; ++c) {
+        SCOPED_TRACE(c->texte);
+        Acte a;
+        EXPECT_EQ(ParseDate(c->texte, a, ctx), c->date);
+        EXPECT_EQ(a.Date, c->date);
+        EXPECT_EQ(a.DateTri, c->cle);
+        EXPECT_EQ(a.Annee, c->annee);
+    }
+}
+
+TEST(ParseDate, MotsGedcomEtFrancais) {
+    const CasLecture cas[] = {
+        {"12 MAR 1750", "12/03/1750", "1750/03/12", 1750},
+        {"12 mar 1750", "12/03/1750", "1750/03/12", 1750},
+        {"BEF 1750", "avant 1750", "1750/-0/00", 1750},
+        {"AFT 1750", "apr\xE8s 1750", "1750/0_/00", 1750},
+        {"ABT 12 MAR 1750", "vers 12/03/1750", "1750/0./00", 1750},
+        {"ABT MAR 1750", "vers 03/1750", "1750/0./00", 1750},
+        {"CAL 1750", "vers 1750", "1750/0./00", 1750},
+        {"EST 1750", "vers 1750", "1750/0./00", 1750},
+        {"ca. 1750", "vers 1750", "1750/0./00", 1750},
+        {"~ 1750", "vers 1750", "1750/0./00", 1750},
+        {"avant 1750", "avant 1750", "1750/-0/00", 1750},
+        {"APR\xC8S 12/03/1750", "apr\xE8s 12/03/1750", "1750/0_/00", 1750},
+        {"vers 1750", "vers 1750", "1750/0./00", 1750},
+        {"BET 1750 AND 1760", "entre 1750 et 1760", "1760/00/00", 1760},
+        {"FROM 1750 TO 1760", "de 1750 \xE0 1760", "1760/00/00", 1760},
+        {"TO 1760", " \xE0 1760", "1760/00/00", 1760},
+        {"FROM 1750", "de 1750", "1750/00/00", 1750},
+        {"@#DGREGORIAN@ BET 1750 AND 1760", "entre 1750 et 1760", "1760/00/00", 1760},
+        {"DE 1750 \xC0 1760", "1750 \xE0 1760", "1760/00/00", 1760},
+        {"INT 1750", "1750", "1750/00/00", 1750},
+        {"@#DJULIAN@ 12 MAR 1750", "12/03/1750", "1750/03/12", 1750},
+        // un mois seul derrière un mot est perdu ; les mois français ne sont pas lus
+        {"MAR 1750", "1750", "1750/00/00", 1750},
+        {"mars 1750", "1750", "1750/00/00", 1750},
+        {"12/mars/1750", "12/03s/1750", "1750/00/00", 1750},
+    };
+    VerifierTable(std::begin(cas), std::end(cas), ContexteDate{});
+}
+
+TEST(ParseDate, ChiffresEtSignes) {
+    const CasLecture cas[] = {
+        {"12031750", "12/03/1750", "1750/03/12", 1750},
+        {"5121750", "05/12/1750", "1750/12/05", 1750},
+        {"031750", "03/1750", "1750/03/01", 1750},
+        {"1/2/1750", "01/2/1750", "1750/02/01", 1750},
+        {"12.03.1750", "12/03/1750", "1750/03/12", 1750},
+        {"12-03-1750", "12/03/1750", "1750/03/12", 1750},
+        {"1750", "1750", "1750/00/00", 1750},
+        {"1750-", "apr\xE8s 1750", "1750/0_/00", 1750},
+        {"+1750", "apr\xE8s 1750", "1750/0_/00", 1750},
+        {"-1750", "avant 1750", "1750/-0/00", 1750},
+        {"*1750", "vers 1750", "1750/0./00", 1750},
+        {"03/50", "03/50", "0003/00/00", 350},
+        {"31/02/1750", "31/02/1750", "1750/00/00", 1750},
+        {"32/13/1750", "32/13/1750", "1750/00/00", 1750},
+        {"abt", "abt", "0000/00/00", 0},
+        {"", "", "0000/00/00", 0},
+    };
+    VerifierTable(std::begin(cas), std::end(cas), ContexteDate{});
+}
+
+TEST(ParseDate, DateTronqueeNoteeAuJournal) {
+    std::string journal;
+    auto ctx = Fichier(&journal);
+    Acte a;
+    EXPECT_EQ(ParseDate("INT 1750 (about)", a, ctx), "1750");
+    EXPECT_EQ(a.Annee, 1750);
+    EXPECT_EQ(journal,
+              "ligne 12 : date tronqu\xE9"
+              "e : INT 1750 (about)  personne n\xB0"
+              "5\r\n");
+
+    journal.clear();
+    ctx.Ligne1 = "1 MARR";
+    EXPECT_EQ(ParseDate("12 MAR 1750 (env.)", a, ctx), "12/03/1750");
+    EXPECT_EQ(journal,
+              "ligne 12 : date tronqu\xE9"
+              "e : 12 MAR 1750 (env.) famille n\xB0"
+              "3\r\n");
+}
+
+TEST(ParseDate, DateNonReconnueSeulementDuFichier) {
+    std::string journal;
+    auto ctx = Fichier(&journal);
+    ctx.NumLigne = 7;
+    ctx.NumCourant = 4;
+    ctx.LigneCourante = "12/br/3";
+    Acte a;
+    EXPECT_EQ(ParseDate("12/br/3", a, ctx), "12/br/3");
+    EXPECT_EQ(journal,
+              "Erreur ligne 7 : date non reconnue :  personne n\xB0"
+              "4 BIRT 12/br/3\r\n");
+
+    journal.clear();
+    ctx.EvenementVisible = true;
+    ParseDate("12/br/3", a, ctx);
+    EXPECT_EQ(journal, "");
+
+    // formes du tableau des dates : jamais signalées
+    ctx.EvenementVisible = false;
+    for (const char* texte : {"03/1750", "1750-", "31/02/1750", "1750 \xE0 1760", "1750 and 1760", "950"}) {
+        ctx.LigneCourante = texte;
+        ParseDate(texte, a, ctx);
+        EXPECT_EQ(journal, "") << texte;
+    }
+}
+
+TEST(ParseDate, CaseDatesDecocheeGardeLAnnee) {
+    auto ctx = Fichier();
+    ctx.Dates = false;
+    const CasLecture cas[] = {
+        {"12 MAR 1750", "1750", "1750/00/00", 1750},
+        {"BEF 12 MAR 1750", "avant 1750", "1750/-0/00", 1750},
+        {"031750", "1750", "1750/00/00", 1750},
+    };
+    VerifierTable(std::begin(cas), std::end(cas), ctx);
+}
+
+struct CasRepublicain {
+    const char* texte;
+    const char* notesAvant;
+    const char* date;
+    const char* notes;
+};
+
+TEST(ParseDate, CalendrierRepublicain) {
+    const CasRepublicain cas[] = {
+        {"1/vend/2", "", "22/09/1793", "01/vend/2"},
+        {"12/br/3", "", "02/11/1794", "12/brum/3"},
+        {"12vend03", "", "03/10/1794", "12/vend/03"},
+        {"12br03", "", "02/11/1794", "12/brum/03"},
+        {"12 VEND AN 3", "", "03/10/1794", "12/vend/3"},
+        {"@#DFRENCH R@ 12 VEND 3", "", "03/10/1794", "12/vend/3"},
+        {"1/vend/2", "bapt\xEAme", "22/09/1793", "01/vend/2\r\nbapt\xEAme"},
+        {"1/vend/2", "acte 12/3", "22/09/1793", "acte 12/3"},
+        // sens inverse : la date grégorienne reçoit sa note républicaine
+        {"22/09/1793", "", "22/09/1793", "01/vend/02"},
+        {"22/09/1795", "", "22/09/1795", "06/comp/03"},
+        {"31/12/1805", "", "31/12/1805", "10/nivo/14"},
+        {"22/09/1793", "ancienne", "22/09/1793", "01/vend/02"},
+        {"22/09/1793", "acte 12/3", "22/09/1793", "acte 12/3"},
+        {"21/09/1793", "", "21/09/1793", ""},
+        {"22/09/1792", "", "22/09/1792", ""},
+        {"01/01/1806", "", "01/01/1806", ""},
+        // année grégorienne sur deux chiffres : lue comme républicaine, mois faux
+        {"12/jan/05", "", "31/01/1797", "12/j05"},
+    };
+    ContexteDate ctx;
+    ctx.ConvCalRep = true;
+    for (const auto& c : cas) {
+        SCOPED_TRACE(c.texte);
+        Acte a;
+        a.Notes = c.notesAvant;
+        EXPECT_EQ(ParseDate(c.texte, a, ctx), c.date);
+        EXPECT_EQ(a.Notes, c.notes);
+    }
+}
+
+TEST(ParseDate, SansConversionLeTexteRepublicainReste) {
+    Acte a;
+    EXPECT_EQ(ParseDate("12/vend/3", a, ContexteDate{}), "12/vend/3");
+    EXPECT_EQ(a.Notes, "");
+    EXPECT_EQ(ParseDate("22/09/1793", a, ContexteDate{}), "22/09/1793");
+    EXPECT_EQ(a.Notes, "");
+}
+
+TEST(ParseDate, EchecLaisseLEvenementIntact) {
+    std::string journal;
+    auto ctx = Fichier(&journal);
+    ctx.ConvCalRep = true;
+    ctx.LigneCourante = "@#DFRENCH R@ 45 VEND AN XX";
+    for (const char* texte :
+         {"@#DFRENCH R@ 45 VEND AN XX", "1750/3", "dfrench @#dfrench r@ 1750", "12/vend/00"}) {
+        SCOPED_TRACE(texte);
+        Acte a;
+        a.Date = "01/01/1700";
+        a.DateTri = "1700/01/01";
+        a.Annee = 1700;
+        a.Notes = "note";
+        const Acte avant = a;
+        EXPECT_EQ(ParseDate(texte, a, ctx), "01/01/1700");
+        EXPECT_EQ(a, avant);
+    }
+    EXPECT_EQ(journal.substr(0, 28), "Erreur ligne 12 : erreur 5 :");
+}
+
+TEST(ParseDate, LeTexteLuPeutEtreCeluiDeLEvenement) {
+    Acte a;
+    a.Date = "12 MAR 1750";
+    EXPECT_EQ(ParseDate(a.Date.vue(), a, ContexteDate{}), "12/03/1750");
+    a.Date = ParseDate(a.Date.vue(), a, ContexteDate{});
+    EXPECT_EQ(a.Date, "12/03/1750");
+}
+
+TEST(ParseDate, TextesDemesures) {
+    const std::string longs[] = {
+        std::string(100000, '1'),
+        std::string(100000, '/'),
+        std::string(100000, '('),
+        std::string(100000, 'a'),
+        std::string(99990, '9') + "/vend/03",
+        "12/" + std::string(99990, 'x') + "/03",
+        [] {
+            std::string s;
+            while (s.size() < 100000) s += "@#dfrench r@ ";
+            return s;
+        }(),
+        [] {
+            std::string s;
+            while (s.size() < 100000) s += "vers bet and to / ";
+            return s;
+        }(),
+        [] {
+            std::string s;
+            for (int i = 0; i < 100000; ++i) s += static_cast<char>(i * 7919 % 256);
+            return s;
+        }(),
+    };
+    std::string journal;
+    auto ctx = Fichier(&journal);
+    ctx.ConvCalRep = true;
+    for (const auto& s : longs) {
+        ctx.LigneCourante = s;
+        Acte a;
+        ParseDate(s, a, ctx);
+        EXPECT_TRUE(a.DateTri.empty() || a.DateTri.size() == 10u);
+    }
+}
+
+}  // namespace
+}  // namespace arbolix

@@ -1,0 +1,63 @@
+#include "dates/reconnaissance.h"
+
+#include <array>
+
+#include "dates/texte_date.h"
+
+namespace arbolix {
+
+namespace {
+
+constexpr int kPivotFenetre = 30;  // 30 -> 1930, 29 -> 2029
+
+// Découpe en au plus 3 morceaux de chiffres ; faux pour tout autre caractère.
+bool Decouper(std::string_view s, std::array<std::string_view, 3>& morceaux, int& n) {
+    n = 0;
+    std::size_t debut = 0;
+    for (std::size_t i = 0; i <= s.size(); ++i) {
+        if (i < s.size() && texte_date::EstChiffre(s[i])) continue;
+        if (i < s.size() && s[i] != '/') return false;
+        if (n == 3) return false;
+        morceaux[n++] = s.substr(debut, i - debut);
+        debut = i + 1;
+    }
+    return true;
+}
+
+int Nombre(std::string_view chiffres) {
+    return static_cast<int>(texte_date::Val(chiffres));
+}
+
+std::optional<int> Annee(std::string_view chiffres, bool courteAdmise) {
+    if (chiffres.size() >= 3) {
+        const int a = Nombre(chiffres);
+        if (a < kAnneeMin || a > kAnneeMax) return std::nullopt;
+        return a;
+    }
+    if (!courteAdmise) return std::nullopt;
+    const int a = Nombre(chiffres);
+    return a < kPivotFenetre ? 2000 + a : 1900 + a;
+}
+
+}  // namespace
+
+std::optional<DateCalendrier> LireDate(std::string_view s) {
+    // Au-delà de "dd/mm/yyyy" aucune forme n'est possible : inutile de lire plus loin.
+    if (s.empty() || s.size() > 10) return std::nullopt;
+    std::array<std::string_view, 3> m;
+    int n = 0;
+    if (!Decouper(s, m, n) || n < 2) return std::nullopt;
+    for (int i = 0; i < n; ++i)
+        if (m[i].empty() || (i < n - 1 && m[i].size() > 2) || m[i].size() > 4) return std::nullopt;
+
+    DateCalendrier d;
+    const auto annee = Annee(m[n - 1], n == 3);
+    if (!annee) return std::nullopt;
+    d.annee = *annee;
+    d.mois = Nombre(m[n - 2]);
+    d.jour = n == 3 ? Nombre(m[0]) : 1;
+    if (d.mois < 1 || d.mois > 12 || d.jour < 1 || d.jour > JoursDuMois(d.mois, d.annee)) return std::nullopt;
+    return d;
+}
+
+}  // namespace arbolix
