@@ -1,13 +1,11 @@
 #include "dates/age.h"
 
 #include "dates/reconnaissance.h"
-#include "dates/texte_date.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 
 namespace {
-
-using namespace texte_date;
 
 // Deux chiffres, "/", deux chiffres, "/", quatre chiffres.
 bool FormeDateComplete(std::string_view s) {
@@ -21,14 +19,14 @@ bool FormeDateComplete(std::string_view s) {
 
 // Mois et jour lus comme le nombre MMJJ.
 std::int64_t MoisJour(std::string_view s) {
-    return Val(std::string(s.substr(3, 2)) + std::string(s.substr(0, 2)));
+    return ValeurNumerique(std::string(s.substr(3, 2)) + std::string(s.substr(0, 2)));
 }
 
 }  // namespace
 
 std::string AgeA(const Acte& naissance, std::string_view d, bool evenementVisible, bool toutes,
                  std::string_view ageMaxiDeces) {
-    const auto y = static_cast<std::int16_t>(Val(Droite(d, 4)));
+    const auto y = static_cast<std::int16_t>(ValeurNumerique(Droite(d, 4)));
     if (y <= 0 || naissance.Annee <= 0 || !(evenementVisible || !toutes)) return {};
 
     const auto date = LireDate(d);
@@ -36,7 +34,7 @@ std::string AgeA(const Acte& naissance, std::string_view d, bool evenementVisibl
     if (date && ne) return std::to_string(date->annee - ne->annee);
 
     std::int64_t a = y - naissance.Annee;
-    if (a > Val(ageMaxiDeces)) return {};
+    if (a > ValeurNumerique(ageMaxiDeces)) return {};
     if (FormeDateComplete(d) && FormeDateComplete(naissance.Date.vue()) &&
         MoisJour(naissance.Date.vue()) > MoisJour(d))
         --a;

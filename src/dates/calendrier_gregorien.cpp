@@ -1,6 +1,6 @@
 #include "dates/calendrier_gregorien.h"
 
-#include "dates/texte_date.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 
@@ -51,7 +51,7 @@ std::optional<DateCalendrier> DateDuNumero(std::int64_t numero) {
 }
 
 std::string FormatDateCourte(const DateCalendrier& d) {
-    using texte_date::Zeros;
+    
     return Zeros(d.jour, 2) + "/" + Zeros(d.mois, 2) + "/" + Zeros(d.annee, 4);
 }
 

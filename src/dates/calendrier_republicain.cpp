@@ -1,12 +1,10 @@
 #include "dates/calendrier_republicain.h"
 
-#include "dates/texte_date.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 
 namespace {
-
-using namespace texte_date;
 
 // Jour, mois et année séparés par "/", le mois sur deux caractères : "#*/??/#*".
 bool MoisSurDeuxLettres(std::string_view t) {
@@ -26,7 +24,7 @@ int IndexMois(std::string_view mot) {
 }  // namespace
 
 std::optional<LectureRepublicaine> LireDateRepublicaine(std::string_view texte, bool avecNote) {
-    std::string t = RemplacerTout(texte, "an/", "");
+    std::string t = Remplacer(texte, "an/", "");
     // a : après la première barre dès le 2e caractère ; b : première barre dès le
     // 5e caractère, le texte prolongé de 4 blancs et d'une barre (positions à partir de 1).
     const std::size_t barreA = t.size() > 1 ? t.find('/', 1) : std::string::npos;
@@ -42,7 +40,7 @@ std::optional<LectureRepublicaine> LireDateRepublicaine(std::string_view texte, 
     LectureRepublicaine r;
     if (avecNote && MoisSurDeuxLettres(t)) {
         if (m + 1 > 13) return std::nullopt;
-        t = RemplacerTout(t, mot, MoisRepublicains[m + 1]);
+        t = Remplacer(t, mot, MoisRepublicains[m + 1]);
     }
     r.note = t;
 
@@ -50,9 +48,9 @@ std::optional<LectureRepublicaine> LireDateRepublicaine(std::string_view texte, 
     // "1/vend/2" est l'an II.
     std::string_view fin = Droite(t, 2);
     if (const auto barre = fin.find('/'); barre != std::string_view::npos) fin.remove_prefix(barre + 1);
-    const std::int64_t an = Val(fin);
+    const std::int64_t an = ValeurNumerique(fin);
     if (an < 1 || an > 14) return std::nullopt;
-    const std::int64_t numero = DebutAnRepublicain[an] + 30LL * m + Val(Gauche(t, 2)) - 1;
+    const std::int64_t numero = DebutAnRepublicain[an] + 30LL * m + ValeurNumerique(Gauche(t, 2)) - 1;
     if (numero < INT32_MIN || numero > INT32_MAX) return std::nullopt;
     r.numeroJour = static_cast<std::int32_t>(numero);
     return r;

@@ -1,7 +1,7 @@
 #include "dates/cle_date.h"
 
 #include "dates/reconnaissance.h"
-#include "dates/texte_date.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 
@@ -22,11 +22,10 @@ constexpr MarqueCle kMarques[] = {
 }  // namespace
 
 std::string CleDate(std::string_view s) {
-    using namespace texte_date;
     if (const auto d = LireDate(s))
         return Zeros(d->annee, 4) + "/" + Zeros(d->mois, 2) + "/" + Zeros(d->jour, 2);
     if (s.empty()) return "0000/00/00";
-    const std::string annee = Zeros(Val(Droite(s, 4)), 4);
+    const std::string annee = Zeros(ValeurNumerique(Droite(s, 4)), 4);
     for (const auto& m : kMarques)
         if (Gauche(s, 3) == m.debut) return annee + std::string(m.suite);
     return annee + "/00/00";

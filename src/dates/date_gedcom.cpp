@@ -1,13 +1,11 @@
 #include "dates/date_gedcom.h"
 
 #include "dates/reconnaissance.h"
-#include "dates/texte_date.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 
 namespace {
-
-using namespace texte_date;
 
 // Une date réelle n'a que quelques préfixes emboîtés ; au-delà le texte sort tel quel,
 // ce qui borne la pile pour un texte sans fin fait de "vers vers vers ...".
@@ -44,7 +42,7 @@ constexpr Prefixe kPrefixes[] = {
 };
 
 std::string Traduire(std::string_view d, int profondeur) {
-    const std::string s = RemplacerTout(d, "00/", "");
+    const std::string s = Remplacer(d, "00/", "");
     if (s.size() >= 8) {
         if (const auto date = LireDate(s))
             return Zeros(date->jour, 2) + " " + std::string(MoisGedcom[date->mois]) + " " +
@@ -53,7 +51,7 @@ std::string Traduire(std::string_view d, int profondeur) {
     if (s.size() == 7) {
         // "vers 17" n'a pas de barre : tout le texte suit le blanc.
         const std::size_t barre = s.find('/');
-        return std::string(MoisOuVide(Val(Gauche(s, 2)))) + " " +
+        return std::string(MoisOuVide(ValeurNumerique(Gauche(s, 2)))) + " " +
                std::string(barre == std::string::npos ? std::string_view(s) : Mid(s, barre + 2));
     }
     if (!s.empty() && EstChiffre(s[0])) return s;
@@ -67,8 +65,8 @@ std::string Traduire(std::string_view d, int profondeur) {
 }  // namespace
 
 std::string DateGedcom(std::string_view d, bool dates) {
-    if (!dates) return MajusculesAnsi(Droite(RemplacerTout(d, "00/", ""), 4));
-    return MajusculesAnsi(Traduire(d, 0));
+    if (!dates) return EnMajuscules(Droite(Remplacer(d, "00/", ""), 4));
+    return EnMajuscules(Traduire(d, 0));
 }
 
 }  // namespace arbolix

@@ -8,13 +8,11 @@
 #include "dates/cle_date.h"
 #include "dates/date_gedcom.h"
 #include "dates/reconnaissance.h"
-#include "dates/texte_date.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 
 namespace {
-
-using namespace texte_date;
 
 constexpr std::string_view kApres = "apr\xE8s ";
 
@@ -109,7 +107,7 @@ void DecouperSansSeparateur(Lecture& l) {
         if (t.back() == '/') t = std::string(kApres) + t.substr(0, t.size() - 1);
         return;
     }
-    if (Val(Gauche(t, 1)) > 3) t.insert(0, "0");
+    if (ValeurNumerique(Gauche(t, 1)) > 3) t.insert(0, "0");
     if (t.find('/') != std::string::npos) return;
     if (EstNumerique(t)) {
         t = t.substr(0, 2) + "/" + (t.size() > 6 ? t.substr(2, 2) + "/" : "") + std::string(Droite(t, 4));
@@ -121,7 +119,7 @@ void DecouperSansSeparateur(Lecture& l) {
 
 bool LireRepublicaine(Lecture& l, const ContexteDate& ctx) {
     const auto barre = l.t.rfind('/');
-    if (!ctx.ConvCalRep || barre == std::string::npos || barre + 3 < l.t.size() || Val(Droite(l.t, 2)) > 14)
+    if (!ctx.ConvCalRep || barre == std::string::npos || barre + 3 < l.t.size() || ValeurNumerique(Droite(l.t, 2)) > 14)
         return true;
     const bool avecNote = l.notes.find('/') == std::string::npos;
     const auto lue = LireDateRepublicaine(l.t, avecNote);
@@ -137,9 +135,9 @@ bool LireRepublicaine(Lecture& l, const ContexteDate& ctx) {
 void RemplacerMois(Lecture& l) {
     const std::size_t debut = l.t.starts_with(kApres) ? kApres.size() : 0;
     std::string reste = l.t.substr(debut);
-    for (int i = 1; i <= 12; ++i) reste = RemplacerTout(reste, MoisGedcom[i], Zeros(i, 2));
+    for (int i = 1; i <= 12; ++i) reste = Remplacer(reste, MoisGedcom[i], Zeros(i, 2));
     l.t = l.t.substr(0, debut) + reste;
-    for (const auto& r : kIntervalles) l.t = RemplacerTout(l.t, r[0], r[1]);
+    for (const auto& r : kIntervalles) l.t = Remplacer(l.t, r[0], r[1]);
 }
 
 // Formes reconnues du tableau des dates : jamais signalées.
@@ -169,7 +167,7 @@ bool Verifier(Lecture& l, const ContexteDate& ctx) {
 
 bool Lire(Lecture& l, const ContexteDate& ctx) {
     CouperTronquee(l, ctx);
-    l.t = MinusculesAnsi(l.t);
+    l.t = EnMinuscules(l.t);
     if (!RetirerEchappementFrancais(l)) return false;
     LirePrefixe(l);
     Separer(l);
@@ -198,7 +196,7 @@ const Texte& ParseDate(std::string_view texte, Acte& a, const ContexteDate& ctx)
     } catch (const std::exception&) {
         return a.Date;
     }
-    a.Annee = static_cast<std::int16_t>(Val(RemplacerTout(Droite(l.t, 4), "/", "")));
+    a.Annee = static_cast<std::int16_t>(ValeurNumerique(Remplacer(Droite(l.t, 4), "/", "")));
     a.Date = l.prefixe + l.t;
     a.DateTri = CleDate(a.Date.vue());
     a.Notes = l.notes;

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "dates/texte_date.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 
@@ -15,7 +15,7 @@ bool Decouper(std::string_view s, std::array<std::string_view, 3>& morceaux, int
     n = 0;
     std::size_t debut = 0;
     for (std::size_t i = 0; i <= s.size(); ++i) {
-        if (i < s.size() && texte_date::EstChiffre(s[i])) continue;
+        if (i < s.size() && EstChiffre(s[i])) continue;
         if (i < s.size() && s[i] != '/') return false;
         if (n == 3) return false;
         morceaux[n++] = s.substr(debut, i - debut);
@@ -25,7 +25,7 @@ bool Decouper(std::string_view s, std::array<std::string_view, 3>& morceaux, int
 }
 
 int Nombre(std::string_view chiffres) {
-    return static_cast<int>(texte_date::Val(chiffres));
+    return static_cast<int>(ValeurNumerique(chiffres));
 }
 
 std::optional<int> Annee(std::string_view chiffres, bool courteAdmise) {

@@ -4,17 +4,15 @@
 
 #include "dates/calendrier_gregorien.h"
 #include "dates/reconnaissance.h"
-#include "dates/texte_date.h"
+#include "store/chaines.h"
 
 namespace arbolix {
-
-using namespace texte_date;
 
 bool DateSaisieComplete(std::string_view texte) {
     static constexpr std::string_view kRetires[] = {" ", "+",    "-",     "*",       "/",
                                                     ".", "vers", "avant", "apr\xE8s"};
     std::string reste(texte);
-    for (auto r : kRetires) reste = RemplacerTout(reste, r, "");
+    for (auto r : kRetires) reste = Remplacer(reste, r, "");
     return reste.size() == 8 && EstChiffre(reste[0]);
 }
 
@@ -26,17 +24,17 @@ std::string JourDeLaSemaineEnLettres(std::string_view date) {
 }
 
 bool AnneeRevolutionnaire(std::string_view date) {
-    const auto annee = Val(Droite(date, 4));
+    const auto annee = ValeurNumerique(Droite(date, 4));
     return annee >= 1793 && annee <= 1805;
 }
 
 std::string DateDeLAge(std::int16_t anneeNaissance, std::string_view age) {
     if (anneeNaissance <= 0 || age.empty()) return {};
-    return std::to_string(anneeNaissance + Val(age));
+    return std::to_string(anneeNaissance + ValeurNumerique(age));
 }
 
 std::int16_t AnneeSaisie(std::string_view date) {
-    return static_cast<std::int16_t>(Val(Droite(date, 4)));
+    return static_cast<std::int16_t>(ValeurNumerique(Droite(date, 4)));
 }
 
 }  // namespace arbolix

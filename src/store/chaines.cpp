@@ -1,24 +1,22 @@
 #include "store/chaines.h"
 
+#include <cstdio>
 #include <cstring>
 #include <limits>
 
 namespace arbolix {
 
 std::int64_t ValeurNumerique(std::string_view s) {
-    std::size_t i = 0;
-    while (i < s.size() && s[i] == ' ') ++i;
-    bool negatif = false;
-    if (i < s.size() && (s[i] == '-' || s[i] == '+')) {
-        negatif = s[i] == '-';
-        ++i;
-    }
+    // Comme la lecture numérique des anciens programmes : blancs, tabulations
+    // et sauts de ligne ne comptent pas, même entre les chiffres.
     constexpr std::int64_t kPlafond = std::numeric_limits<std::int64_t>::max() / 10 - 10;
     std::int64_t n = 0;
-    for (; i < s.size() && EstChiffre(s[i]); ++i) {
-        if (n < kPlafond) n = n * 10 + (s[i] - '0');
+    for (char c : s) {
+        if (c == ' ' || c == '\t' || c == '\n' || c == '\r') continue;
+        if (!EstChiffre(c)) break;
+        if (n < kPlafond) n = n * 10 + (c - '0');
     }
-    return negatif ? -n : n;
+    return n;
 }
 
 std::string_view SansBlancsGauche(std::string_view s) {
@@ -135,12 +133,16 @@ std::string EnMajuscules(std::string_view s) {
 bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
 
 bool EstNumerique(std::string_view s) {
-    s = SansBlancs(s);
-    if (!s.empty() && (s[0] == '-' || s[0] == '+')) s.remove_prefix(1);
     if (s.empty()) return false;
     for (char c : s)
         if (!EstChiffre(c)) return false;
     return true;
+}
+
+std::string Zeros(std::int64_t n, int chiffres) {
+    char tampon[32];
+    std::snprintf(tampon, sizeof tampon, "%0*lld", chiffres, static_cast<long long>(n));
+    return tampon;
 }
 
 std::string SansDoublesBlancs(std::string_view s) {

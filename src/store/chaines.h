@@ -7,8 +7,9 @@
 
 namespace arbolix {
 
-// Valeur numérique d'un texte : blancs de tête sautés, chiffres jusqu'au premier
-// autre caractère, 0 s'il n'y en a pas. Sature au lieu de déborder.
+// Valeur numérique d'un texte : blancs, tabulations et sauts de ligne de tête
+// sautés, chiffres jusqu'au premier autre caractère, 0 s'il n'y en a pas.
+// Pas de signe. Plafonnée pour qu'un texte sans fin ne déborde pas.
 std::int64_t ValeurNumerique(std::string_view s);
 
 // Retire les blancs (espaces seulement) des deux côtés, ou de la gauche, ou de la droite.
@@ -38,7 +39,10 @@ std::string EnMinuscules(std::string_view s);
 std::string EnMajuscules(std::string_view s);
 
 bool EstChiffre(char c);
-bool EstNumerique(std::string_view s);  // un nombre entier, blancs autour permis
+bool EstNumerique(std::string_view s);  // non vide et fait uniquement de chiffres
+
+// Le nombre sur au moins `chiffres` chiffres, complété de zéros.
+std::string Zeros(std::int64_t n, int chiffres);
 
 // Réduit les doubles blancs à un seul.
 std::string SansDoublesBlancs(std::string_view s);

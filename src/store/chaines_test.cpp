@@ -1,0 +1,55 @@
+#include "store/chaines.h"
+
+#include <gtest/gtest.h>
+
+namespace arbolix {
+namespace {
+
+TEST(Chaines, ValeurNumerique) {
+    const std::pair<const char*, std::int64_t> cas[] = {
+        {"1750", 1750}, {" 17 50x", 1750}, {"s 17", 0}, {"50 ?", 50}, {"3/50", 3}, {"", 0}, {"-5", 0},
+        {"12@ INDI", 12}, {"\t7\n", 7},
+    };
+    for (const auto& [texte, valeur] : cas) EXPECT_EQ(ValeurNumerique(texte), valeur) << texte;
+    EXPECT_GT(ValeurNumerique(std::string(1000, '9')), 0);  // plafonnée, sans débordement
+}
+
+TEST(Chaines, CasseEnCodePage1252) {
+    EXPECT_EQ(EnMinuscules("APR\xC8S \xC0 \x8C\x9F\xD7"), "apr\xE8s \xE0 \x9C\xFF\xD7");
+    EXPECT_EQ(EnMajuscules("apr\xE8s \xE0 \x9C\xFF\xF7\xDF"), "APR\xC8S \xC0 \x8C\x9F\xF7\xDF");
+}
+
+TEST(Chaines, RemplacementsSansRelecture) {
+    EXPECT_EQ(Remplacer("00/00/1750", "00/", ""), "1750");
+    EXPECT_EQ(Remplacer("aaa", "a", "aa"), "aaaaaa");
+    EXPECT_EQ(Remplacer("abc", "", "x"), "abc");
+    std::string s = "xx ab ab ab";
+    EXPECT_EQ(RemplacerTout(s, "ab", "c", 4), 2u);  // le début n'est pas touché
+    EXPECT_EQ(s, "xx ab c c");
+}
+
+TEST(Chaines, Motifs) {
+    EXPECT_TRUE(Comme("Jean/Dupont/x/", "?*/?*/?*/"));
+    EXPECT_FALSE(Comme("Jean/Dupont/", "?*/?*/?*/"));
+    EXPECT_TRUE(Comme("@N12@", "@*@"));
+    EXPECT_TRUE(Comme("les r\xE9sidences", "*r?side*"));
+    EXPECT_TRUE(Comme("12/1750", "##/####"));
+    EXPECT_FALSE(Comme("1a/1750", "##/####"));
+    EXPECT_TRUE(Comme("", "*"));
+    EXPECT_FALSE(Comme(std::string(100000, 'a'), "*b*"));  // sans explosion sur un long texte
+}
+
+TEST(Chaines, BlancsEtMorceaux) {
+    EXPECT_EQ(SansBlancs("  a b  "), "a b");
+    EXPECT_EQ(SansBlancs("   "), "");
+    EXPECT_EQ(Droite("abc", 5), "abc");
+    EXPECT_EQ(Depuis("0 @I5@ INDI", 4), "I5@ INDI");
+    EXPECT_EQ(Depuis("abc", 9), "");
+    EXPECT_EQ(SansDoublesBlancs("a  b   c"), "a b c");
+    EXPECT_EQ(Zeros(7, 4), "0007");
+    EXPECT_TRUE(EstNumerique("0123"));
+    EXPECT_FALSE(EstNumerique(" 12"));
+}
+
+}  // namespace
+}  // namespace arbolix
