@@ -1,0 +1,309 @@
+#include "app/aides_texte.h"
+
+#include <array>
+#include <cstring>
+
+namespace arbolix {
+namespace {
+
+unsigned char Octet(char c) {
+    return static_cast<unsigned char>(c);
+}
+
+// Repli des accents : bornes de codes et lettre donnée ; 0 garde le caractère.
+struct RegleAccent {
+    unsigned char de, a;
+    char donne;
+};
+constexpr std::array<RegleAccent, 32> kReglesAccents{{
+    {65, 90, 0},     {97, 122, 0},    {200, 203, 'E'}, {192, 198, 'A'}, {204, 207, 'I'}, {140, 140, 'O'},
+    {210, 216, 'O'}, {217, 220, 'U'}, {199, 199, 'C'}, {208, 208, 'D'}, {209, 209, 'N'}, {138, 138, 'S'},
+    {159, 159, 'Y'}, {221, 221, 'Y'}, {232, 235, 'e'}, {224, 230, 'a'}, {236, 239, 'i'}, {156, 156, 'o'},
+    {242, 246, 'o'}, {249, 252, 'u'}, {231, 231, 'c'}, {240, 240, 'd'}, {241, 241, 'n'}, {154, 154, 's'},
+    {253, 253, 'y'}, {255, 255, 'y'}, {35, 35, 0},     {42, 42, 0},     {45, 46, 0},     {48, 57, 0},
+    {95, 95, 0},     {0, 0, '_'},
+}};
+
+char Replier(char c) {
+    const unsigned char u = Octet(c);
+    for (const auto& r : kReglesAccents) {
+        if (r.de == 0 && r.a == 0) break;
+        if (u >= r.de && u <= r.a) return r.donne ? r.donne : c;
+    }
+    return '_';
+}
+
+bool LettreAscii(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+// Chiffres du code phonétique, dans l'ordre de la règle.
+struct ChiffreSon {
+    const char* lettres;
+    char chiffre;
+};
+constexpr std::array<ChiffreSon, 7> kChiffresSon{{
+    {"BFPVW", '1'},
+    {"CGJKQSXZ\xC7\xDF", '2'},
+    {"DT\xD0", '3'},
+    {"L", '4'},
+    {"MN\xD1", '5'},
+    {"R", '6'},
+    {"*", '*'},
+}};
+
+char Chiffre(char c) {
+    if (c == '\0') return 0;
+    for (const auto& r : kChiffresSon)
+        if (std::strchr(r.lettres, c)) return r.chiffre;
+    return 0;
+}
+
+// Séparateurs de mots du titre à la manière de l'ancienne boîte à outils, plus
+// les signes derrière lesquels la règle glisse un blanc.
+bool FinDeMot(char c) {
+    return std::strchr(" \t\r\n\v\f,;./-(*", c) != nullptr || c == '\0';
+}
+
+std::string TitreMots(std::string_view texte) {
+    std::string r(texte);
+    bool debut = true;
+    for (char& c : r) {
+        c = debut ? MajusculeAnsi(c) : MinusculeAnsi(c);
+        debut = FinDeMot(c);
+    }
+    return r;
+}
+
+bool CommencePar(std::string_view s, std::string_view debut) {
+    if (s.size() < debut.size()) return false;
+    return MinusculesAnsi(s.substr(0, debut.size())) == MinusculesAnsi(debut);
+}
+
+// Prénoms d'hommes finissant par "e" et de femmes n'y finissant pas, par leurs 4 premières lettres.
+constexpr std::array<const char*, 15> kPrefixesMasculins{"Adol",    "Alex", "Aloi", "Aloy", "Alph",
+                                                         "Anto",    "Augu", "Clau", "Domi", "Etie",
+                                                         "Eug\xE8", "Igna", "Isid", "Pier", "Th\xE9o"};
+constexpr std::array<const char*, 3> kPrefixesFeminins{"Agn\xE8", "Elis", "Rosa"};
+
+int Valeur(std::string_view s) {
+    int v = 0;
+    for (char c : s) {
+        if (c < '0' || c > '9' || v > 100000000) break;
+        v = v * 10 + (c - '0');
+    }
+    return v;
+}
+
+bool Chiffres(std::string_view s) {
+    if (s.empty()) return false;
+    for (char c : s)
+        if (c < '0' || c > '9') return false;
+    return true;
+}
+
+void Remplacer(std::string& s, std::string_view quoi, std::string_view par) {
+    for (std::size_t p = s.find(quoi); p != std::string::npos; p = s.find(quoi, p + par.size()))
+        s.replace(p, quoi.size(), par);
+}
+
+}  // namespace
+
+char MajusculeAnsi(char c) {
+    const unsigned char u = Octet(c);
+    if (u >= 'a' && u <= 'z') return static_cast<char>(u - 32);
+    if (u >= 224 && u <= 254 && u != 247) return static_cast<char>(u - 32);
+    switch (u) {
+        case 154:
+            return static_cast<char>(138);  // š
+        case 156:
+            return static_cast<char>(140);  // œ
+        case 158:
+            return static_cast<char>(142);  // ž
+        case 255:
+            return static_cast<char>(159);  // ÿ
+        default:
+            return c;
+    }
+}
+
+char MinusculeAnsi(char c) {
+    const unsigned char u = Octet(c);
+    if (u >= 'A' && u <= 'Z') return static_cast<char>(u + 32);
+    if (u >= 192 && u <= 222 && u != 215) return static_cast<char>(u + 32);
+    switch (u) {
+        case 138:
+            return static_cast<char>(154);
+        case 140:
+            return static_cast<char>(156);
+        case 142:
+            return static_cast<char>(158);
+        case 159:
+            return static_cast<char>(255);
+        default:
+            return c;
+    }
+}
+
+std::string MajusculesAnsi(std::string_view texte) {
+    std::string r(texte);
+    for (char& c : r) c = MajusculeAnsi(c);
+    return r;
+}
+
+std::string MinusculesAnsi(std::string_view texte) {
+    std::string r(texte);
+    for (char& c : r) c = MinusculeAnsi(c);
+    return r;
+}
+
+std::string SansAccents(std::string_view texte, bool garderLongueur) {
+    std::string t;
+    t.reserve(texte.size() + 4);
+    for (char c : texte) {
+        const unsigned char u = Octet(c);
+        if (u == 198)
+            t += "AE";
+        else if (u == 140)
+            t += "OE";
+        else if (u == 230 && !garderLongueur)
+            t += "ae";
+        else if (u == 156 && !garderLongueur)
+            t += "oe";
+        else
+            t += c;
+    }
+    for (char& c : t) {
+        if (LettreAscii(c)) {
+            if (garderLongueur) break;
+            continue;
+        }
+        c = Replier(c);
+    }
+    return t;
+}
+
+std::string CodeSon(std::string_view nom) {
+    const std::string n = nom.empty() ? std::string("N") : MajusculesAnsi(nom);
+    std::string code(1, n[0]);
+    for (std::size_t i = 1; i < n.size() && code.size() < 4; ++i) {
+        const char d = Chiffre(n[i]);
+        if (d != 0 && d != code.back()) code += d;
+    }
+    if (code.find('*') == std::string::npos && code.size() < 4) code.resize(4, '0');
+    return code;
+}
+
+std::string NomTri(std::string_view nom) {
+    const std::string n = MajusculesAnsi(nom.empty() ? std::string_view("N") : nom);
+    // Positions comptées à partir de 1, 0 quand absent, additionnées comme dans la règle.
+    const auto pos = [&](char c) {
+        const auto p = n.find(c);
+        return p == std::string::npos ? 0 : p + 1;
+    };
+    const std::size_t p = pos('\'') + pos(' ');
+    return SansAccents(p >= 1 && p <= 4 ? std::string_view(n).substr(p) : std::string_view(n), false);
+}
+
+std::string Majuscules(std::string_view texte, int mode, bool modifCasse) {
+    if (!modifCasse) return std::string(texte);
+    switch (mode) {
+        case 0:
+        case 5:
+            return MajusculesAnsi(texte);
+        case 1:
+        case 3:
+            return TitreMots(texte);
+        case 7: {
+            if (CommencePar(texte, "mailto:")) texte.remove_prefix(7);
+            return MinusculesAnsi(texte);
+        }
+        default:
+            return std::string(texte);
+    }
+}
+
+char MajusculesTouche(std::string_view texte, int mode, char touche, bool modifCasse) {
+    if (!modifCasse || touche == '\0') return touche;
+    switch (mode) {
+        case 0:
+        case 5:
+            return MajusculeAnsi(touche);
+        case 1:
+        case 3: {
+            // Début de mot : début du texte, blanc, ponctuation ou chiffre.
+            const bool debut = texte.empty() || Octet(texte.back()) < 'A';
+            return debut ? MajusculeAnsi(touche) : MinusculeAnsi(touche);
+        }
+        case 7:
+            return MinusculeAnsi(touche);
+        default:
+            return touche;
+    }
+}
+
+std::string SexeDuPrenom(std::string_view prenoms) {
+    if (prenoms.empty()) return {};
+    for (const char* p : kPrefixesMasculins)
+        if (CommencePar(prenoms, p)) return "M";
+    for (const char* p : kPrefixesFeminins)
+        if (CommencePar(prenoms, p)) return "F";
+    const std::string_view mot = prenoms.substr(0, prenoms.find(' '));
+    return (!mot.empty() && MinusculeAnsi(mot.back()) == 'e') ? "F" : "M";
+}
+
+bool EstDateComplete(std::string_view date) {
+    const auto b1 = date.find('/');
+    const auto b2 = date.find('/', b1 == std::string_view::npos ? b1 : b1 + 1);
+    if (b1 == std::string_view::npos || b2 == std::string_view::npos) return false;
+    const auto j = date.substr(0, b1), m = date.substr(b1 + 1, b2 - b1 - 1), a = date.substr(b2 + 1);
+    if (j.size() < 1 || j.size() > 2 || m.size() < 1 || m.size() > 2 || a.size() != 4) return false;
+    if (!Chiffres(j) || !Chiffres(m) || !Chiffres(a)) return false;
+    const int jour = Valeur(j), mois = Valeur(m), annee = Valeur(a);
+    if (mois < 1 || mois > 12 || jour < 1) return false;
+    constexpr std::array<int, 12> kJours{31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    const bool bissextile = (annee % 4 == 0 && annee % 100 != 0) || annee % 400 == 0;
+    return jour <= kJours[mois - 1] && !(mois == 2 && jour == 29 && !bissextile);
+}
+
+std::string DateOuAnnee(std::string_view date, int format, bool masquer, const ContexteDates& ctx) {
+    if (date.empty()) return {};
+    std::string an(date.substr(date.size() < 4 ? 0 : date.size() - 4));
+    Remplacer(an, "/", "");
+    an.erase(0, an.find_first_not_of(' '));
+    std::string r(date);
+    // Une date sans année lisible reste entière même avec les années seules.
+    if (ctx.exports.OptionDatesAnnees && Chiffres(an)) {
+        const bool chiffre = date.front() >= '0' && date.front() <= '9';
+        r = chiffre ? an : std::string(date.substr(0, date.find(' '))) + " " + an;
+    }
+    if (masquer) {
+        const int seuil = Valeur(ctx.exports.AnneesConfidentielles[format == 1 ? 1 : 0]);
+        if (Valeur(an) >= ctx.anneeCourante - seuil) return {};
+    }
+    return r;
+}
+
+std::string PhraseDateLieu(const Acte& acte, bool prefixe, int etendue, const ContexteDates& ctx) {
+    std::string r;
+    if (prefixe && !acte.Date.empty())
+        r = (EstDateComplete(acte.Date.vue()) ? " le " : " en ") +
+            DateOuAnnee(acte.Date.vue(), 0, false, ctx);
+    if (!acte.Lieu.empty()) r += (etendue == -1 ? " \xE0 " : " ") + acte.Lieu.str();
+    return r;
+}
+
+std::string EchapperSQL(std::string_view texte) {
+    // Dans l'ordre de la règle ; la troisième ligne reprend une barre doublée éventuelle.
+    static constexpr std::array<std::array<std::string_view, 2>, 4> kRemplacements{{
+        {"\\", "/"},
+        {"'", "\\'"},
+        {"\\\\'", "\\'"},
+        {"\"", "\\\""},
+    }};
+    std::string r(texte);
+    for (const auto& [quoi, par] : kRemplacements) Remplacer(r, quoi, par);
+    return r;
+}
+
+}  // namespace arbolix
