@@ -1,5 +1,8 @@
 #include "app/aides_texte.h"
 
+#include "dates/reconnaissance.h"
+#include "store/chaines.h"
+
 #include <array>
 #include <cstring>
 
@@ -69,7 +72,7 @@ std::string TitreMots(std::string_view texte) {
     std::string r(texte);
     bool debut = true;
     for (char& c : r) {
-        c = debut ? MajusculeAnsi(c) : MinusculeAnsi(c);
+        c = debut ? Majuscule1252(c) : Minuscule1252(c);
         debut = FinDeMot(c);
     }
     return r;
@@ -77,7 +80,7 @@ std::string TitreMots(std::string_view texte) {
 
 bool CommencePar(std::string_view s, std::string_view debut) {
     if (s.size() < debut.size()) return false;
-    return MinusculesAnsi(s.substr(0, debut.size())) == MinusculesAnsi(debut);
+    return EnMinuscules(s.substr(0, debut.size())) == EnMinuscules(debut);
 }
 
 // Prénoms d'hommes finissant par "e" et de femmes n'y finissant pas, par leurs 4 premières lettres.
@@ -109,53 +112,9 @@ void Remplacer(std::string& s, std::string_view quoi, std::string_view par) {
 
 }  // namespace
 
-char MajusculeAnsi(char c) {
-    const unsigned char u = Octet(c);
-    if (u >= 'a' && u <= 'z') return static_cast<char>(u - 32);
-    if (u >= 224 && u <= 254 && u != 247) return static_cast<char>(u - 32);
-    switch (u) {
-        case 154:
-            return static_cast<char>(138);  // š
-        case 156:
-            return static_cast<char>(140);  // œ
-        case 158:
-            return static_cast<char>(142);  // ž
-        case 255:
-            return static_cast<char>(159);  // ÿ
-        default:
-            return c;
-    }
-}
 
-char MinusculeAnsi(char c) {
-    const unsigned char u = Octet(c);
-    if (u >= 'A' && u <= 'Z') return static_cast<char>(u + 32);
-    if (u >= 192 && u <= 222 && u != 215) return static_cast<char>(u + 32);
-    switch (u) {
-        case 138:
-            return static_cast<char>(154);
-        case 140:
-            return static_cast<char>(156);
-        case 142:
-            return static_cast<char>(158);
-        case 159:
-            return static_cast<char>(255);
-        default:
-            return c;
-    }
-}
 
-std::string MajusculesAnsi(std::string_view texte) {
-    std::string r(texte);
-    for (char& c : r) c = MajusculeAnsi(c);
-    return r;
-}
 
-std::string MinusculesAnsi(std::string_view texte) {
-    std::string r(texte);
-    for (char& c : r) c = MinusculeAnsi(c);
-    return r;
-}
 
 std::string SansAccents(std::string_view texte, bool garderLongueur) {
     std::string t;
@@ -184,7 +143,7 @@ std::string SansAccents(std::string_view texte, bool garderLongueur) {
 }
 
 std::string CodeSon(std::string_view nom) {
-    const std::string n = nom.empty() ? std::string("N") : MajusculesAnsi(nom);
+    const std::string n = nom.empty() ? std::string("N") : EnMajuscules(nom);
     std::string code(1, n[0]);
     for (std::size_t i = 1; i < n.size() && code.size() < 4; ++i) {
         const char d = Chiffre(n[i]);
@@ -195,7 +154,7 @@ std::string CodeSon(std::string_view nom) {
 }
 
 std::string NomTri(std::string_view nom) {
-    const std::string n = MajusculesAnsi(nom.empty() ? std::string_view("N") : nom);
+    const std::string n = EnMajuscules(nom.empty() ? std::string_view("N") : nom);
     // Positions comptées à partir de 1, 0 quand absent, additionnées comme dans la règle.
     const auto pos = [&](char c) {
         const auto p = n.find(c);
@@ -210,13 +169,13 @@ std::string Majuscules(std::string_view texte, int mode, bool modifCasse) {
     switch (mode) {
         case 0:
         case 5:
-            return MajusculesAnsi(texte);
+            return EnMajuscules(texte);
         case 1:
         case 3:
             return TitreMots(texte);
         case 7: {
             if (CommencePar(texte, "mailto:")) texte.remove_prefix(7);
-            return MinusculesAnsi(texte);
+            return EnMinuscules(texte);
         }
         default:
             return std::string(texte);
@@ -228,15 +187,15 @@ char MajusculesTouche(std::string_view texte, int mode, char touche, bool modifC
     switch (mode) {
         case 0:
         case 5:
-            return MajusculeAnsi(touche);
+            return Majuscule1252(touche);
         case 1:
         case 3: {
             // Début de mot : début du texte, blanc, ponctuation ou chiffre.
             const bool debut = texte.empty() || Octet(texte.back()) < 'A';
-            return debut ? MajusculeAnsi(touche) : MinusculeAnsi(touche);
+            return debut ? Majuscule1252(touche) : Minuscule1252(touche);
         }
         case 7:
-            return MinusculeAnsi(touche);
+            return Minuscule1252(touche);
         default:
             return touche;
     }
@@ -249,22 +208,9 @@ std::string SexeDuPrenom(std::string_view prenoms) {
     for (const char* p : kPrefixesFeminins)
         if (CommencePar(prenoms, p)) return "F";
     const std::string_view mot = prenoms.substr(0, prenoms.find(' '));
-    return (!mot.empty() && MinusculeAnsi(mot.back()) == 'e') ? "F" : "M";
+    return (!mot.empty() && Minuscule1252(mot.back()) == 'e') ? "F" : "M";
 }
 
-bool EstDateComplete(std::string_view date) {
-    const auto b1 = date.find('/');
-    const auto b2 = date.find('/', b1 == std::string_view::npos ? b1 : b1 + 1);
-    if (b1 == std::string_view::npos || b2 == std::string_view::npos) return false;
-    const auto j = date.substr(0, b1), m = date.substr(b1 + 1, b2 - b1 - 1), a = date.substr(b2 + 1);
-    if (j.size() < 1 || j.size() > 2 || m.size() < 1 || m.size() > 2 || a.size() != 4) return false;
-    if (!Chiffres(j) || !Chiffres(m) || !Chiffres(a)) return false;
-    const int jour = Valeur(j), mois = Valeur(m), annee = Valeur(a);
-    if (mois < 1 || mois > 12 || jour < 1) return false;
-    constexpr std::array<int, 12> kJours{31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool bissextile = (annee % 4 == 0 && annee % 100 != 0) || annee % 400 == 0;
-    return jour <= kJours[mois - 1] && !(mois == 2 && jour == 29 && !bissextile);
-}
 
 std::string DateOuAnnee(std::string_view date, int format, bool masquer, const ContexteDates& ctx) {
     if (date.empty()) return {};

@@ -12,13 +12,6 @@ namespace arbolix {
 
 // Tous les textes sont des octets en code page 1252.
 
-// Majuscules et minuscules de la code page 1252, lettres accentuées comprises
-// (é→É, œ→Œ, ÿ→Ÿ) ; ß et µ n'ont pas de majuscule et restent.
-char MajusculeAnsi(char c);
-char MinusculeAnsi(char c);
-std::string MajusculesAnsi(std::string_view texte);
-std::string MinusculesAnsi(std::string_view texte);
-
 // Replie les lettres accentuées sur leur lettre de base et tout caractère hors de
 // [A-Za-z0-9#*-._] sur "_" : le résultat va dans un nom de fichier ou un motif.
 // Avec garderLongueur, seule la première suite de lettres accentuées est repliée :
@@ -42,8 +35,6 @@ char MajusculesTouche(std::string_view texte, int mode, char touche, bool modifC
 // "M", "F" ou vide, d'après le début du prénom puis la dernière lettre du premier mot.
 std::string SexeDuPrenom(std::string_view prenoms);
 
-// Vrai pour une date complète jour/mois/année (1 ou 2 chiffres, 4 pour l'année) qui existe.
-bool EstDateComplete(std::string_view date);
 
 // Réglages des dates dans les rapports : ceux de la fenêtre Exports et l'année en cours.
 struct ContexteDates {

@@ -1,5 +1,8 @@
 #include "app/aides_texte.h"
 
+#include "dates/reconnaissance.h"
+#include "store/chaines.h"
+
 #include <gtest/gtest.h>
 
 namespace arbolix {
@@ -220,9 +223,9 @@ TEST(EchapperSQL, Table) {
 }
 
 TEST(CasseAnsi, AllerRetourDesLettresAccentuees) {
-    EXPECT_EQ(MajusculesAnsi("\xE0\xE9\xEF\xF4\xF9\xE7\x9C\x9A\x9E\xFF\xDF\xB5\xF7"),
+    EXPECT_EQ(EnMajuscules("\xE0\xE9\xEF\xF4\xF9\xE7\x9C\x9A\x9E\xFF\xDF\xB5\xF7"),
               "\xC0\xC9\xCF\xD4\xD9\xC7\x8C\x8A\x8E\x9F\xDF\xB5\xF7");
-    EXPECT_EQ(MinusculesAnsi("\xC0\xC9\xCF\xD4\xD9\xC7\x8C\x8A\x8E\x9F\xD7"),
+    EXPECT_EQ(EnMinuscules("\xC0\xC9\xCF\xD4\xD9\xC7\x8C\x8A\x8E\x9F\xD7"),
               "\xE0\xE9\xEF\xF4\xF9\xE7\x9C\x9A\x9E\xFF\xD7");
 }
 

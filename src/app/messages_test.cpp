@@ -6,7 +6,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "app/dialogue_faux.h"
+#include "aides/dialogue_factice.h"
 
 namespace arbolix {
 namespace {
@@ -27,7 +27,7 @@ TEST(Messages, DecoupeAuxCrLfSeulement) {
 
 TEST(Messages, FichierAbsentPrevientEnAnglais) {
     Messages m;
-    DialogueFaux d;
+    DialogueFactice d;
     EXPECT_FALSE(m.Charger("/nulle/part/messages1036.txt", d));
     ASSERT_EQ(d.messages.size(), 1u);
     EXPECT_EQ(d.messages[0].titre, "Missing translation");
@@ -61,7 +61,7 @@ TEST(Messages, CheminAcoteOuInstalle) {
 // Le fichier livré : code page 1252, CR LF, et une ligne pour chaque numéro que le code demande.
 TEST(Messages, FichierLivreTientLesLignesDuCode) {
     Messages m;
-    DialogueFaux d;
+    DialogueFactice d;
     ASSERT_TRUE(m.Charger(fs::path(ARBOLIX_SHARE) / "messages1036.txt", d));
     std::vector<int> lignes{10, 49, 401, 403, 405, 409, 590, 591, 593, 594, 595};
     for (int n = 550; n <= 563; ++n) lignes.push_back(n);

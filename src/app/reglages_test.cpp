@@ -5,7 +5,7 @@
 
 #include <fstream>
 
-#include "app/dialogue_faux.h"
+#include "aides/dialogue_factice.h"
 #include "platform/ini.h"
 
 namespace arbolix {
@@ -45,7 +45,7 @@ protected:
         EXPECT_EQ(o.LiensWeb, d.LiensWeb);
     }
     fs::path dossier_, ini_;
-    DialogueFaux dialogue_;
+    DialogueFactice dialogue_;
 };
 
 TEST_F(Reglages, SansFichierVideOuAbimeLesDefauts) {
@@ -113,7 +113,7 @@ TEST_F(Reglages, ValiderOptionsAgesEtMaxGen) {
                                       : std::string_view(c.champ) == "AgeMaxiDeces" ? &Options::AgeMaxiDeces
                                                                                     : &Options::EcartGen;
         o.*champ = c.valeur;
-        DialogueFaux d;
+        DialogueFactice d;
         EXPECT_EQ(ValiderOptions(ini_, o, d, 11), c.accepte) << c.champ << "=" << c.valeur;
         EXPECT_EQ(o.*champ, c.apres) << c.champ;
         EXPECT_EQ(d.messages.size(), c.accepte ? 0u : 1u);

@@ -14,7 +14,8 @@ QString VersQString(std::string_view cp1252) {
 std::string DepuisQString(const QString& texte) {
     std::string r;
     r.reserve(static_cast<std::size_t>(texte.size()));
-    for (const QChar c : texte) r += Unicode1252(c.unicode());
+    // Par points de code : un caractère hors du plan de base ne donne qu'un '?'.
+    for (const char32_t u : texte.toUcs4()) r += Unicode1252(u);
     return r;
 }
 

@@ -13,7 +13,7 @@
 #include <QTabWidget>
 #include <QTest>
 
-#include "app/dialogue_faux.h"
+#include "aides/dialogue_factice.h"
 #include "app/messages.h"
 #include "app/reglages.h"
 #include "platform/ini.h"
@@ -47,7 +47,7 @@ private slots:
     void ControlesNommesCommeLesRegles() {
         Options o;
         std::vector<std::string> recents;
-        DialogueFaux d;
+        DialogueFactice d;
         FenetreOptions f(o, recents, ini_, d, 11);
         QCOMPARE(f.objectName(), QStringLiteral("Options"));
         for (const char* nom :
@@ -73,7 +73,7 @@ private slots:
     void AgesContradictoiresGardentLaFenetreOuverte() {
         Options o;
         std::vector<std::string> recents;
-        DialogueFaux d;
+        DialogueFactice d;
         FenetreOptions f(o, recents, ini_, d, 11);
         f.show();
         Controle<QLineEdit>(f, "AgeMaxiEnfant")->setText("15");
@@ -95,7 +95,7 @@ private slots:
     void EnregistrerEcritLesValeursDesControles() {
         Options o;
         std::vector<std::string> recents{"/a.ged", "/b.ged"};
-        DialogueFaux d;
+        DialogueFactice d;
         FenetreOptions f(o, recents, ini_, d, 11);
         Controle<QLineEdit>(f, "SymbMari")->setText(QStringLiteral("∞x"));  // sans équivalent en 1252
         Controle<QLineEdit>(f, "NomPrenomParDefaut")->setText(QStringLiteral("Inconnu é"));
@@ -120,7 +120,7 @@ private slots:
     void TesterZoomRemplitLesFacteurs() {
         Options o;
         std::vector<std::string> recents;
-        DialogueFaux d;
+        DialogueFactice d;
         FenetreOptions f(o, recents, ini_, d, 11);
         Controle<QCheckBox>(f, "ZoomFen")->setChecked(true);
         Controle<QLineEdit>(f, "PourcentZoom")->setText("150");
@@ -137,7 +137,7 @@ private slots:
     void TraductionParPositionDeTabulation() {
         Options o;
         std::vector<std::string> recents;
-        DialogueFaux d;
+        DialogueFactice d;
         FenetreOptions f(o, recents, ini_, d, 11);
         Messages m;
         // Ligne 240 : titre ; 241 + 0 : VerifMAJ ; 241 + 9 : CadreAges ; 241 + 47 : onglet Cohérence.
@@ -164,7 +164,7 @@ private slots:
     void FrancaisIntegreNeChangeQueLeFond() {
         Options o;
         std::vector<std::string> recents;
-        DialogueFaux d;
+        DialogueFactice d;
         FenetreOptions f(o, recents, ini_, d, 11);
         Messages m;
         std::string texte;
@@ -178,7 +178,7 @@ private slots:
     void FenetreSansBlocPrevient() {
         QWidget nouvelle;
         nouvelle.setObjectName("Nouvelle");
-        DialogueFaux d;
+        DialogueFactice d;
         Messages m;
         QVERIFY(!TraduireFenetre(nouvelle, m, ReglerPassage(kCodeLangue, 11), d));
         QCOMPARE(d.messages.size(), std::size_t{1});
@@ -190,7 +190,7 @@ private slots:
     void FichierLivreEgalLesTextesIntegres() {
         Options o;
         std::vector<std::string> recents;
-        DialogueFaux d;
+        DialogueFactice d;
         FenetreOptions f(o, recents, ini_, d, 11);
         Messages m;
         QVERIFY(m.Charger(fs::path(ARBOLIX_SHARE) / "messages1036.txt", d));
