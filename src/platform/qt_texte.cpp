@@ -1,5 +1,7 @@
 #include "platform/qt_texte.h"
 
+#include <QList>
+
 #include "platform/cp1252.h"
 
 namespace arbolix {
@@ -15,7 +17,7 @@ std::string DepuisQString(const QString& texte) {
     std::string r;
     r.reserve(static_cast<std::size_t>(texte.size()));
     // Par points de code : un caractère hors du plan de base ne donne qu'un '?'.
-    for (const char32_t u : texte.toUcs4()) r += Unicode1252(u);
+    for (const auto u : texte.toUcs4()) r += Unicode1252(u);
     return r;
 }
 
