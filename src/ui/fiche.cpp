@@ -10,10 +10,14 @@
 #include <filesystem>
 
 #include "app/demarrage.h"
+#include "app/reglages.h"
+#include "platform/ini.h"
 #include "platform/cp1252.h"
 #include "platform/qt_texte.h"
 #include "ui/editeur.h"
 #include "ui/gedcom.h"
+#include "ui/options.h"
+#include "ui/traduction.h"
 #include "ui_fiche.h"
 
 namespace arbolix {
@@ -28,6 +32,7 @@ struct IconeBarre {
 };
 
 constexpr IconeBarre kIcones[] = {
+    {0, "Configurer les options...", QStyle::SP_FileDialogDetailedView},
     {1, "Cr\xE9" "er un nouveau fichier...", QStyle::SP_FileIcon},
     {2, "Ouvrir un fichier existant...", QStyle::SP_DialogOpenButton},
     {3, "Enregistrer le fichier", QStyle::SP_DialogSaveButton},
@@ -58,8 +63,9 @@ Fiche::Fiche(QWidget* parent)
     connect(ui_->MenuOuvrir, &QAction::triggered, this, &Fiche::MenuOuvrir);
     connect(ui_->MenuFermer, &QAction::triggered, this, [this] { MenuFermer(); });
     connect(ui_->MenuQuitter, &QAction::triggered, this, &Fiche::MenuQuitter);
+    connect(ui_->MenuConfig, &QAction::triggered, this, &Fiche::MenuConfig);
     connect(ui_->NumPerso, &QLineEdit::textChanged, this, &Fiche::AfficherFiche);
-    connect(ui_->MenuFichier, &QMenu::aboutToShow, this, [this] {
+    connect(ui_->BarreMenu_0, &QMenu::aboutToShow, this, [this] {
         if (ouvert_)
             ui_->MenuSelInfo->setText(QString("%1 personnes et %2 familles").arg(base_.NbPersosReels).arg(base_.NbFamisReels));
     });
@@ -72,6 +78,7 @@ void Fiche::CreerIcones() {
         auto* a = ui_->BarreIcones->addAction(style()->standardIcon(i.image), VersQString(i.bulle));
         a->setObjectName(QString("IcoCommande%1").arg(i.index));
         a->setToolTip(VersQString(i.bulle));
+        if (i.index == 0) connect(a, &QAction::triggered, this, &Fiche::MenuConfig);
         if (i.index == 1) connect(a, &QAction::triggered, this, &Fiche::MenuNouveau);
         if (i.index == 2) connect(a, &QAction::triggered, this, &Fiche::MenuOuvrir);
     }
@@ -170,12 +177,13 @@ void Fiche::AfficherFiche() {
 }
 
 void Fiche::OuvrirGedcom(ModeGedcom mode) {
-    const QString titre = mode == ModeGedcom::Nouveau ? "Nouveau fichier" : "Ouvrir un fichier Gedcom";
-    std::vector<std::string> recents;
-    if (!options_.FichierDefaut.empty()) recents.push_back(options_.FichierDefaut);
-    gedcomForm_->Preparer(mode, titre, gedcom_, recents, [this, mode](Gedcom& g) {
+    const QString titre = VersQString(messages_(mode == ModeGedcom::Nouveau ? 403 : 405));
+    gedcomForm_->Preparer(mode, titre, gedcom_, recents_, [this, mode](Gedcom& g) {
         gedcom_ = g.Valeurs();
-        if (gedcom_.Defaut) options_.FichierDefaut = gedcom_.Fichier;
+        if (gedcom_.Defaut && mode != ModeGedcom::Nouveau) {
+            options_.FichierDefaut = gedcom_.Fichier;
+            EcrireIni(ini_, "Chemins", "Fichier", gedcom_.Fichier);
+        }
         if (mode == ModeGedcom::Nouveau) {
             CreerFichierVide();
             return true;
@@ -208,12 +216,46 @@ bool Fiche::ChargerFichier(Progression& progression) {
         return true;
     }
     MettreEnPlaceFichier(PremierePersonne(r.PremierePerso));
+    RetenirFichier();
     if (!r.Journal.empty()) {
         const std::string texte = textes_.TitreJournal + " " + Utf8VersCp1252(gedcom_.Fichier) + "\r\n\r\n" +
                                   r.Journal + "\r\n" + textes_.FinJournal;
         editeur_->Montrer(VersQString(textes_.TitreJournal), texte);
     }
     return true;
+}
+
+// Le fichier ouvert passe en tête des fichiers récents.
+void Fiche::RetenirFichier() {
+    if (ini_.empty()) return;
+    recents_ = AjouterFichierRecent(recents_, gedcom_.Fichier);
+    EcrireFichiersRecents(ini_, recents_);
+}
+
+void Fiche::MenuConfig() {
+    FenetreOptions fenetre(options_, recents_, ini_, *dialogue_, ARBOLIX_VERSION_MAJEURE, this);
+    fenetre.DefinirFichierPresent(ouvert_ ? gedcom_.Fichier : std::string());
+    TraduireFenetre(fenetre, messages_, ReglerPassage(kCodeLangue, ARBOLIX_VERSION_MAJEURE), *dialogue_);
+    fenetre.exec();
+}
+
+void Fiche::ChargerTextes(const std::filesystem::path& dossier) {
+    messages_.Charger(CheminMessages(dossier), *dialogue_);
+    const auto texte = [this](int n, const std::string& defaut) {
+        return messages_(n).empty() ? defaut : messages_(n);
+    };
+    textes_.Lecture = texte(551, textes_.Lecture);
+    textes_.Personnes = texte(552, textes_.Personnes);
+    textes_.Familles = texte(553, textes_.Familles);
+    textes_.TitreJournal = texte(554, textes_.TitreJournal);
+    textes_.FinJournal = texte(555, textes_.FinJournal);
+    textes_.Agrandissement = texte(556, textes_.Agrandissement);
+    gedcomForm_->FixerTitreParcourir(texte(550, "Choisissez un fichier Gedcom"));
+    const PassageTextes passage = ReglerPassage(kCodeLangue, ARBOLIX_VERSION_MAJEURE);
+    for (QWidget* f : {static_cast<QWidget*>(this), static_cast<QWidget*>(gedcomForm_),
+                       static_cast<QWidget*>(editeur_)})
+        TraduireFenetre(*f, messages_, passage, *dialogue_);
+    if (passage.traduire) TraduireMenus(*this, messages_);
 }
 
 void Fiche::MenuNouveau() { OuvrirGedcom(ModeGedcom::Nouveau); }
@@ -262,7 +304,15 @@ void Fiche::dropEvent(QDropEvent* e) {
 }
 
 void Fiche::Demarrer(const std::string& ligneCommande, const std::string& executable) {
-    if (!ligneCommande.empty()) gedcom_.Fichier = ligneCommande;
+    const std::filesystem::path dossier = std::filesystem::path(executable).parent_path();
+    ini_ = CheminIni(dossier);
+    options_ = ChargerOptions(ini_, *dialogue_);
+    ChargerTextes(dossier);
+    recents_ = LireFichiersRecents(ini_, options_, false);
+    if (ReglagesAnciens(ini_, ARBOLIX_VERSION_MAJEURE))
+        EnregistrerOptions(ini_, options_, recents_, *dialogue_, ARBOLIX_VERSION_MAJEURE);
+    // Le fichier de la ligne de commande passe avant le fichier par défaut.
+    gedcom_.Fichier = ligneCommande.empty() ? options_.FichierDefaut : ligneCommande;
     Vider(false);
     switch (ActionPourFichier(gedcom_.Fichier)) {
         case ActionLigneCommande::Ouvrir:

@@ -2,8 +2,11 @@
 #pragma once
 
 #include <QMainWindow>
+#include <filesystem>
 #include <memory>
+#include <vector>
 
+#include "app/messages.h"
 #include "gedcom/lecteur.h"
 #include "gedcom/options_gedcom.h"
 #include "store/base.h"
@@ -48,6 +51,7 @@ public slots:
     void MenuOuvrir();
     bool MenuFermer();
     void MenuQuitter();
+    void MenuConfig();
     void AfficherFiche();
 
 protected:
@@ -57,6 +61,8 @@ protected:
 
 private:
     void CreerIcones();
+    void ChargerTextes(const std::filesystem::path& dossier);
+    void RetenirFichier();
     void ActualiserTitre();
     void OuvrirGedcom(ModeGedcom mode);
     void CreerFichierVide();
@@ -71,6 +77,9 @@ private:
     Gedcom* gedcomForm_;
     Editeur* editeur_;
     TextesLecture textes_;
+    std::filesystem::path ini_;
+    Messages messages_;
+    std::vector<std::string> recents_;
     bool ouvert_ = false;
 };
 
