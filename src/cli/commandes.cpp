@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "gedcom/lecteur.h"
+#include "lists/listes.h"
 #include "platform/cp1252.h"
 #include "platform/progression.h"
 
@@ -104,6 +105,48 @@ int CommandeLire(const Arguments& args, Sorties& s) {
     return 0;
 }
 
+// Une liste de la fenêtre Personne, remplie sans invite, comme la fenêtre la montre.
+struct SorteListe {
+    std::string_view nom;
+    bool (*remplir)(const Base&, ContexteListe&, ListePersonne&);
+};
+
+bool ListePersosSansInvite(const Base& b, ContexteListe& c, ListePersonne& l) {
+    return ChercherEtLister(b, c, QuoiListe::Persos, l);
+}
+bool ListeFamisSansInvite(const Base& b, ContexteListe& c, ListePersonne& l) {
+    return ChercherEtLister(b, c, QuoiListe::Famis, l);
+}
+
+constexpr SorteListe kListes[] = {
+    {"personnes", ListePersosSansInvite}, {"familles", ListeFamisSansInvite}, {"notes", ListeNotes},
+    {"sources", ListeSources},            {"fichiers", ListeFichiers},
+};
+
+int CommandeListe(const Arguments& args, Sorties& s) {
+    OptionsGedcom cases;
+    Arguments reste;
+    if (!LireCases(args, cases, reste, s)) return 2;
+    const SorteListe* sorte = nullptr;
+    for (const auto& l : kListes)
+        if (!reste.empty() && reste[0] == l.nom) sorte = &l;
+    if (!sorte || reste.size() != 2) {
+        s.erreurs << "usage : arbolix-cli liste personnes|familles|notes|sources|fichiers [options] FICHIER.ged\n";
+        return 2;
+    }
+    Base base;
+    Options options;
+    ResultatLecture resultat;
+    if (!Charger(reste[1], cases, base, options, resultat, s)) return 2;
+    ReponsesListes reponses;
+    ContexteListe ctx(options, reponses);
+    ctx.Renumeroter = cases.OptRenum;
+    ListePersonne liste;
+    sorte->remplir(base, ctx, liste);
+    for (const auto& r : liste.Rangees) s.sortie << Cp1252VersUtf8(r.texte) << "\n";
+    return 0;
+}
+
 struct Commande {
     std::string_view nom;
     std::string_view aide;
@@ -114,6 +157,10 @@ const std::vector<Commande>& Commandes() {
     static const std::vector<Commande> commandes = {
         {"lire", "lire [options] FICHIER.ged : lit le fichier, affiche le journal et les nombres lus",
          CommandeLire},
+        {"liste",
+         "liste personnes|familles|notes|sources|fichiers [options] FICHIER.ged : les rangées de la liste, "
+         "comme la fenêtre les montre",
+         CommandeListe},
     };
     return commandes;
 }

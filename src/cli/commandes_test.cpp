@@ -67,5 +67,17 @@ TEST(Cli, RenumeroterPrendLeFichierNommeCommeFichierParDefaut) {
     std::filesystem::remove(f);
 }
 
+TEST(Cli, ListeCommenceParLaLigneDeTeteEtRefuseUneSorteInconnue) {
+    const auto f = FichierTemporaire("cli-liste.ged",
+                                     "0 HEAD\r\n0 @I1@ INDI\r\n1 NAME Ren\xE9 /L\xE9vy/\r\n0 TRLR\r\n");
+    const auto a = Lancer({"liste", "personnes", f});
+    EXPECT_EQ(a.code, 0);
+    EXPECT_EQ(a.sortie.rfind(" Ajouter... P000002\n", 0), 0u);
+    EXPECT_EQ(Lancer({"liste", "parents", f}).code, 2);
+    EXPECT_EQ(Lancer({"liste", "personnes"}).code, 2);
+    EXPECT_EQ(Lancer({"liste", "notes", "/nulle/part.ged"}).code, 2);
+    std::filesystem::remove(f);
+}
+
 }  // namespace
 }  // namespace arbolix::cli

@@ -1,0 +1,77 @@
+#include "lists/rangees.h"
+
+#include <gtest/gtest.h>
+
+namespace arbolix {
+namespace {
+
+TEST(Queues, EcritureEtRelecture) {
+    struct Cas {
+        std::string rangee;
+        LectureQueue attendu;
+    };
+    const Cas cas[] = {
+        {"MARTIN Jean" + Queue('P', 12), {'P', 12}},
+        {"x 1750" + Queue('F', 999999), {'F', 999999}},
+        {"Note" + Queue('N', 0), {'N', 0}},
+        {"Bapt\xEAme" + Queue('\xB0', 7), {'\xB0', 7}},
+        // Sept chiffres : la relecture n'en garde que six, comme la règle.
+        {"Trop loin" + Queue('P', 1234567), {'1', 234567}},
+        {"P00012", {0, 0}},
+        {"", {0, 0}},
+    };
+    for (const auto& c : cas) EXPECT_EQ(LireQueue(c.rangee), c.attendu) << c.rangee;
+    EXPECT_EQ(Queue('M', 3), " M000003");
+    EXPECT_EQ(ConjointDeRangee("x 1750 Anne DELMAS P000003 F000006"), 3);
+    EXPECT_EQ(ConjointDeRangee("F000006"), 0);
+}
+
+TEST(RemplissageTrie, TrieSurLaCleEtAfficheAutreChose) {
+    ListePersonne l;
+    OuvrirListe(l, "tous", "Choisissez", " Ajouter... P000009", true);
+    RemplissageTrie t;
+    t.Ajouter("DUPONT1750/00/00000002", 2);
+    t.Ajouter("DUPONT1740/00/00000005", 5);
+    t.Ajouter("!BIZARRE000007", 7);  // "!" vient après le blanc : la ligne de tête reste devant
+    t.Ajouter("ABEL000001", 1);
+    t.Terminer(l, [](std::int32_t n) { return "affiche " + std::to_string(n); });
+    ASSERT_EQ(l.Rangees.size(), 5u);
+    EXPECT_EQ(l.Rangees[0].texte, " Ajouter... P000009");
+    EXPECT_EQ(l.Rangees[1].valeur, 7);
+    EXPECT_EQ(l.Rangees[2].valeur, 1);
+    EXPECT_EQ(l.Rangees[3].valeur, 5);  // la naissance départage, pas le texte affiché
+    EXPECT_EQ(l.Rangees[4].texte, "affiche 2");
+}
+
+TEST(RemplissageTrie, OrdreDesOctetsPasDeLaLangue) {
+    // É (0xC9) vient après Z : l'ordre simple des caractères 1252.
+    ListePersonne l;
+    OuvrirListe(l, "tous", "", "", true);
+    RemplissageTrie t;
+    t.Ajouter("\xC9TIENNE", 1);
+    t.Ajouter("ZOLA", 2);
+    t.Ajouter("abel", 3);
+    t.Ajouter("Zola", 4);
+    t.Terminer(l, [](std::int32_t n) { return std::to_string(n); });
+    std::string ordre;
+    for (const auto& r : l.Rangees) ordre += r.texte;
+    EXPECT_EQ(ordre, "2431");
+}
+
+TEST(RemplissageTrie, ListeNonVideeLesRangeesPrennentLeurPlace) {
+    ListePersonne l;
+    OuvrirListe(l, "tous", "", "", true);
+    AjouterTriee(l, "B", 1);
+    AjouterTriee(l, "D", 2);
+    OuvrirListe(l, "tous", "", "", false);
+    RemplissageTrie t;
+    t.Ajouter("C", 3);
+    t.Ajouter("A", 4);
+    t.Terminer(l, [](std::int32_t n) { return "z" + std::to_string(n); });
+    std::vector<std::int32_t> valeurs;
+    for (const auto& r : l.Rangees) valeurs.push_back(r.valeur);
+    EXPECT_EQ(valeurs, (std::vector<std::int32_t>{4, 1, 3, 2}));
+}
+
+}  // namespace
+}  // namespace arbolix
