@@ -204,7 +204,7 @@ void CalculerEnfants(const Base& base, const ContexteFiche& ctx, std::int32_t f,
 std::vector<RangeeFiche> CalculerDivers(const Base& base, const ContexteFiche& ctx, std::int32_t n) {
     std::vector<RangeeFiche> rangees;
     for (const auto& f : FichiersLies(base, ctx.options, n))
-        rangees.push_back({f.prefixe + f.chemin + Queue(f.genre, f.numero), {}});
+        rangees.push_back({f.prefixe + f.chemin + Queue(f.genre, f.numero), f.chemin});
     return rangees;
 }
 

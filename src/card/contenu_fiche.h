@@ -54,7 +54,7 @@ struct ContenuFiche {
     std::int32_t FamilleEnfants = 0;       // la famille dont les enfants sont montrés
     std::string LabelEnfants;              // compte et " F" + famille
     std::vector<RangeeFiche> Enfants;      // par date de naissance, queue " P"
-    std::vector<RangeeFiche> Divers;       // fichiers liés, queue " P" ou " M"
+    std::vector<RangeeFiche> Divers;       // fichiers liés, queue " P" ou " M" ; la bulle est le chemin
     std::string Photo;                     // chemin du premier fichier image lié, tel qu'écrit
 };
 

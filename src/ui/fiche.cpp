@@ -1,22 +1,36 @@
 #include "ui/fiche.h"
 
 #include <QCloseEvent>
+#include <QDateTime>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileInfo>
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QListWidget>
 #include <QMimeData>
+#include <QPixmap>
+#include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
 #include <QTimer>
 #include <filesystem>
 
 #include "app/demarrage.h"
 #include "app/reglages.h"
+#include "card/fichiers_lies.h"
+#include "card/navigation.h"
+#include "dates/calendrier_gregorien.h"
+#include "lists/rangees.h"
+#include "store/chaines.h"
 #include "platform/ini.h"
 #include "platform/cp1252.h"
 #include "platform/qt_texte.h"
 #include "ui/editeur.h"
 #include "ui/gedcom.h"
+#include "ui/inputmsgbox.h"
 #include "ui/options.h"
+#include "ui/personne.h"
 #include "ui/traduction.h"
 #include "ui_fiche.h"
 
@@ -36,18 +50,29 @@ constexpr IconeBarre kIcones[] = {
     {1, "Cr\xE9" "er un nouveau fichier...", QStyle::SP_FileIcon},
     {2, "Ouvrir un fichier existant...", QStyle::SP_DialogOpenButton},
     {3, "Enregistrer le fichier", QStyle::SP_DialogSaveButton},
+    {5, "Liste des personnes", QStyle::SP_FileDialogListView},
+    {6, "Liste des familles", QStyle::SP_DirHomeIcon},
+    {7, "Liste des notes", QStyle::SP_FileDialogContentsView},
+    {8, "Fiches modifi\xE9" "es", QStyle::SP_BrowserReload},
+    {19, "Liste des fichiers", QStyle::SP_DirOpenIcon},
 };
 
-QString TexteActe(const Acte& a) {
-    QString t = VersQString(a.Date);
-    if (!a.Lieu.empty()) t += (t.isEmpty() ? "" : " ") + VersQString("\xE0 ") + VersQString(a.Lieu);
-    return t;
-}
+// Couleurs du bouton de sexe choisi (rouge-vert-bleu).
+constexpr const char* kFondMasculin = "#88AAFF";
+constexpr const char* kFondFeminin = "#FFBBBB";
 
-QString NomComplet(const Base& b, std::int32_t n) {
-    if (n <= 0 || n > b.Persos.Haut()) return {};
-    const Perso& p = std::as_const(b.Persos)[n];
-    return VersQString(p.Nom) + " " + VersQString(p.Prenoms) + QString(" (%1)").arg(n);
+// Largeur du cadre de la personne à 100 %, et ce qu'on retire à l'étiquette d'un évènement.
+constexpr int kLargeurCadrePerso = 540;
+constexpr int kMargeActe = 8;
+
+// Un texte de la base vers une case à plusieurs lignes.
+QString Lignes(std::string_view texte) { return VersQString(texte).replace("\r\n", "\n"); }
+
+// Jours depuis le 30/12/1899, maintenant.
+double Maintenant() {
+    const QDateTime t = QDateTime::currentDateTime();
+    const QDate d = t.date();
+    return NumeroJour({d.day(), d.month(), d.year()}) + t.time().msecsSinceStartOfDay() / 86400000.0;
 }
 
 }  // namespace
@@ -58,13 +83,38 @@ Fiche::Fiche(QWidget* parent)
     gedcomForm_ = new Gedcom(this, dialogue_);
     gedcomForm_->FixerTitreParcourir("Choisissez un fichier Gedcom");
     editeur_ = new Editeur(this);
+    personne_ = new Personne(base_, options_, this);
+    invite_ = new InputMsgBox(this);
+    inviter_ = [this](Invite& i) { return invite_->Demander(i); };
+    largeurPerso_ = kLargeurCadrePerso;
+    policeConception_ = font();
     CreerIcones();
+    VerrouillerSaisie();
     connect(ui_->MenuNouveau, &QAction::triggered, this, &Fiche::MenuNouveau);
     connect(ui_->MenuOuvrir, &QAction::triggered, this, &Fiche::MenuOuvrir);
     connect(ui_->MenuFermer, &QAction::triggered, this, [this] { MenuFermer(); });
     connect(ui_->MenuQuitter, &QAction::triggered, this, &Fiche::MenuQuitter);
     connect(ui_->MenuConfig, &QAction::triggered, this, &Fiche::MenuConfig);
     connect(ui_->NumPerso, &QLineEdit::textChanged, this, &Fiche::AfficherFiche);
+    ui_->NumPerso->installEventFilter(this);
+    for (QWidget* w : {static_cast<QWidget*>(ui_->Pere), static_cast<QWidget*>(ui_->Mere)}) w->installEventFilter(this);
+    connect(ui_->MenuListePersos, &QAction::triggered, this, &Fiche::MenuListePersos);
+    connect(ui_->MenuListeFamis, &QAction::triggered, this, &Fiche::MenuListeFamis);
+    connect(ui_->MenuListeNotes, &QAction::triggered, this, &Fiche::MenuListeNotes);
+    connect(ui_->MenuListeSources, &QAction::triggered, this, &Fiche::MenuListeSources);
+    connect(ui_->MenuListeFichiers, &QAction::triggered, this, &Fiche::MenuListeFichiers);
+    connect(ui_->MenuFichesRecentes, &QAction::triggered, this, &Fiche::MenuFichesRecentes);
+    connect(personne_, &Personne::Reagir, this, &Fiche::ReagirListe);
+    connect(ui_->Union, &QListWidget::itemClicked, this, [this](QListWidgetItem* i) { CliquerUnion(ui_->Union->row(i)); });
+    connect(ui_->Union, &QListWidget::itemDoubleClicked, this,
+            [this](QListWidgetItem* i) { DoubleCliquerUnion(ui_->Union->row(i)); });
+    connect(ui_->Enfant, &QListWidget::itemDoubleClicked, this,
+            [this](QListWidgetItem* i) { DoubleCliquerListeNumero(ui_->Enfant, ui_->Enfant->row(i)); });
+    // Un clic montre le fichier dans l'aperçu ; un double clic l'ouvre. Le chemin est l'infobulle de la rangée.
+    connect(ui_->ListeDivers, &QListWidget::itemClicked, this, [this] { PoserPhoto(); });
+    connect(ui_->ListeDivers, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* i) {
+        OuvrirFichierLie(contenu_.Divers[static_cast<std::size_t>(ui_->ListeDivers->row(i))].bulle, false);
+    });
     connect(ui_->BarreMenu_0, &QMenu::aboutToShow, this, [this] {
         if (ouvert_)
             ui_->MenuSelInfo->setText(QString("%1 personnes et %2 familles").arg(base_.NbPersosReels).arg(base_.NbFamisReels));
@@ -81,6 +131,17 @@ void Fiche::CreerIcones() {
         if (i.index == 0) connect(a, &QAction::triggered, this, &Fiche::MenuConfig);
         if (i.index == 1) connect(a, &QAction::triggered, this, &Fiche::MenuNouveau);
         if (i.index == 2) connect(a, &QAction::triggered, this, &Fiche::MenuOuvrir);
+        if (i.index == 5) connect(a, &QAction::triggered, this, &Fiche::MenuListePersos);
+        if (i.index == 6) connect(a, &QAction::triggered, this, [this] {
+            if (ui_->MenuListeFamis->isEnabled()) MenuListeFamis();
+        });
+        if (i.index == 7) connect(a, &QAction::triggered, this, &Fiche::MenuListeNotes);
+        if (i.index == 8) connect(a, &QAction::triggered, this, [this] {
+            if (ui_->MenuFichesRecentes->isEnabled()) MenuFichesRecentes();
+        });
+        if (i.index == 19) connect(a, &QAction::triggered, this, [this] {
+            if (ui_->MenuListeFichiers->isEnabled()) MenuListeFichiers();
+        });
     }
 }
 
@@ -100,6 +161,13 @@ void Fiche::Vider(bool recharger) {
         if (auto* a = findChild<QAction*>(QString("IcoCommande%1").arg(i))) a->setEnabled(false);
     ui_->MenuEnregistrer->setEnabled(false);
     ui_->MenuFermer->setEnabled(false);
+    ui_->BarreMenu_1->setEnabled(false);
+    for (QAction* a : {ui_->MenuListePersos, ui_->MenuListeFamis, ui_->MenuListeNotes, ui_->MenuListeSources,
+                       ui_->MenuListeFichiers, ui_->MenuFichesRecentes})
+        a->setEnabled(false);
+    personne_->hide();
+    personne_->Liste().Rangees.clear();
+    personne_->Rafraichir();
     ui_->NumPerso->blockSignals(true);
     ui_->NumPerso->setText("0");
     ui_->NumPerso->blockSignals(false);
@@ -129,51 +197,379 @@ std::int32_t Fiche::PremierePersonne(std::int32_t proposee) const {
 }
 
 void Fiche::MettreEnPlaceFichier(std::int32_t premiere) {
-    ui_->CadrePerso->setTitle("Personne");
+    ui_->CadrePerso->setTitle("Personne :");
     for (QWidget* w : {static_cast<QWidget*>(ui_->CadrePerso), static_cast<QWidget*>(ui_->CadreParents),
                        static_cast<QWidget*>(ui_->CadreUnions), static_cast<QWidget*>(ui_->CadreEnfants),
                        static_cast<QWidget*>(ui_->CadreDivers), static_cast<QWidget*>(ui_->Photo)})
         w->show();
     ui_->NumPerso->show();
     ui_->MenuFermer->setEnabled(true);
+    ui_->BarreMenu_1->setEnabled(true);
+    for (QAction* a : {ui_->MenuListePersos, ui_->MenuListeFamis, ui_->MenuListeNotes, ui_->MenuListeSources,
+                       ui_->MenuListeFichiers, ui_->MenuFichesRecentes})
+        a->setEnabled(true);
+    for (int i : {5, 6, 7, 8, 19})
+        if (auto* a = findChild<QAction*>(QString("IcoCommande%1").arg(i))) a->setEnabled(true);
     findChild<QAction*>("IcoCommande1")->setVisible(false);
     findChild<QAction*>("IcoCommande2")->setToolTip("Importer un fichier...");
     base_.FicheModifiee = base_.FichierModifie = kFaux;
     ouvert_ = true;
+    ui_->NumPerso->blockSignals(true);
     ui_->NumPerso->setText(QString::number(premiere));
+    ui_->NumPerso->blockSignals(false);
     AfficherFiche();
     ActualiserTitre();
 }
 
 void Fiche::AfficherFiche() {
-    const std::int32_t n = ui_->NumPerso->text().toInt();
-    if (n < -1 || n > base_.Persos.Haut()) return;
-    const Perso& p = std::as_const(base_.Persos)[n];
-    ui_->Nom->setEditText(VersQString(p.Nom));
-    ui_->Prenoms->setEditText(VersQString(p.Prenoms));
-    ui_->Metier->setEditText(VersQString(p.Metier));
-    ui_->Sexe1->setChecked(p.Sexe == 'M');
-    ui_->Sexe2->setChecked(p.Sexe == 'F');
-    ui_->Ref->setText(VersQString(p.Suite().Ref));
-    ui_->Naissance->setText(TexteActe(p.Naissance));
-    ui_->Bapteme->setText(TexteActe(p.Bapteme));
-    ui_->Deces->setText(TexteActe(p.Deces));
-    ui_->Sepulture->setText(TexteActe(p.Sepulture));
-    QString notes = VersQString(p.Notes);
-    notes.replace("\r\n", "\n");
-    ui_->Notes->setPlainText(notes);
-    const Fami& parents = std::as_const(base_.Familles)[p.NumParents];
-    ui_->Pere->setText(NomComplet(base_, parents.Mari));
-    ui_->Mere->setText(NomComplet(base_, parents.Femme));
-    ui_->Union->clear();
-    for (int i = 1; i <= kMaxUnions && p.Unions[i] > 0; ++i) {
-        const Fami& f = std::as_const(base_.Familles)[p.Unions[i]];
-        ui_->Union->addItem(NomComplet(base_, f.Mari == n ? f.Femme : f.Mari));
+    const QString texte = ui_->NumPerso->text().trimmed();
+    std::int64_t n = ValeurNumerique(DepuisQString(texte));
+    if (texte.startsWith('-')) n = -n;
+    switch (ExaminerNumero(base_, n)) {
+        case EtatNumero::Ignorer: return;
+        case EtatNumero::HorsTableau:
+            dialogue_->Message("Erreur m\xE9moire", "Erreur ! La personne demand\xE9" "e ne peut pas \xEAtre affich\xE9" "e.",
+                               Icone::Stop);
+            return;
+        case EtatNumero::Afficher: break;
     }
+    base_.NumCourant = static_cast<std::int32_t>(n < 0 ? -n : n);
+    base_.Chargement = kVrai;
+    contenu_ = CalculerFiche(base_, Contexte(), base_.NumCourant);
+    PoserContenu();
+    base_.FicheModifiee = kFaux;
+    base_.Chargement = kFaux;
+}
+
+ContexteFiche Fiche::Contexte() const {
+    ContexteFiche c(options_);
+    const auto message = [this](int n, std::string& champ) {
+        if (!messages_(n).empty()) champ = messages_(n);
+    };
+    message(590, c.MotSosa);
+    message(591, c.MotModifiee);
+    message(49, c.LegendeParents);
+    message(593, c.AucunEnfant);
+    message(594, c.UnEnfant);
+    message(595, c.DesEnfants);
+    const QFontMetrics mesure(ui_->Naissance->font());
+    c.LargeurActe.maximum = std::max(ui_->Naissance->width() - kMargeActe, 40);
+    c.LargeurActe.mesure = [mesure](std::string_view s) { return mesure.horizontalAdvance(VersQString(s)); };
+    c.ListeEnfantsOuverte = personne_->isVisible() && personne_->Liste().Genre == "enfants";
+    return c;
+}
+
+void Fiche::PoserContenu() {
+    const ContenuFiche& c = contenu_;
+    ui_->CadrePerso->setTitle(VersQString(c.LegendePerso));
+    ui_->Sel->setChecked(c.Sel);
+    ui_->Nom->setEditText(VersQString(c.Nom));
+    ui_->Prenoms->setEditText(VersQString(c.Prenoms));
+    ui_->Sexe1->setChecked(c.Sexe == 'M');
+    ui_->Sexe2->setChecked(c.Sexe == 'F');
+    if (c.Sexe == ' ') {
+        // Aucun bouton coché : la règle ne colore rien.
+        ui_->Sexe1->setAutoExclusive(false);
+        ui_->Sexe1->setChecked(false);
+        ui_->Sexe2->setChecked(false);
+        ui_->Sexe1->setAutoExclusive(true);
+    }
+    ColorerSexe();
+    ui_->Metier->setEditText(VersQString(c.Metier));
+    ui_->Ref->setText(VersQString(c.Ref));
+    const std::pair<QLabel*, const std::string*> actes[] = {
+        {ui_->Naissance, &c.Naissance}, {ui_->Bapteme, &c.Bapteme}, {ui_->Deces, &c.Deces}, {ui_->Sepulture, &c.Sepulture}};
+    for (const auto& [label, texte] : actes) label->setText(VersQString(*texte));
+    ui_->IntRech1->setChecked(c.IntRechAscendance);
+    ui_->IntRech2->setChecked(c.IntRechDescendance);
+    ui_->Notes->setPlainText(Lignes(c.Notes));
+    ui_->Notes->setToolTip(VersQString(c.BulleNotes));
+    const std::pair<QLineEdit*, const std::string*> adresse[] = {
+        {ui_->Adresse1, &c.Adresse1}, {ui_->Adresse2, &c.Adresse2}, {ui_->Etat, &c.Etat},
+        {ui_->CP, &c.CP},             {ui_->Ville, &c.Ville},       {ui_->Pays, &c.Pays},
+        {ui_->Telephone, &c.Telephone}, {ui_->EMail, &c.EMail},     {ui_->URL, &c.URL}};
+    for (const auto& [champ, texte] : adresse) {
+        champ->setText(VersQString(*texte));
+        champ->setCursorPosition(0);
+    }
+    ui_->CadreParents->setTitle(VersQString(c.LegendeParents));
+    ui_->Pere->setText(VersQString(c.Pere));
+    ui_->Pere->setToolTip(VersQString(c.BullePere));
+    ui_->Mere->setText(VersQString(c.Mere));
+    ui_->Mere->setToolTip(VersQString(c.BulleMere));
+    ui_->Pere->setEnabled(c.NumParents > 0);
+    ui_->Mere->setEnabled(c.NumParents > 0);
+    ui_->Union->clear();
+    for (const auto& r : c.Unions) {
+        auto* item = new QListWidgetItem(VersQString(r.texte), ui_->Union);
+        item->setToolTip(VersQString(r.bulle));
+    }
+    PoserEnfants();
+    ui_->ListeDivers->clear();
+    for (const auto& r : c.Divers) {
+        auto* item = new QListWidgetItem(VersQString(r.texte), ui_->ListeDivers);
+        item->setToolTip(VersQString(r.bulle));
+    }
+    PoserPhoto();
+    ui_->DefilV->verticalScrollBar()->setValue(0);
+}
+
+void Fiche::PoserEnfants() {
+    ui_->LabelEnfants->setText(VersQString(contenu_.LabelEnfants));
     ui_->Enfant->clear();
-    for (int i = 1; i <= kMaxUnions && p.Unions[i] > 0; ++i)
-        for (const auto& [rang, enfant] : std::as_const(base_.Familles)[p.Unions[i]].Enfants)
-            if (rang > 0) ui_->Enfant->addItem(NomComplet(base_, enfant));
+    for (const auto& r : contenu_.Enfants) {
+        auto* item = new QListWidgetItem(VersQString(r.texte), ui_->Enfant);
+        item->setToolTip(VersQString(r.bulle));
+    }
+}
+
+void Fiche::PoserPhoto() {
+    std::string chemin = contenu_.Photo;
+    // Une rangée choisie de la liste des fichiers passe avant la première image.
+    const int choisie = ui_->ListeDivers->currentRow();
+    if (choisie >= 0 && ui_->ListeDivers->item(choisie)->isSelected())
+        chemin = contenu_.Divers[static_cast<std::size_t>(choisie)].bulle;
+    ui_->Photo->clear();
+    if (chemin.empty()) return;
+    const auto fichier = TrouverFichierLie(chemin, options_.Chemin[2],
+                                           std::filesystem::path(gedcom_.Fichier).parent_path());
+    if (!fichier) return;
+    const QPixmap image(QString::fromStdString(fichier->string()));
+    if (image.isNull()) return;
+    // L'image tient dans la place laissée, proportions gardées.
+    const QSize place = ui_->Photo->size().boundedTo(QSize(ui_->CadreDivers->width() / 2, 400));
+    ui_->Photo->setPixmap(image.scaled(place, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+}
+
+void Fiche::ColorerSexe() {
+    ui_->Sexe1->setStyleSheet(ui_->Sexe1->isChecked() ? QString("background-color: %1").arg(kFondMasculin) : QString());
+    ui_->Sexe2->setStyleSheet(ui_->Sexe2->isChecked() ? QString("background-color: %1").arg(kFondFeminin) : QString());
+}
+
+// La saisie sur la fiche vient avec l'enregistrement de la fiche : d'ici là les
+// champs se lisent sans se modifier, pour qu'aucune frappe ne se perde.
+void Fiche::VerrouillerSaisie() {
+    for (QComboBox* c : {ui_->Nom, ui_->Prenoms, ui_->Metier}) c->lineEdit()->setReadOnly(true);
+    for (QWidget* w : {static_cast<QWidget*>(ui_->Sel), static_cast<QWidget*>(ui_->Sexe1),
+                       static_cast<QWidget*>(ui_->Sexe2), static_cast<QWidget*>(ui_->IntRech1),
+                       static_cast<QWidget*>(ui_->IntRech2)}) {
+        w->setAttribute(Qt::WA_TransparentForMouseEvents);
+        w->setFocusPolicy(Qt::NoFocus);
+    }
+}
+
+void Fiche::AllerA(std::int32_t numero, bool selectionner) {
+    ui_->NumPerso->setText(QString::number(numero));
+    if (selectionner) ui_->NumPerso->selectAll();
+}
+
+bool Fiche::ToucheNumPerso(QKeyEvent* k) {
+    const QString t = k->text();
+    if (t.size() != 1 || k->key() == Qt::Key_Backspace || k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter ||
+        k->key() == Qt::Key_Tab || k->key() == Qt::Key_Escape || k->key() == Qt::Key_Delete)
+        return false;
+    const QChar c = t.front();
+    if (c.isDigit()) return false;
+    if (!ouvert_) return true;
+    if (c == ' ') {
+        std::int32_t modele = 0;
+        if (personne_->isVisible()) {
+            const int r = personne_->RangeeChoisie();
+            const LectureQueue q = r > 0 ? LireQueue(personne_->Liste().Rangees[static_cast<std::size_t>(r)].texte)
+                                         : LectureQueue{};
+            if (q.genre == 'P') modele = q.numero;
+        }
+        AllerA(NouvellePersonne(base_, true, gedcom_.OptRenum, modele), false);
+        ActualiserTitre();
+        ui_->Nom->setFocus();
+        return true;
+    }
+    const std::int32_t actuel = static_cast<std::int32_t>(ValeurNumerique(DepuisQString(ui_->NumPerso->text())));
+    if (const auto vers = arbolix::ToucheNumPerso(base_, actuel, DepuisQString(t).front())) AllerA(*vers, true);
+    return true;  // toute autre touche est avalée
+}
+
+void Fiche::CliquerUnion(int rangee) {
+    if (rangee < 0 || static_cast<std::size_t>(rangee) >= contenu_.Unions.size()) return;
+    const std::string& t = contenu_.Unions[static_cast<std::size_t>(rangee)].texte;
+    CalculerEnfants(base_, Contexte(), LireQueue(t).numero, contenu_);
+    PoserEnfants();
+}
+
+void Fiche::DoubleCliquerUnion(int rangee) {
+    if (rangee < 0 || static_cast<std::size_t>(rangee) >= contenu_.Unions.size()) return;
+    const std::int32_t conjoint = ConjointDeRangee(contenu_.Unions[static_cast<std::size_t>(rangee)].texte);
+    // Une union sans conjoint : la création d'une fiche viendra avec l'édition des unions.
+    if (PersonneExiste(base_, conjoint)) AllerA(conjoint, true);
+}
+
+void Fiche::DoubleCliquerListeNumero(QListWidget* liste, int rangee) {
+    if (rangee < 0) return;
+    const std::int32_t n = LireQueue(DepuisQString(liste->item(rangee)->text())).numero;
+    if (n > 0) AllerA(n, true);
+}
+
+bool Fiche::eventFilter(QObject* objet, QEvent* e) {
+    if (objet == ui_->NumPerso && e->type() == QEvent::KeyPress) return ToucheNumPerso(static_cast<QKeyEvent*>(e));
+    if (e->type() == QEvent::MouseButtonDblClick) {
+        if (objet == ui_->Pere && contenu_.NumPere > 0) AllerA(contenu_.NumPere, true);
+        if (objet == ui_->Mere && contenu_.NumMere > 0) AllerA(contenu_.NumMere, true);
+    }
+    return QMainWindow::eventFilter(objet, e);
+}
+
+void Fiche::resizeEvent(QResizeEvent* e) {
+    QMainWindow::resizeEvent(e);
+    // Les résumés d'évènements se recoupent à la nouvelle largeur des étiquettes.
+    if (!ouvert_) return;
+    const ContexteFiche c = Contexte();
+    const Perso& p = std::as_const(base_.Persos)[contenu_.Numero];
+    const std::pair<QLabel*, const Acte*> actes[] = {
+        {ui_->Naissance, &p.Naissance}, {ui_->Bapteme, &p.Bapteme}, {ui_->Deces, &p.Deces}, {ui_->Sepulture, &p.Sepulture}};
+    for (const auto& [label, acte] : actes) label->setText(VersQString(LigneActe(base_, *acte, true, c.LargeurActe)));
+}
+
+// ---- Listes ----
+
+ContexteListe Fiche::ContexteDesListes() {
+    ContexteListe c(options_, reponses_, inviter_);
+    c.NomFiche = contenu_.Nom;
+    c.PrenomsFiche = contenu_.Prenoms;
+    c.Renumeroter = gedcom_.OptRenum;
+    if (ui_->Union->count() > 0) {
+        const int r = ui_->Union->currentRow() >= 0 ? ui_->Union->currentRow() : 0;
+        c.ConjointFiche = ConjointDeRangee(DepuisQString(ui_->Union->item(r)->text()));
+    }
+    return c;
+}
+
+void Fiche::OuvrirLaListe(bool rempli) {
+    QApplication::restoreOverrideCursor();
+    if (!rempli) return;
+    personne_->Montrer();
+}
+
+void Fiche::MenuListePersos() {
+    ContexteListe c = ContexteDesListes();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    OuvrirLaListe(ChercherEtLister(base_, c, QuoiListe::Persos, personne_->Liste()));
+}
+
+void Fiche::MenuListeFamis() {
+    ContexteListe c = ContexteDesListes();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    OuvrirLaListe(ChercherEtLister(base_, c, QuoiListe::Famis, personne_->Liste()));
+}
+
+void Fiche::MenuListeNotes() {
+    ContexteListe c = ContexteDesListes();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    OuvrirLaListe(ListeNotes(base_, c, personne_->Liste()));
+}
+
+void Fiche::MenuListeSources() {
+    ContexteListe c = ContexteDesListes();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    OuvrirLaListe(ListeSources(base_, c, personne_->Liste()));
+}
+
+void Fiche::MenuListeFichiers() {
+    ContexteListe c = ContexteDesListes();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    OuvrirLaListe(ListeFichiers(base_, c, personne_->Liste()));
+}
+
+void Fiche::MenuFichesRecentes() {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const std::string titre = DepuisQString(ui_->MenuFichesRecentes->text().remove('&'));
+    OuvrirRecents(base_, options_, titre, Maintenant(), personne_->Liste());
+    OuvrirLaListe(true);
+    personne_->Choisir(0);
+}
+
+void Fiche::ReagirListe(const Reaction& r) {
+    switch (r.action) {
+        case ActionListe::Rien: break;
+        case ActionListe::Afficher:
+            if (r.numero > 0) AllerA(r.numero, true);
+            break;
+        case ActionListe::NouvellePersonne: {
+            const std::int32_t modele = personne_->Liste().Rangees.empty() ? 0 : personne_->Liste().Rangees[0].valeur;
+            AllerA(NouvellePersonne(base_, true, gedcom_.OptRenum, modele), true);
+            ActualiserTitre();
+            break;
+        }
+        case ActionListe::AgrandirRecents:
+            AgrandirRecents(base_, options_, Maintenant(), personne_->Liste());
+            personne_->Rafraichir();
+            personne_->Choisir(0);
+            break;
+        case ActionListe::OuvrirFichier: OuvrirFichierLie(r.chemin, false); break;
+        case ActionListe::ProprietesFichier:
+            if (OuvrirFichierLie(r.chemin, true)) {
+                AllerA(r.puisAfficher, true);
+                // La rangée du fichier est choisie dans la liste de la fiche.
+                const auto trouve = ui_->ListeDivers->findItems(VersQString(SansBlancs(r.chemin)), Qt::MatchContains);
+                if (!trouve.isEmpty()) ui_->ListeDivers->setCurrentItem(trouve.front());
+            }
+            break;
+        case ActionListe::OuvrirNote:
+        case ActionListe::OuvrirSource: {
+            const auto& table = r.action == ActionListe::OuvrirNote ? base_.Notes : base_.Sources;
+            if (r.numero > 0 && r.numero <= table.Haut())
+                MontrerTexte(std::as_const(table)[r.numero], personne_->Liste().Titre);
+            if (r.puisAfficher > 0) AllerA(r.puisAfficher, true);
+            break;
+        }
+    }
+}
+
+void Fiche::MontrerTexte(const NoteExt& note, std::string_view titre) {
+    std::string texte = note.Titre.str();
+    if (!texte.empty()) texte += "\r\n\r\n";
+    texte += note.Texte.vue();
+    editeur_->Montrer(VersQString(note.Titre.empty() ? titre : note.Titre.vue()), texte);
+}
+
+// Ouvre le fichier dans son programme, ou son dossier pour ses propriétés ; faux
+// (après le message des règles) quand il est introuvable.
+bool Fiche::OuvrirFichierLie(const std::string& chemin, bool proprietes) {
+    const auto fichier = TrouverFichierLie(chemin, options_.Chemin[2], std::filesystem::path(gedcom_.Fichier).parent_path());
+    if (!fichier) {
+        dialogue_->Message("Fichier introuvable", MessageFichierIntrouvable(chemin, false), Icone::Attention);
+        return false;
+    }
+    dialogue_->OuvrirDansProgramme(proprietes ? fichier->parent_path().string() : fichier->string());
+    return true;
+}
+
+// ---- Zoom et place de la fenêtre de liste ----
+
+void Fiche::AppliquerZoom(const Zoom& zoom) {
+    zoom_ = zoom;
+    QFont f = policeConception_;
+    if (f.pointSizeF() > 0) f.setPointSizeF(f.pointSizeF() * zoom.ZoomPolice);
+    setFont(f);
+    personne_->setFont(f);
+    ui_->CadrePerso->setFixedWidth(static_cast<int>(largeurPerso_ * zoom.ZoomLargeur));
+}
+
+// Les réglages gardent la place en twips, 15 par point d'écran.
+void Fiche::PlacerPersonne() {
+    if (ini_.empty()) return;
+    const PositionFenetre p = LirePositionPersonne(ini_);
+    constexpr double kTwips = 15;
+    personne_->setGeometry(static_cast<int>(p.L / kTwips), static_cast<int>(p.T / kTwips),
+                           std::max(200, static_cast<int>(p.W / kTwips * zoom_.ZoomLargeur)),
+                           std::max(150, static_cast<int>(p.H / kTwips * zoom_.ZoomHauteur)));
+}
+
+void Fiche::RetenirPlacePersonne() {
+    if (ini_.empty()) return;
+    constexpr double kTwips = 15;
+    const QRect g = personne_->geometry();
+    EcrirePositionPersonne(ini_, {g.x() * kTwips, g.y() * kTwips, g.width() / zoom_.ZoomLargeur * kTwips,
+                                  g.height() / zoom_.ZoomHauteur * kTwips});
 }
 
 void Fiche::OuvrirGedcom(ModeGedcom mode) {
@@ -234,6 +630,7 @@ void Fiche::RetenirFichier() {
 
 void Fiche::MenuConfig() {
     FenetreOptions fenetre(options_, recents_, ini_, *dialogue_, ARBOLIX_VERSION_MAJEURE, this);
+    connect(&fenetre, &FenetreOptions::ZoomChange, this, &Fiche::AppliquerZoom);
     fenetre.DefinirFichierPresent(ouvert_ ? gedcom_.Fichier : std::string());
     TraduireFenetre(fenetre, messages_, ReglerPassage(kCodeLangue, ARBOLIX_VERSION_MAJEURE), *dialogue_);
     fenetre.exec();
@@ -253,7 +650,8 @@ void Fiche::ChargerTextes(const std::filesystem::path& dossier) {
     gedcomForm_->FixerTitreParcourir(texte(550, "Choisissez un fichier Gedcom"));
     const PassageTextes passage = ReglerPassage(kCodeLangue, ARBOLIX_VERSION_MAJEURE);
     for (QWidget* f : {static_cast<QWidget*>(this), static_cast<QWidget*>(gedcomForm_),
-                       static_cast<QWidget*>(editeur_)})
+                       static_cast<QWidget*>(editeur_), static_cast<QWidget*>(personne_),
+                       static_cast<QWidget*>(invite_)})
         TraduireFenetre(*f, messages_, passage, *dialogue_);
     if (passage.traduire) TraduireMenus(*this, messages_);
 }
@@ -280,6 +678,8 @@ void Fiche::closeEvent(QCloseEvent* e) {
         e->ignore();
         return;
     }
+    RetenirPlacePersonne();
+    personne_->close();
     e->accept();
 }
 
@@ -308,6 +708,11 @@ void Fiche::Demarrer(const std::string& ligneCommande, const std::string& execut
     ini_ = CheminIni(dossier);
     options_ = ChargerOptions(ini_, *dialogue_);
     ChargerTextes(dossier);
+    if (QScreen* ecran = screen()) {
+        const QSize taille = ecran->size();
+        AppliquerZoom(TesterZoom(options_.ZoomFen, options_.PourcentZoom, taille.width(), taille.height()).zoom);
+    }
+    PlacerPersonne();
     recents_ = LireFichiersRecents(ini_, options_, false);
     if (ReglagesAnciens(ini_, ARBOLIX_VERSION_MAJEURE))
         EnregistrerOptions(ini_, options_, recents_, *dialogue_, ARBOLIX_VERSION_MAJEURE);

@@ -7,8 +7,11 @@
 #include <vector>
 
 #include "app/messages.h"
+#include "app/zoom.h"
+#include "card/contenu_fiche.h"
 #include "gedcom/lecteur.h"
 #include "gedcom/options_gedcom.h"
+#include "lists/listes.h"
 #include "store/base.h"
 #include "store/options.h"
 #include "ui/dialogue_qt.h"
@@ -17,10 +20,14 @@ namespace Ui {
 class Fiche;
 }
 
+class QListWidget;
+
 namespace arbolix {
 
 class Editeur;
 class Gedcom;
+class InputMsgBox;
+class Personne;
 
 class Fiche : public QMainWindow {
     Q_OBJECT
@@ -36,9 +43,12 @@ public:
     OptionsGedcom& gedcom() { return gedcom_; }
     Gedcom& FormGedcom() { return *gedcomForm_; }
     Editeur& FormEditeur() { return *editeur_; }
+    Personne& FormPersonne() { return *personne_; }
     Dialogue& dialogue() { return *dialogue_; }
-    // Pour les tests : un autre Dialogue (faux) à la place des boîtes Qt.
+    const ContenuFiche& Contenu() const { return contenu_; }
+    // Pour les tests : un autre Dialogue (faux) à la place des boîtes Qt, une autre invite.
     void RemplacerDialogue(Dialogue* d) { dialogue_ = d; }
+    void RemplacerInviter(Inviter i) { inviter_ = std::move(i); }
 
     // Lit le fichier gedcom().Fichier avec ses cases ; rend faux s'il n'a pas pu l'être.
     bool ChargerFichier(Progression& progression);
@@ -53,11 +63,19 @@ public slots:
     void MenuQuitter();
     void MenuConfig();
     void AfficherFiche();
+    void MenuListePersos();
+    void MenuListeFamis();
+    void MenuListeNotes();
+    void MenuListeSources();
+    void MenuListeFichiers();
+    void MenuFichesRecentes();
 
 protected:
     void closeEvent(QCloseEvent* e) override;
     void dragEnterEvent(QDragEnterEvent* e) override;
     void dropEvent(QDropEvent* e) override;
+    void resizeEvent(QResizeEvent* e) override;
+    bool eventFilter(QObject* objet, QEvent* e) override;
 
 private:
     void CreerIcones();
@@ -68,6 +86,30 @@ private:
     void CreerFichierVide();
     std::int32_t PremierePersonne(std::int32_t proposee) const;
 
+    // Fiche : calcul dans le noyau, pose dans les contrôles.
+    ContexteFiche Contexte() const;
+    void PoserContenu();
+    void PoserEnfants();
+    void PoserPhoto();
+    void ColorerSexe();
+    void VerrouillerSaisie();
+    void AllerA(std::int32_t numero, bool selectionner);
+    bool ToucheNumPerso(QKeyEvent* k);
+    void CliquerUnion(int rangee);
+    void DoubleCliquerUnion(int rangee);
+    void DoubleCliquerListeNumero(QListWidget* liste, int rangee);
+
+    // Listes : remplissage par le noyau, fenêtre Personne, réactions à ses clics.
+    ContexteListe ContexteDesListes();
+    void OuvrirLaListe(bool rempli);
+    void ReagirListe(const Reaction& r);
+    bool OuvrirFichierLie(const std::string& chemin, bool proprietes);
+    void MontrerTexte(const NoteExt& note, std::string_view titre);
+
+    void AppliquerZoom(const Zoom& zoom);
+    void PlacerPersonne();
+    void RetenirPlacePersonne();
+
     std::unique_ptr<Ui::Fiche> ui_;
     Base base_;
     Options options_;
@@ -76,10 +118,18 @@ private:
     Dialogue* dialogue_;
     Gedcom* gedcomForm_;
     Editeur* editeur_;
+    Personne* personne_;
+    InputMsgBox* invite_;
+    Inviter inviter_;
+    ReponsesListes reponses_;
     TextesLecture textes_;
     std::filesystem::path ini_;
     Messages messages_;
     std::vector<std::string> recents_;
+    ContenuFiche contenu_;
+    Zoom zoom_;
+    int largeurPerso_ = 0;  // largeur de conception du cadre de la personne
+    QFont policeConception_;
     bool ouvert_ = false;
 };
 

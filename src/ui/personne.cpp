@@ -1,0 +1,128 @@
+#include "ui/personne.h"
+
+#include <QKeyEvent>
+#include <QListView>
+#include <QToolTip>
+
+#include "lists/rangees.h"
+#include "platform/qt_texte.h"
+#include "ui/modele_liste.h"
+#include "ui_personne.h"
+
+namespace arbolix {
+
+Personne::Personne(const Base& base, const Options& options, QWidget* parent)
+    : QDialog(parent), base_(base), options_(options), ui_(std::make_unique<Ui::Personne>()) {
+    ui_->setupUi(this);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    modele_ = new ModeleListe(liste_, this);
+    ui_->Liste->setModel(modele_);
+    ui_->Liste->installEventFilter(this);
+    connect(ui_->Liste, &QListView::clicked, this, [this](const QModelIndex& i) { Cliquer(i.row()); });
+    connect(ui_->Liste, &QListView::doubleClicked, this, [this](const QModelIndex& i) { DoubleCliquer(i.row()); });
+    connect(ui_->Liste, &QListView::customContextMenuRequested, this, [this](const QPoint& p) {
+        const QModelIndex i = ui_->Liste->indexAt(p);
+        CliquerDroit(i.isValid() ? i.row() : modele_->rowCount() - 1);
+    });
+}
+
+Personne::~Personne() = default;
+
+QString Personne::Genre() const { return VersQString(liste_.Genre); }
+
+void Personne::Montrer() {
+    setWindowTitle(VersQString(liste_.Titre));
+    Rafraichir();
+    show();
+    raise();
+    activateWindow();
+    ui_->Liste->setFocus();
+}
+
+void Personne::Rafraichir() {
+    modele_->Recharger();
+    ui_->Liste->setToolTip({});
+}
+
+int Personne::RangeeChoisie() const {
+    const QModelIndex i = ui_->Liste->currentIndex();
+    return i.isValid() && ui_->Liste->selectionModel()->isSelected(i) ? i.row() : -1;
+}
+
+void Personne::Choisir(int rangee) {
+    if (rangee < 0 || rangee >= modele_->rowCount()) return;
+    const QModelIndex i = modele_->index(rangee);
+    ui_->Liste->setCurrentIndex(i);
+    ui_->Liste->scrollTo(i);
+}
+
+void Personne::Cliquer(int rangee) {
+    if (rangee < 0 || rangee >= modele_->rowCount()) return;
+    const std::size_t r = static_cast<std::size_t>(rangee);
+    ui_->Liste->setToolTip(VersQString(BulleRangee(base_, options_, liste_, r)));
+    // La personne choisie sert de modèle à une nouvelle fiche (nom, prénoms, sexe).
+    const LectureQueue q = LireQueue(liste_.Rangees[r].texte);
+    if (q.genre == 'P' && q.numero > 0 && rangee != 0) liste_.Rangees[0].valeur = q.numero;
+}
+
+void Personne::DoubleCliquer(int rangee) {
+    if (rangee < 0 || rangee >= modele_->rowCount()) return;
+    Choisir(rangee);
+    ui_->Liste->setToolTip({});
+    const Reaction r = DoubleClic(base_, options_, liste_, static_cast<std::size_t>(rangee));
+    if (r.fermer) hide();
+    emit Reagir(r);
+}
+
+void Personne::CliquerDroit(int rangee) {
+    if (rangee < 0 || rangee >= modele_->rowCount()) return;
+    Choisir(rangee);
+    const Reaction r = ClicDroit(base_, options_, liste_, static_cast<std::size_t>(rangee));
+    emit Reagir(r);
+    // La fiche a changé derrière : la liste revient devant.
+    if (isVisible()) {
+        raise();
+        activateWindow();
+    }
+}
+
+void Personne::keyPressEvent(QKeyEvent* e) {
+    if (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter) {
+        DoubleCliquer(RangeeChoisie());
+        return;
+    }
+    if (e->key() == Qt::Key_Escape) {
+        hide();
+        return;
+    }
+    QDialog::keyPressEvent(e);
+}
+
+bool Personne::eventFilter(QObject* objet, QEvent* e) {
+    if (objet == ui_->Liste && e->type() == QEvent::KeyPress) {
+        auto* k = static_cast<QKeyEvent*>(e);
+        if (k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter || k->key() == Qt::Key_Escape) {
+            keyPressEvent(k);
+            return true;
+        }
+        // Une lettre minuscule saute à la première rangée qui n'est pas avant elle.
+        const QString t = k->text();
+        if (t.size() == 1 && k->modifiers() == Qt::NoModifier) {
+            const auto saut = SautLettre(liste_, DepuisQString(t).front());
+            if (saut) Choisir(static_cast<int>(*saut));
+            return true;
+        }
+    }
+    return QDialog::eventFilter(objet, e);
+}
+
+bool Personne::event(QEvent* e) {
+    if (e->type() == QEvent::WindowActivate) {
+        ui_->Liste->setToolTip({});
+        if (liste_.Genre != "enfants" && liste_.Genre != "conjoint" && !liste_.Rangees.empty())
+            liste_.Rangees[0].valeur = 0;
+    }
+    return QDialog::event(e);
+}
+
+}  // namespace arbolix
