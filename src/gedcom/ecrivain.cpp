@@ -116,7 +116,10 @@ void EcrivainGedcom::Vider(bool toujours) {
 }
 
 bool EcrivainGedcom::EcrireGedcom() {
-    tampon_.reserve(kBloc + kBloc / 4);
+    // Sans flux tout reste en mémoire : une estimation évite les recopies d'un tampon qui double.
+    tampon_.reserve(flux_ ? kBloc + kBloc / 4
+                          : 4096 + 128 * static_cast<std::size_t>(std::max(base_.NbPersos, 0)) +
+                                64 * static_cast<std::size_t>(std::max(base_.NbFamis, 0)));
     Ajouter(ctx_.entete);
     Ligne("1 DATE ", DateGedcom(ctx_.aujourdhui.empty() ? DateDuJour() : ctx_.aujourdhui, cases_.Dates));
     const Texte& noteFichier = Fiche(base_.Notes, -1).Texte;
