@@ -2,11 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <map>
 #include <sstream>
 #include <string>
 
 #include "dates/calendrier_gregorien.h"
 #include "gedcom/comparaison_test.h"
+#include "gedcom/lecteur.h"
+#include "lists/selection.h"
+#include "platform/progression.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 namespace {
@@ -344,6 +350,197 @@ TEST(Ecrivain, EnteteDuProgramme) {
     EXPECT_TRUE(e.starts_with("0 HEAD\r\n1 SOUR Arbolix\r\n2 VERS " ARBOLIX_VERSION "\r\n2 CORP "));
     EXPECT_TRUE(e.ends_with("1 GEDC\r\n2 VERS 5.5\r\n2 FORM LINEAGE-LINKED\r\n1 CHAR ANSI\r\n1 LANG French\r\n"
                             "1 DEST ANSTFILE\r\n"));
+}
+
+// Vue à plat d'une base : une clé par champ non vide ("I1.Naissance.Date"),
+// pour comparer deux bases champ par champ et nommer ce qui diffère.
+using Champs = std::map<std::string, std::string>;
+
+void DecrireActe(Champs& c, const std::string& cle, const Acte& a) {
+    const auto mettre = [&](const std::string& k, std::string_view v) {
+        if (!v.empty()) c[cle + "." + k] = v;
+    };
+    mettre("Date", a.Date);
+    mettre("DateTri", a.DateTri);
+    if (a.Annee) c[cle + ".Annee"] = std::to_string(a.Annee);
+    mettre("Lieu", a.Lieu);
+    mettre("Notes", a.Notes);
+    mettre("Source", a.Source);
+    for (const auto& [i, m] : a.Liens().Medias) c[cle + ".Medias" + std::to_string(i)] = std::to_string(m);
+    for (const auto& [i, t] : a.Liens().Temoins) c[cle + ".Temoins" + std::to_string(i)] = std::to_string(t);
+    for (const auto& [i, r] : a.Liens().RolesTemoins) c[cle + ".RolesTemoins" + std::to_string(i)] = r.str();
+}
+
+Champs DecrireBase(const Base& b) {
+    Champs c;
+    const auto nombre = [&](const std::string& k, double v) {
+        std::ostringstream o;
+        o.precision(12);
+        o << v;
+        if (v != 0) c[k] = o.str();
+    };
+    const auto texte = [&](const std::string& k, std::string_view v) {
+        if (!v.empty()) c[k] = v;
+    };
+    for (std::int32_t n = -1; n <= b.NbPersos; ++n) {
+        const Perso& p = b.Persos[n];
+        const std::string k = "I" + std::to_string(n) + ".";
+        texte(k + "Nom", p.Nom), texte(k + "Prenoms", p.Prenoms), texte(k + "NomTri", p.NomTri);
+        texte(k + "CodeNom", p.CodeNom), texte(k + "Metier", p.Metier), texte(k + "CodesMetiers", p.CodesMetiers);
+        texte(k + "Titre", p.Titre), texte(k + "Notes", p.Notes);
+        if (p.Sexe != ' ') c[k + "Sexe"] = std::string(1, p.Sexe);
+        DecrireActe(c, k + "Naissance", p.Naissance), DecrireActe(c, k + "Bapteme", p.Bapteme);
+        DecrireActe(c, k + "Deces", p.Deces), DecrireActe(c, k + "Sepulture", p.Sepulture);
+        nombre(k + "NumParents", p.NumParents), nombre(k + "Sel", p.Sel), nombre(k + "DateModif", p.DateModif);
+        nombre(k + "Interet", p.Interet);
+        for (int i = 1; i <= kMaxUnions; ++i) nombre(k + "Unions" + std::to_string(i), p.Unions[i]);
+        const PersoSuite& s = p.Suite();
+        for (const auto& [nom, v] : {std::pair{"Adresse1", &s.Adresse1}, {"Adresse2", &s.Adresse2}, {"Etat", &s.Etat},
+                                     {"CP", &s.CP}, {"Ville", &s.Ville}, {"Pays", &s.Pays}, {"Telephone", &s.Telephone},
+                                     {"EMail", &s.EMail}, {"URL", &s.URL}, {"Ref", &s.Ref}})
+            texte(k + nom, *v);
+        for (const auto& [i, f] : s.Fichiers) texte(k + "Fichiers" + std::to_string(i), f);
+        for (const auto& [i, m] : s.ObjetsMedia) nombre(k + "ObjetsMedia" + std::to_string(i), m);
+    }
+    for (std::int32_t n = 1; n <= b.NbFamis; ++n) {
+        const Fami& f = b.Familles[n];
+        const std::string k = "F" + std::to_string(n) + ".";
+        nombre(k + "Mari", f.Mari), nombre(k + "Femme", f.Femme), nombre(k + "Sel", f.Sel);
+        nombre(k + "DateModif", f.DateModif);
+        DecrireActe(c, k + "Contrat", f.Contrat), DecrireActe(c, k + "Mariage", f.Mariage);
+        DecrireActe(c, k + "Divorce", f.Divorce);
+        for (const auto& [i, e] : f.Enfants) nombre(k + "Enfants" + std::to_string(i), e);
+    }
+    const auto notes = [&](const Tableau<NoteExt>& t, std::int32_t fin, const std::string& lettre) {
+        for (std::int32_t n = -1; n <= fin; ++n) {
+            const NoteExt& e = t[n];
+            const std::string k = lettre + std::to_string(n) + ".";
+            texte(k + "Titre", e.Titre), texte(k + "Texte", e.Texte), nombre(k + "Sel", e.Sel);
+            for (const auto& [i, p] : e.LiensPersos) nombre(k + "LiensPersos" + std::to_string(i), p);
+            for (const auto& [i, f] : e.LiensFamis) nombre(k + "LiensFamis" + std::to_string(i), f);
+        }
+    };
+    notes(b.Notes, b.NbNotes, "N"), notes(b.Sources, b.NbSources, "S");
+    for (std::int32_t n = 1; n <= b.NbMedias; ++n) {
+        const ObjetMedia& m = b.Medias[n];
+        const std::string k = "M" + std::to_string(n) + ".";
+        for (const auto& [i, f] : m.Fichiers) texte(k + "Fichiers" + std::to_string(i), f);
+        for (const auto& [i, t] : m.Titres) texte(k + "Titres" + std::to_string(i), t);
+        nombre(k + "Local", m.Local), nombre(k + "Actif", m.Actif), nombre(k + "TypeActe", m.TypeActe);
+        nombre(k + "NumNote", m.NumNote), nombre(k + "NumSource", m.NumSource);
+        for (const auto& [i, p] : m.LiensPersos) nombre(k + "LiensPersos" + std::to_string(i), p);
+        for (const auto& [i, f] : m.LiensFamis) nombre(k + "LiensFamis" + std::to_string(i), f);
+    }
+    for (const auto& [nom, v] : {std::pair{"NbPersos", b.NbPersos}, {"NbFamis", b.NbFamis}, {"NbNotes", b.NbNotes},
+                                 {"NbSources", b.NbSources}, {"NbMedias", b.NbMedias},
+                                 {"NbPersosReels", b.NbPersosReels}, {"NbFamisReels", b.NbFamisReels},
+                                 {"NbNotesReelles", b.NbNotesReelles}, {"NbSourcesReelles", b.NbSourcesReelles},
+                                 {"NbMediasReels", b.NbMediasReels}})
+        nombre(nom, v);
+    return c;
+}
+
+// Une perte que les règles annoncent entre l'écrivain et le lecteur : un nom et les clés qu'elle touche.
+struct PerteConnue {
+    std::string_view nom;
+    std::function<bool(const std::string&)> touche;
+};
+
+testing::AssertionResult MemesChamps(const Champs& avant, const Champs& apres, const std::vector<PerteConnue>& pertes) {
+    std::ostringstream ecarts;
+    const auto ecart = [&](const std::string& cle, const std::string& a, const std::string& b) {
+        for (const auto& p : pertes)
+            if (p.touche(cle)) return;
+        ecarts << "  " << cle << " : " << essais::Montrer(a) << " -> " << essais::Montrer(b) << "\n";
+    };
+    for (const auto& [cle, v] : avant) {
+        const auto it = apres.find(cle);
+        if (it == apres.end()) ecart(cle, v, "(vide)");
+        else if (it->second != v) ecart(cle, v, it->second);
+    }
+    for (const auto& [cle, v] : apres)
+        if (!avant.contains(cle)) ecart(cle, "(vide)", v);
+    if (ecarts.str().empty()) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "champs qui ne reviennent pas :\n" << ecarts.str();
+}
+
+struct AllerRetour {
+    Options options;
+    OptionsGedcom cases = Cases();
+    Progression progression;
+
+    void Lire(Base& b, std::string texte) {
+        ContexteLecture ctx{options, cases, progression};
+        ctx.remplirListes = false;
+        LireGedcomTexte(b, ctx, std::move(texte));
+        ToutSelectionner(b);
+    }
+    std::string Ecrire(const Base& b, std::string_view date) {
+        return EcrireGedcomTexte(b, ContexteEcriture{cases, kEntete, std::string(date)});
+    }
+};
+
+TEST(Ecrivain, AllerRetourStable) {
+    AllerRetour ar;
+    Base premiere;
+    ar.Lire(premiere, essais::LireOctets(kReferences / "aller_retour.ged"));
+    if (premiere.Persos[1].Naissance.Date.empty())
+        GTEST_SKIP() << "le lecteur ne remplit pas encore les \xE9v\xE8nements, familles, notes et sources";
+
+    // Deux dates du jour différentes : seule la ligne DATE de l'en-tête doit changer.
+    const std::string ecrit1 = ar.Ecrire(premiere, "05/04/2024");
+    Base seconde;
+    ar.Lire(seconde, ecrit1);
+    const std::string ecrit2 = ar.Ecrire(seconde, "06/04/2024");
+    EXPECT_TRUE(MemesOctets(Remplacer(ecrit1, "1 DATE 05 APR 2024\r\n", "1 DATE 06 APR 2024\r\n"), ecrit2));
+
+    // Le fichier d'essai évite ce qui ne revient pas d'un tour à l'autre et que les règles
+    // annoncent : mois et année (MAR 1750 relu 1750), "de ... à ..." (DE perdu), les lignes
+    // FILE (chacune refait un objet média et une note "Voir fichier"), l'âge (relu en note).
+    // Restent ces pertes-ci, nommées :
+    const std::vector<PerteConnue> pertes = {
+        {"titre d'une personne : lu dans Titre, jamais \xE9" "crit (fondu dans Metier au nettoyage)",
+         [](const std::string& k) { return k.starts_with("I") && k.ends_with(".Titre"); }},
+        {"titre d'une note ou d'une source : TITL devient TYPE \xE0 la lecture",
+         [](const std::string& k) { return (k.starts_with("N") || k.starts_with("S")) && k.ends_with(".Titre"); }},
+    };
+    EXPECT_TRUE(MemesChamps(DecrireBase(premiere), DecrireBase(seconde), pertes));
+}
+
+TEST(Ecrivain, PertesAnnonceesALaRelecture) {
+    // Les lignes du tableau d'accord entre écrivain et lecteur qui se voient sur une base écrite puis relue.
+    Base b;
+    Perso& jean = Personne(b, 1, "Jean", "Dupont", 'M');
+    Dater(jean.Naissance, "03/1750", 1750);
+    Dater(jean.Deces, "de 1790 \xE0 1800", 1800);
+    jean.Interet = 1;
+    jean.Unions[1] = 5;
+    jean.DateModif = NumeroJour({1, 2, 2023});
+    Personne(b, 2, "Marie", "Martin", 'F').Unions[1] = 2;
+    b.Familles[2].Mari = 2;  // les familles 2 et 5 seules : relues 1 et 2
+    b.Familles[2].Sel = kVrai;
+    b.Familles[5].Mari = 1;
+    b.Familles[5].Sel = kVrai;
+    b.NbFamis = 5;
+    Note(b.Notes[1], "Titre perdu", "Texte", kVrai);
+    b.NbNotes = 1;
+
+    AllerRetour ar;
+    Base relue;
+    ar.Lire(relue, ar.Ecrire(b, "05/04/2024"));
+    if (relue.Persos[1].Naissance.Date.empty())
+        GTEST_SKIP() << "le lecteur ne remplit pas encore les \xE9v\xE8nements, familles, notes et sources";
+    const Perso& p = relue.Persos[1];
+    EXPECT_EQ(p.Naissance.Date, "1750");                 // MAR 1750 perd son mois
+    EXPECT_EQ(p.Deces.Date, "1790 \xE0 1800");           // DE 1790 À 1800 perd son "de"
+    EXPECT_EQ(p.Interet, 1);                             // ANCI
+    EXPECT_EQ(p.DateModif, NumeroJour({1, 2, 2023}));    // CHAN relu
+    EXPECT_EQ(relue.NbFamis, 2);                         // familles renumérotées dans l'ordre du fichier
+    EXPECT_EQ(relue.Familles[1].Mari, 2);
+    EXPECT_EQ(relue.Familles[2].Mari, 1);
+    EXPECT_EQ(p.Unions[1], 2);                           // les liens viennent des fiches FAM, pas de FAMS
+    EXPECT_EQ(relue.Notes[1].Titre, "");                 // le titre d'une note ne revient pas
+    EXPECT_EQ(relue.Notes[1].Texte, "Texte");
 }
 
 }  // namespace
