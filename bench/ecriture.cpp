@@ -14,9 +14,12 @@ using namespace arbolix;
 
 namespace {
 
-constexpr const char* kPrenoms[] = {"Jean", "Marie", "Pierre", "Anne", "Louis", "Fran\xE7oise", "Jacques", "Catherine"};
-constexpr const char* kNoms[] = {"Dupont", "Martin", "Lef\xE8vre", "Bernard", "Durand", "Moreau", "Laurent", "Roux"};
-constexpr const char* kLieux[] = {"Rouen", "Saint-\xC9tienne-du-Rouvray", "Caen", "Le Havre", "Bayeux", "Lisieux"};
+constexpr const char* kPrenoms[] = {"Jean",  "Marie",        "Pierre",  "Anne",
+                                    "Louis", "Fran\xE7oise", "Jacques", "Catherine"};
+constexpr const char* kNoms[] = {"Dupont", "Martin", "Lef\xE8vre", "Bernard",
+                                 "Durand", "Moreau", "Laurent",    "Roux"};
+constexpr const char* kLieux[] = {"Rouen",  "Saint-\xC9tienne-du-Rouvray", "Caen", "Le Havre", "Bayeux",
+                                  "Lisieux"};
 
 std::string Date(std::int32_t graine, int annee) {
     char t[16];
@@ -73,7 +76,8 @@ int main(int argc, char** argv) {
     Base b;
     auto debut = std::chrono::steady_clock::now();
     Remplir(b, nombre);
-    std::printf("base : %d personnes, %d familles, remplie en %.2f s\n", b.NbPersos, b.NbFamis, Secondes(debut));
+    std::printf("base : %d personnes, %d familles, remplie en %.2f s\n", b.NbPersos, b.NbFamis,
+                Secondes(debut));
 
     OptionsGedcom cases;
     cases.Fichier = (std::filesystem::temp_directory_path() / "bench_ecriture.ged").string();

@@ -69,7 +69,8 @@ inline testing::AssertionResult MemesOctets(std::string_view attendu, std::strin
 }
 
 // Compare au fichier de référence ; ARBOLIX_REGENERER=1 le réécrit (à relire avant de le valider).
-inline testing::AssertionResult CommeReference(const std::filesystem::path& reference, std::string_view obtenu) {
+inline testing::AssertionResult CommeReference(const std::filesystem::path& reference,
+                                               std::string_view obtenu) {
     if (std::getenv("ARBOLIX_REGENERER")) {
         EcrireOctets(reference, obtenu);
         return testing::AssertionSuccess() << "réécrit";

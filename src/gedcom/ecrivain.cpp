@@ -41,8 +41,8 @@ struct ChampAdresse {
     Texte PersoSuite::*champ;
 };
 constexpr ChampAdresse kAdresse[] = {
-    {"3 ADR1 ", &PersoSuite::Adresse1}, {"3 ADR2 ", &PersoSuite::Adresse2}, {"3 CITY ", &PersoSuite::Ville},
-    {"3 STAE ", &PersoSuite::Etat},     {"3 POST ", &PersoSuite::CP},       {"3 CTRY ", &PersoSuite::Pays},
+    {"3 ADR1 ", &PersoSuite::Adresse1},  {"3 ADR2 ", &PersoSuite::Adresse2}, {"3 CITY ", &PersoSuite::Ville},
+    {"3 STAE ", &PersoSuite::Etat},      {"3 POST ", &PersoSuite::CP},       {"3 CTRY ", &PersoSuite::Pays},
     {"2 PHON ", &PersoSuite::Telephone},
 };
 
@@ -58,10 +58,12 @@ std::string EnteteGedcom(std::string_view titre, std::string_view version, std::
                          std::string_view commentaire) {
     std::string e;
     const std::string_view lignes[][2] = {
-        {"0 HEAD", ""},       {"1 SOUR ", titre},       {"2 VERS ", version},
-        {"2 CORP ", societe}, {"3 ADDR ", commentaire}, {"1 GEDC", ""},
-        {"2 VERS 5.5", ""},   {"2 FORM LINEAGE-LINKED", ""}, {"1 CHAR ANSI", ""},
-        {"1 LANG French", ""}, {"1 DEST ANSTFILE", ""},
+        {"0 HEAD", ""},           {"1 SOUR ", titre},
+        {"2 VERS ", version},     {"2 CORP ", societe},
+        {"3 ADDR ", commentaire}, {"1 GEDC", ""},
+        {"2 VERS 5.5", ""},       {"2 FORM LINEAGE-LINKED", ""},
+        {"1 CHAR ANSI", ""},      {"1 LANG French", ""},
+        {"1 DEST ANSTFILE", ""},
     };
     for (const auto& l : lignes) e.append(l[0]).append(l[1]).append("\r\n");
     return e;
@@ -69,7 +71,7 @@ std::string EnteteGedcom(std::string_view titre, std::string_view version, std::
 
 const std::string& EnteteArbolix() {
     static const std::string entete =
-        EnteteGedcom("Arbolix", ARBOLIX_VERSION, "Projet Arbolix", "Logiciel libre de g\xE9n\xE9" "alogie");
+        EnteteGedcom("Arbolix", ARBOLIX_VERSION, "Projet Arbolix", "Logiciel libre de g\xE9n\351alogie");
     return entete;
 }
 
@@ -86,8 +88,12 @@ EcrivainGedcom::EcrivainGedcom(const Base& base, const ContexteEcriture& context
     dossier_ = fichier.substr(0, FinDuDossier(fichier));
 }
 
-const Perso& EcrivainGedcom::P(std::int32_t n) const { return Fiche(base_.Persos, n); }
-const Fami& EcrivainGedcom::F(std::int32_t f) const { return Fiche(base_.Familles, f); }
+const Perso& EcrivainGedcom::P(std::int32_t n) const {
+    return Fiche(base_.Persos, n);
+}
+const Fami& EcrivainGedcom::F(std::int32_t f) const {
+    return Fiche(base_.Familles, f);
+}
 
 void EcrivainGedcom::Ajouter(std::int32_t n) {
     char chiffres[12];
@@ -265,7 +271,8 @@ void EcrivainGedcom::EcrireFichiersPersonne(const Perso& p) {
 
 void EcrivainGedcom::EcrireFichierEtForme(char niveau, std::string_view chemin, bool couperDossier) {
     std::string_view ecrit = chemin;
-    if (couperDossier && !dossier_.empty() && ecrit.starts_with(dossier_)) ecrit.remove_prefix(dossier_.size());
+    if (couperDossier && !dossier_.empty() && ecrit.starts_with(dossier_))
+        ecrit.remove_prefix(dossier_.size());
     Ligne(niveau, " FILE ", ecrit);
     Ligne(static_cast<char>(niveau + 1), " FORM ", EnMajuscules(Extension(chemin)));
 }

@@ -24,9 +24,9 @@ std::string DateDuJour();
 
 // Ce que l'écriture lit sur le formulaire Gedcom et autour.
 struct ContexteEcriture {
-    const OptionsGedcom& gedcom;       // les cases ; le dossier de Fichier est retiré des chemins écrits
+    const OptionsGedcom& gedcom;  // les cases ; le dossier de Fichier est retiré des chemins écrits
     std::string entete = EnteteArbolix();
-    std::string aujourdhui;            // "jj/mm/aaaa" de la ligne 1 DATE ; vide : la date du jour
+    std::string aujourdhui;  // "jj/mm/aaaa" de la ligne 1 DATE ; vide : la date du jour
     Progression* progression = nullptr;
 };
 
@@ -57,7 +57,8 @@ private:
     void EcrireParents(const Perso& p);
     void EcrireFichiersPersonne(const Perso& p);
     void EcrireFamille(std::int32_t f);
-    void EcrireNotes(const Tableau<NoteExt>& notes, std::int32_t nombre, char lettre, std::string_view balise);
+    void EcrireNotes(const Tableau<NoteExt>& notes, std::int32_t nombre, char lettre,
+                     std::string_view balise);
     void EcrireMedia(std::int32_t m);
     void EcrireChangement(double dateModif);
     void EcrireFichierEtForme(char niveau, std::string_view chemin, bool couperDossier);

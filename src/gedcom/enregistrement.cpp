@@ -22,7 +22,9 @@ namespace {
 // que std::ofstream perdrait, pour dire « disque plein » plutôt que « échec ».
 class FluxDescripteur : public std::streambuf {
 public:
-    explicit FluxDescripteur(int fd) : fd_(fd), tampon_(1 << 20) { setp(tampon_.data(), tampon_.data() + tampon_.size()); }
+    explicit FluxDescripteur(int fd) : fd_(fd), tampon_(1 << 20) {
+        setp(tampon_.data(), tampon_.data() + tampon_.size());
+    }
     int Erreur() const { return erreur_; }
 
 protected:
@@ -66,10 +68,13 @@ private:
     int erreur_ = 0;
 };
 
-std::string En1252(const fs::path& p) { return Utf8VersCp1252(p.string()); }
+std::string En1252(const fs::path& p) {
+    return Utf8VersCp1252(p.string());
+}
 
 EtatFichier Echec(const fs::path& chemin, std::string_view raison, bool ancienGarde) {
-    std::string m = "Le fichier " + En1252(chemin) + " n'a pas pu \xEAtre enregistr\xE9 : " + std::string(raison) + ".";
+    std::string m =
+        "Le fichier " + En1252(chemin) + " n'a pas pu \xEAtre enregistr\xE9 : " + std::string(raison) + ".";
     if (ancienGarde) m += " L'ancien fichier est rest\xE9 intact.";
     return {false, m};
 }
@@ -78,8 +83,9 @@ EtatFichier Echec(const fs::path& chemin, std::string_view raison, bool ancienGa
 // présent qui répond ENOENT (/proc et semblables) refuse la création.
 std::string Raison(int erreur, const fs::path& dossier) {
     std::error_code ec;
-    if (erreur == ENOENT && !fs::exists(dossier, ec)) return "le dossier " + En1252(dossier) + " est introuvable";
-    if (erreur == ENOENT) return "le dossier " + En1252(dossier) + " refuse la cr\xE9" "ation de fichiers";
+    if (erreur == ENOENT && !fs::exists(dossier, ec))
+        return "le dossier " + En1252(dossier) + " est introuvable";
+    if (erreur == ENOENT) return "le dossier " + En1252(dossier) + " refuse la cr\351ation de fichiers";
     return RaisonEchec(erreur);
 }
 
@@ -124,15 +130,15 @@ std::string RaisonEchec(int erreur) {
     static constexpr Ligne kRaisons[] = {
         {ENOSPC, "le disque est plein"},
         {EDQUOT, "le quota du disque est atteint"},
-        {EACCES, "l'\xE9" "criture est interdite dans ce dossier"},
-        {EPERM, "l'\xE9" "criture est interdite dans ce dossier"},
+        {EACCES, "l'\351criture est interdite dans ce dossier"},
+        {EPERM, "l'\351criture est interdite dans ce dossier"},
         {EROFS, "le disque est en lecture seule"},
         {ENOENT, "le dossier est introuvable"},
         {ENOTDIR, "un \xE9l\xE9ment du chemin n'est pas un dossier"},
         {EISDIR, "ce nom est celui d'un dossier"},
         {ENAMETOOLONG, "le nom est trop long"},
         {EFBIG, "le fichier d\xE9passe la taille permise"},
-        {EIO, "erreur d'entr\xE9" "e-sortie sur le disque"},
+        {EIO, "erreur d'entr\351e-sortie sur le disque"},
     };
     for (const auto& l : kRaisons)
         if (l.code == erreur) return std::string(l.raison);
@@ -170,8 +176,9 @@ EtatFichier EcrireFichierSur(const std::string& nom, const std::function<bool(st
     }
     flux.flush();
     if (tampon.Erreur() != 0) return abandonner(Raison(tampon.Erreur(), dossier));
-    if (!complet || !flux.good()) return abandonner("l'\xE9" "criture a \xE9" "chou\xE9");
-    if (::fchmod(fd, DroitsVoulus(chemin)) != 0 || ::fsync(fd) != 0) return abandonner(Raison(errno, dossier));
+    if (!complet || !flux.good()) return abandonner("l'\351criture a \351chou\xE9");
+    if (::fchmod(fd, DroitsVoulus(chemin)) != 0 || ::fsync(fd) != 0)
+        return abandonner(Raison(errno, dossier));
     if (::close(fd) != 0) {
         const int e = errno;
         ::unlink(temporaire.c_str());
@@ -195,12 +202,13 @@ ChoixEnregistrement PreparerEnregistrement(Base& base, OptionsGedcom& gedcom, bo
     ChoixEnregistrement choix;
     choix.FichierInitial = gedcom.Fichier;
     if (!toutSelectionne &&
-        dialogue.Message("S\xE9lection active partielle",
-                         "La s\xE9lection active ne porte pas sur toute la base de donn\xE9" "es. Etes-vous s\xFBr de "
-                         "vouloir faire un enregistrement partiel ? Si oui, modifiez le nom du fichier dans la bo\xEEte "
-                         "de dialogue suivante.\r\nApr\xE8s l'enregistrement, la s\xE9lection portera \xE0 nouveau sur "
-                         "tout le fichier. Lors de l'enregistrement suivant, le fichier reprendra son nom initial.",
-                         Icone::Question, Boutons::OuiNon) == Bouton::Oui) {
+        dialogue.Message(
+            "S\xE9lection active partielle",
+            "La s\xE9lection active ne porte pas sur toute la base de donn\351es. Etes-vous s\xFBr de "
+            "vouloir faire un enregistrement partiel ? Si oui, modifiez le nom du fichier dans la bo\xEEte "
+            "de dialogue suivante.\r\nApr\xE8s l'enregistrement, la s\xE9lection portera \xE0 nouveau sur "
+            "tout le fichier. Lors de l'enregistrement suivant, le fichier reprendra son nom initial.",
+            Icone::Question, Boutons::OuiNon) == Bouton::Oui) {
         choix.Partiel = true;
         gedcom.Fichier = NomFichierSelection(gedcom.Fichier);
         return choix;
@@ -209,7 +217,8 @@ ChoixEnregistrement PreparerEnregistrement(Base& base, OptionsGedcom& gedcom, bo
     return choix;
 }
 
-CopieLiee CibleCopieLiee(std::string_view chemin, const std::string& fichierGed, const std::string& sauvegarde) {
+CopieLiee CibleCopieLiee(std::string_view chemin, const std::string& fichierGed,
+                         const std::string& sauvegarde) {
     const std::string lien = Cp1252VersUtf8(chemin);
     const fs::path dossierGed = fs::path(fichierGed).parent_path();
     // "../" (ou "..\" d'un fichier venu de Windows) : un dossier plus haut par morceau.
@@ -249,8 +258,9 @@ void CopierFichiersLies(const ContexteEnregistrement& ctx, ResultatEnregistremen
             fs::create_directories(c.cible.parent_path(), ec);
             if (!ec) fs::copy_file(c.source, c.cible, fs::copy_options::overwrite_existing, ec);
             if (ec)
-                r.Avertissements.push_back("Le fichier li\xE9 " + En1252(c.source) + " n'a pas pu \xEAtre copi\xE9 vers " +
-                                           En1252(c.cible) + " : " + Raison(ec.value(), c.cible.parent_path()) + ".");
+                r.Avertissements.push_back("Le fichier li\xE9 " + En1252(c.source) +
+                                           " n'a pas pu \xEAtre copi\xE9 vers " + En1252(c.cible) + " : " +
+                                           Raison(ec.value(), c.cible.parent_path()) + ".");
         }
     }
 }
@@ -260,14 +270,16 @@ void CopieDeSauvegarde(const ContexteEnregistrement& ctx) {
     std::error_code ec;
     if (dossier.empty() || !fs::is_directory(dossier, ec)) {
         // Sans blanc après le dossier : le texte est gardé tel quel.
-        ctx.dialogue.Message("Sauvegarde impossible",
-                             "Le chemin " + Utf8VersCp1252(dossier) + "configur\xE9 pour la sauvegarde est introuvable.",
-                             Icone::Attention);
+        ctx.dialogue.Message(
+            "Sauvegarde impossible",
+            "Le chemin " + Utf8VersCp1252(dossier) + "configur\xE9 pour la sauvegarde est introuvable.",
+            Icone::Attention);
         return;
     }
     const fs::path source(ctx.gedcom.Fichier);
     const fs::path cible = fs::path(dossier) / ("sauvegarde_" + source.filename().string());
-    const EtatFichier e = EcrireFichierSur(cible.string(), [&](std::ostream& o) { return Recopier(source, o); });
+    const EtatFichier e =
+        EcrireFichierSur(cible.string(), [&](std::ostream& o) { return Recopier(source, o); });
     if (!e.Ok) ctx.dialogue.Message("Sauvegarde impossible", e.Message, Icone::Attention);
 }
 
@@ -280,9 +292,8 @@ ResultatEnregistrement EnregistrerGedcom(ContexteEnregistrement& ctx, const Choi
         return r;
     }
     const ContexteEcriture ecriture{ctx.gedcom, ctx.entete, ctx.aujourdhui, ctx.progression};
-    const EtatFichier e = EcrireFichierSur(ctx.gedcom.Fichier, [&](std::ostream& flux) {
-        return EcrireGedcom(ctx.base, ecriture, flux);
-    });
+    const EtatFichier e = EcrireFichierSur(
+        ctx.gedcom.Fichier, [&](std::ostream& flux) { return EcrireGedcom(ctx.base, ecriture, flux); });
     if (!e.Ok) {
         r.Erreur = e.Message;
         return r;

@@ -1,4 +1,5 @@
-// Enregistrement de la base : écriture sûre d'un fichier, sélection partielle, copie de sauvegarde, fichiers liés.
+// Enregistrement de la base : écriture sûre d'un fichier, sélection partielle, copie de sauvegarde, fichiers
+// liés.
 #pragma once
 
 #include <filesystem>
@@ -51,18 +52,18 @@ ChoixEnregistrement PreparerEnregistrement(Base& base, OptionsGedcom& gedcom, bo
 
 struct ContexteEnregistrement {
     Base& base;
-    OptionsGedcom& gedcom;    // Fichier (UTF-8) et cases
-    const Options& options;   // Sauvegarder, Chemin[1] dossier de sauvegarde (UTF-8)
+    OptionsGedcom& gedcom;   // Fichier (UTF-8) et cases
+    const Options& options;  // Sauvegarder, Chemin[1] dossier de sauvegarde (UTF-8)
     Dialogue& dialogue;
     Progression* progression = nullptr;
     std::string entete = EnteteArbolix();
-    std::string aujourdhui;   // vide : la date du jour
+    std::string aujourdhui;  // vide : la date du jour
 };
 
 struct ResultatEnregistrement {
     bool Enregistre = false;
-    std::string Erreur;                        // 1252 ; vide quand le fichier est enregistré
-    std::vector<std::string> Avertissements;   // copies de fichiers liés manquées, 1252
+    std::string Erreur;                       // 1252 ; vide quand le fichier est enregistré
+    std::vector<std::string> Avertissements;  // copies de fichiers liés manquées, 1252
 };
 
 // BoutonOK en mode enregistrement et sa suite. Écrit gedcom.Fichier sans détruire
@@ -72,7 +73,8 @@ struct ResultatEnregistrement {
 // copiés, toute la base est de nouveau sélectionnée, le nom initial revient
 // après un enregistrement partiel, et la copie "sauvegarde_" est faite quand
 // options.Sauvegarder le demande (boîte "Sauvegarde impossible" sinon).
-ResultatEnregistrement EnregistrerGedcom(ContexteEnregistrement& contexte, const ChoixEnregistrement& choix = {});
+ResultatEnregistrement EnregistrerGedcom(ContexteEnregistrement& contexte,
+                                         const ChoixEnregistrement& choix = {});
 
 // Où copier un fichier lié d'une personne : la source sur le disque et la cible
 // dans le dossier de sauvegarde. chemin en 1252 tel que la base le tient.
@@ -80,7 +82,8 @@ struct CopieLiee {
     std::filesystem::path source;
     std::filesystem::path cible;
 };
-CopieLiee CibleCopieLiee(std::string_view chemin, const std::string& fichierGed, const std::string& sauvegarde);
+CopieLiee CibleCopieLiee(std::string_view chemin, const std::string& fichierGed,
+                         const std::string& sauvegarde);
 
 // Le nom de fichier que montre BoutonMenuFich : le titre après " - ", sans une queue " (enr...".
 std::string NomDuTitre(std::string_view titre);

@@ -36,8 +36,11 @@ public:
         }
         return boutons == Boutons::OuiNon ? Bouton::Oui : Bouton::Ok;
     }
-    std::optional<std::string> Saisie(std::string_view, std::string_view, std::string_view) override { return {}; }
-    std::optional<std::string> ChoisirFichierOuvrir(std::string_view, std::string_view, std::string_view) override {
+    std::optional<std::string> Saisie(std::string_view, std::string_view, std::string_view) override {
+        return {};
+    }
+    std::optional<std::string> ChoisirFichierOuvrir(std::string_view, std::string_view,
+                                                    std::string_view) override {
         return {};
     }
     std::optional<std::string> ChoisirFichierEnregistrer(std::string_view, std::string_view,
@@ -95,8 +98,8 @@ TEST(EcrireFichierSur, UnLienSymboliqueResteUnLien) {
 }
 
 // L'ancien fichier doit rester octet pour octet, sans temporaire oublié à côté.
-void VerifierAncienIntact(const Dossier& d, const std::string& f, const std::string& ancien, const EtatFichier& e,
-                          std::string_view raison) {
+void VerifierAncienIntact(const Dossier& d, const std::string& f, const std::string& ancien,
+                          const EtatFichier& e, std::string_view raison) {
     EXPECT_FALSE(e.Ok);
     EXPECT_EQ(e.Message, "Le fichier " + f + " n'a pas pu \xEAtre enregistr\xE9 : " + std::string(raison) +
                              ". L'ancien fichier est rest\xE9 intact.");
@@ -113,7 +116,7 @@ TEST(EcrireFichierSur, EchecEnCoursDEcritureLaisseLAncienIntact) {
         o << "0 HEAD\r\n0 @I1";
         return false;
     };
-    VerifierAncienIntact(d, f, ancien, EcrireFichierSur(f, moitie), "l'\xE9" "criture a \xE9" "chou\xE9");
+    VerifierAncienIntact(d, f, ancien, EcrireFichierSur(f, moitie), "l'\351criture a \351chou\xE9");
     const auto exception = [](std::ostream& o) -> bool {
         o << "0 HEAD\r\n";
         throw std::out_of_range("num\xE9ro hors du tableau");
@@ -146,25 +149,28 @@ TEST(EcrireFichierSur, CibleImpossibleSansRienToucher) {
     EcrireOctets(d / "dossier.ged/dedans.txt", "x");
     EtatFichier e = EcrireFichierSur(d / "dossier.ged", Ecrit("y"));
     EXPECT_FALSE(e.Ok);
-    EXPECT_EQ(e.Message, "Le fichier " + d / "dossier.ged" + " n'a pas pu \xEAtre enregistr\xE9 : ce nom est celui d'un "
-                                                              "dossier.");
+    EXPECT_EQ(e.Message, "Le fichier " + d / "dossier.ged" +
+                             " n'a pas pu \xEAtre enregistr\xE9 : ce nom est celui d'un "
+                             "dossier.");
     EXPECT_EQ(LireOctets(d / "dossier.ged/dedans.txt"), "x");
 
     e = EcrireFichierSur(d / "absent/arbre.ged", Ecrit("y"));
-    EXPECT_EQ(e.Message, "Le fichier " + d / "absent/arbre.ged" + " n'a pas pu \xEAtre enregistr\xE9 : le dossier " +
-                             d / "absent" + " est introuvable.");
+    EXPECT_EQ(e.Message, "Le fichier " + d / "absent/arbre.ged" +
+                             " n'a pas pu \xEAtre enregistr\xE9 : le dossier " + d / "absent" +
+                             " est introuvable.");
 
     e = EcrireFichierSur("/proc/arbolix-essai.ged", Ecrit("y"));
     EXPECT_FALSE(e.Ok);
-    EXPECT_EQ(e.Message, "Le fichier /proc/arbolix-essai.ged n'a pas pu \xEAtre enregistr\xE9 : le dossier /proc "
-                         "refuse la cr\xE9" "ation de fichiers.");
+    EXPECT_EQ(e.Message,
+              "Le fichier /proc/arbolix-essai.ged n'a pas pu \xEAtre enregistr\xE9 : le dossier /proc "
+              "refuse la cr\351ation de fichiers.");
     EXPECT_FALSE(fs::exists("/proc/arbolix-essai.ged"));
 }
 
 TEST(EcrireFichierSur, RaisonsConnuesEtInconnues) {
     EXPECT_EQ(RaisonEchec(ENOSPC), "le disque est plein");
     EXPECT_EQ(RaisonEchec(EROFS), "le disque est en lecture seule");
-    EXPECT_EQ(RaisonEchec(EACCES), "l'\xE9" "criture est interdite dans ce dossier");
+    EXPECT_EQ(RaisonEchec(EACCES), "l'\351criture est interdite dans ce dossier");
     EXPECT_EQ(RaisonEchec(EXDEV), "erreur syst\xE8me " + std::to_string(EXDEV));
 }
 
@@ -187,7 +193,9 @@ struct Enregistrement {
         base.NbPersos = base.NbPersosReels = 3;
         base.FichierModifie = kVrai;
     }
-    ContexteEnregistrement Contexte() { return {base, gedcom, options, dialogue, nullptr, "0 HEAD\r\n", "05/04/2024"}; }
+    ContexteEnregistrement Contexte() {
+        return {base, gedcom, options, dialogue, nullptr, "0 HEAD\r\n", "05/04/2024"};
+    }
     ResultatEnregistrement Enregistrer(const ChoixEnregistrement& choix = {}) {
         auto ctx = Contexte();
         return EnregistrerGedcom(ctx, choix);
@@ -212,9 +220,10 @@ TEST(EnregistrerGedcom, ToutLeFichierEcritEtModificationEffacee) {
     const auto r = e.Enregistrer();
     ASSERT_TRUE(r.Enregistre) << r.Erreur;
     EXPECT_EQ(e.base.FichierModifie, kFaux);
-    EXPECT_TRUE(MemesOctets("0 HEAD\r\n1 DATE 05 APR 2024\r\n0 @I1@ INDI\r\n1 NAME P1 /Nom/\r\n1 SEX  \r\n0 @I2@ INDI\r\n"
-                            "1 NAME P2 /Nom/\r\n1 SEX  \r\n0 @I3@ INDI\r\n1 NAME P3 /Nom/\r\n1 SEX  \r\n0 TRLR\r\n",
-                            LireOctets(e.gedcom.Fichier)));
+    EXPECT_TRUE(MemesOctets(
+        "0 HEAD\r\n1 DATE 05 APR 2024\r\n0 @I1@ INDI\r\n1 NAME P1 /Nom/\r\n1 SEX  \r\n0 @I2@ INDI\r\n"
+        "1 NAME P2 /Nom/\r\n1 SEX  \r\n0 @I3@ INDI\r\n1 NAME P3 /Nom/\r\n1 SEX  \r\n0 TRLR\r\n",
+        LireOctets(e.gedcom.Fichier)));
     EXPECT_TRUE(e.dialogue.boites.empty());
 }
 
@@ -225,7 +234,8 @@ TEST(EnregistrerGedcom, SelectionPartielleSousLeNomSelPuisRetourAuNomInitial) {
     ASSERT_EQ(e.dialogue.boites.size(), 1u);
     EXPECT_EQ(e.dialogue.boites[0].titre, "S\xE9lection active partielle");
     EXPECT_TRUE(e.dialogue.boites[0].texte.ends_with(
-        "de dialogue suivante.\r\nApr\xE8s l'enregistrement, la s\xE9lection portera \xE0 nouveau sur tout le "
+        "de dialogue suivante.\r\nApr\xE8s l'enregistrement, la s\xE9lection portera \xE0 nouveau sur tout "
+        "le "
         "fichier. Lors de l'enregistrement suivant, le fichier reprendra son nom initial."));
     EXPECT_TRUE(choix.Partiel);
     EXPECT_EQ(e.gedcom.Fichier, e.d / "arbre_sel.ged");
@@ -294,7 +304,8 @@ TEST(EnregistrerGedcom, FichiersLiesCopiesDansLaSauvegarde) {
     EXPECT_EQ(LireOctets(e.d / "sauve/photos/jean.jpg"), "image");
     ASSERT_EQ(r.Avertissements.size(), 1u);
     EXPECT_TRUE(r.Avertissements[0].starts_with("Le fichier li\xE9 " + e.d / "photos/absent.jpg" +
-                                                " n'a pas pu \xEAtre copi\xE9 vers " + e.d / "sauve/photos/absent.jpg"))
+                                                " n'a pas pu \xEAtre copi\xE9 vers " +
+                                                e.d / "sauve/photos/absent.jpg"))
         << r.Avertissements[0];
 }
 
