@@ -8,6 +8,7 @@
 #include <string>
 
 #include "gedcom/ecrivain.h"
+#include "gedcom/enregistrement.h"
 #include "store/base.h"
 
 using namespace arbolix;
@@ -107,6 +108,16 @@ int main(int argc, char** argv) {
     }
     s = Secondes(debut);
     std::printf("EcrireGedcom vers %s : %.3f s, %.0f Mo/s\n", cases.Fichier.c_str(), s, mo / s);
+
+    // Le chemin d'un vrai enregistrement : fichier temporaire, fsync, renommage.
+    debut = std::chrono::steady_clock::now();
+    const EtatFichier e =
+        EcrireFichierSur(cases.Fichier, [&](std::ostream& flux) { return EcrireGedcom(b, ctx, flux); });
+    s = Secondes(debut);
+    std::printf("EcrireFichierSur (temporaire, fsync, renommage) : %.3f s, %.0f Mo/s%s\n", s, mo / s,
+                e.Ok ? ""
+                     : " - \xC3\xA9"
+                       "chec");
     std::filesystem::remove(cases.Fichier);
     return 0;
 }

@@ -156,7 +156,10 @@ EtatFichier EcrireFichierSur(const std::string& nom, const std::function<bool(st
     if (!fs::exists(dossier, ec)) return Echec(chemin, Raison(ENOENT, dossier), false);
     if (!fs::is_directory(dossier, ec)) return Echec(chemin, RaisonEchec(ENOTDIR), false);
 
-    std::string modele = (dossier / ("." + chemin.filename().string() + ".XXXXXX")).string();
+    // Caché et à côté de la cible : le renommage reste dans le même système de fichiers.
+    std::string cache = ".";
+    cache.append(chemin.filename().string()).append(".XXXXXX");
+    std::string modele = (dossier / cache).string();
     const int fd = ::mkstemp(modele.data());
     if (fd < 0) return Echec(chemin, Raison(errno, dossier), ancien);
     const fs::path temporaire(modele);
