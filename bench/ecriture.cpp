@@ -1,5 +1,4 @@
 // Banc d'essai de l'écrivain : une base d'un million de personnes écrite en mémoire puis dans un fichier.
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -9,6 +8,7 @@
 
 #include "gedcom/ecrivain.h"
 #include "gedcom/enregistrement.h"
+#include "mesures.h"
 #include "store/base.h"
 
 using namespace arbolix;
@@ -66,27 +66,24 @@ void Remplir(Base& b, std::int32_t nombre) {
     b.NbFamis = b.NbFamisReels = f;
 }
 
-double Secondes(std::chrono::steady_clock::time_point debut) {
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - debut).count();
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
     const std::int32_t nombre = argc > 1 ? std::atoi(argv[1]) : 1000000;
     Base b;
-    auto debut = std::chrono::steady_clock::now();
+    bench::Chrono chrono;
     Remplir(b, nombre);
     std::printf("base : %d personnes, %d familles, remplie en %.2f s\n", b.NbPersos, b.NbFamis,
-                Secondes(debut));
+                chrono.Secondes());
+    std::printf("m\xC3\xA9moire : %.0f Mo\n", bench::MemoireActuelleMo());
 
     OptionsGedcom cases;
     cases.Fichier = (std::filesystem::temp_directory_path() / "bench_ecriture.ged").string();
     const ContexteEcriture ctx{cases, EnteteArbolix(), "05/04/2024"};
 
-    debut = std::chrono::steady_clock::now();
+    chrono = bench::Chrono();
     const std::string texte = EcrireGedcomTexte(b, ctx);
-    double s = Secondes(debut);
+    double s = chrono.Secondes();
     const double mo = static_cast<double>(texte.size()) / (1 << 20);
     std::printf("EcrireGedcom en m\xC3\xA9moire : %.3f s, %.1f Mo, %.0f Mo/s\n", s, mo, mo / s);
 
@@ -96,24 +93,24 @@ int main(int argc, char** argv) {
         int overflow(int c) override { return c; }
     } puits;
     std::ostream nul(&puits);
-    debut = std::chrono::steady_clock::now();
+    chrono = bench::Chrono();
     EcrireGedcom(b, ctx, nul);
-    s = Secondes(debut);
+    s = chrono.Secondes();
     std::printf("EcrireGedcom vers un flux vide : %.3f s, %.0f Mo/s\n", s, mo / s);
 
-    debut = std::chrono::steady_clock::now();
+    chrono = bench::Chrono();
     {
         std::ofstream f(cases.Fichier, std::ios::binary | std::ios::trunc);
         EcrireGedcom(b, ctx, f);
     }
-    s = Secondes(debut);
+    s = chrono.Secondes();
     std::printf("EcrireGedcom vers %s : %.3f s, %.0f Mo/s\n", cases.Fichier.c_str(), s, mo / s);
 
     // Le chemin d'un vrai enregistrement : fichier temporaire, fsync, renommage.
-    debut = std::chrono::steady_clock::now();
+    chrono = bench::Chrono();
     const EtatFichier e =
         EcrireFichierSur(cases.Fichier, [&](std::ostream& flux) { return EcrireGedcom(b, ctx, flux); });
-    s = Secondes(debut);
+    s = chrono.Secondes();
     std::printf("EcrireFichierSur (temporaire, fsync, renommage) : %.3f s, %.0f Mo/s%s\n", s, mo / s,
                 e.Ok ? ""
                      : " - \xC3\xA9"

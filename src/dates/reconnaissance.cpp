@@ -60,4 +60,10 @@ std::optional<DateCalendrier> LireDate(std::string_view s) {
     return d;
 }
 
+bool EstDateComplete(std::string_view s) {
+    const auto b1 = s.find('/');
+    const auto b2 = s.rfind('/');
+    return b1 != std::string_view::npos && b2 != b1 && s.size() - b2 - 1 == 4 && LireDate(s).has_value();
+}
+
 }  // namespace arbolix

@@ -22,4 +22,7 @@ inline bool EstDate(std::string_view s) {
     return LireDate(s).has_value();
 }
 
+// Une date complète : jour, mois et année sur 4 chiffres ("12/03/1750"), qui existe.
+bool EstDateComplete(std::string_view s);
+
 }  // namespace arbolix

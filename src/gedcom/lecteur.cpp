@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <fstream>
 #include <new>
-#include <sstream>
 
 #include "gedcom/lecteur_gedcom.h"
 #include "platform/cp1252.h"
@@ -43,13 +42,19 @@ bool LireFichierEntier(const std::string& chemin, std::string& contenu, std::str
         erreur = "Impossible d'ouvrir le fichier " + nom + " (droits insuffisants ?).";
         return false;
     }
-    std::ostringstream tout;
-    tout << f.rdbuf();
-    if (f.bad()) {
+    // D'un seul bloc, avec la place de la fin de ligne que le lecteur ajoute.
+    const auto taille = std::filesystem::file_size(chemin, ec);
+    if (ec) {
         erreur = "Erreur de lecture du fichier " + nom + ".";
         return false;
     }
-    contenu = std::move(tout).str();
+    contenu.reserve(static_cast<std::size_t>(taille) + 2);
+    contenu.resize(static_cast<std::size_t>(taille));
+    f.read(contenu.data(), static_cast<std::streamsize>(taille));
+    if (f.gcount() != static_cast<std::streamsize>(taille)) {
+        erreur = "Erreur de lecture du fichier " + nom + ".";
+        return false;
+    }
     return true;
 }
 
@@ -72,19 +77,29 @@ void NormaliserFinsDeLigne(std::string& tampon) {
         return;
     }
     const bool crSeul = fin.substr(0, 1) == "\r" && fin.substr(0, 2) != "\r\n";
+    // Rien à faire dans le cas courant d'un fichier tout en CR LF : on le vérifie
+    // sans recopier un tampon de centaines de mégaoctets.
+    const auto seule = [&](std::size_t i) {
+        return tampon[i] == '\n' ? i == 0 || tampon[i - 1] != '\r'
+                                 : crSeul && (i + 1 >= tampon.size() || tampon[i + 1] != '\n');
+    };
+    // Prochain saut de ligne à examiner : memchr sur '\n', sauf fichier à CR seuls.
+    const auto suivant = [&](std::size_t depuis) {
+        return crSeul ? tampon.find_first_of("\r\n", depuis) : tampon.find('\n', depuis);
+    };
+    std::size_t i = suivant(0);
+    while (i != std::string::npos && !seule(i)) i = suivant(i + 1);
+    if (i == std::string::npos) return;
     std::string r;
     r.reserve(tampon.size() + tampon.size() / 16);
-    for (std::size_t i = 0; i < tampon.size(); ++i) {
-        const char c = tampon[i];
-        const bool suiviDeLf = i + 1 < tampon.size() && tampon[i + 1] == '\n';
-        if (c == '\r' && !suiviDeLf) {
-            if (crSeul) r += "\r\n"; else r += c;
-        } else if (c == '\n' && (i == 0 || tampon[i - 1] != '\r')) {
-            r += "\r\n";
-        } else {
-            r += c;
-        }
+    std::size_t copie = 0;
+    for (; i != std::string::npos; i = suivant(i + 1)) {
+        if (!seule(i)) continue;
+        r.append(tampon, copie, i - copie);
+        r += "\r\n";
+        copie = i + 1;
     }
+    r.append(tampon, copie, std::string::npos);
     tampon.swap(r);
 }
 
@@ -152,12 +167,15 @@ int LecteurGedcom::Niveau() const {
 }
 
 void LecteurGedcom::Decouper() {
+    // La balise va jusqu'au premier blanc à partir du quatrième caractère, la ligne
+    // étant prolongée de quatre blancs ; la valeur commence deux caractères plus loin.
     const std::string_view ligne = Depuis(LigneCourante, 3);
-    std::string avecBlancs(ligne);
-    avecBlancs += "    ";
-    const auto blanc = avecBlancs.find(' ', 3);
-    Balise.assign(SansBlancsGauche(std::string_view(avecBlancs).substr(0, blanc)));
-    LigneCourante = std::string(Depuis(ligne, Balise.size() + 2));
+    std::size_t blanc = ligne.find(' ', 3);
+    if (blanc == std::string_view::npos) blanc = std::max<std::size_t>(ligne.size(), 3);
+    Balise.assign(ligne.substr(0, std::min(blanc, ligne.size())));
+    Balise.append(blanc > ligne.size() ? blanc - ligne.size() : 0, ' ');
+    Balise.erase(0, std::min(Balise.find_first_not_of(' '), Balise.size()));
+    LigneCourante.erase(0, std::min(LigneCourante.size(), 2 + Balise.size() + 1));
 }
 
 std::string_view LecteurGedcom::BaliseDe(std::string_view ligne) {
@@ -244,21 +262,22 @@ void LecteurGedcom::MontrerProgression() {
     p.LaisserPasser();
 }
 
-void LecteurGedcom::SousPiege(const std::function<void()>& traitement) {
-    auto journaliser = [this](int numero, std::string_view texte) {
-        JournaliserLigne("Erreur ligne " + std::to_string(NumLigne) + " : erreur " + std::to_string(numero) +
-                         " : " + std::string(texte) + ". " + LigneCourante);
-    };
+void LecteurGedcom::JournaliserErreur(int numero, std::string_view texte) {
+    JournaliserLigne("Erreur ligne " + std::to_string(NumLigne) + " : erreur " + std::to_string(numero) + " : " +
+                     std::string(texte) + ". " + LigneCourante);
+}
+
+void LecteurGedcom::JournaliserExceptionCourante() {
     try {
-        traitement();
+        throw;
     } catch (const ErreurExecution& e) {
-        journaliser(e.numero, e.what());
+        JournaliserErreur(e.numero, e.what());
     } catch (const std::out_of_range&) {
-        journaliser(9, "L'indice n'appartient pas \xE0 la s\xE9lection");
+        JournaliserErreur(9, "L'indice n'appartient pas \xE0 la s\xE9lection");
     } catch (const std::bad_alloc&) {
-        journaliser(7, "M\xE9moire insuffisante");
+        JournaliserErreur(7, "M\xE9moire insuffisante");
     } catch (const std::exception&) {
-        journaliser(5, "Argument ou appel de proc\xE9" "dure incorrect");
+        JournaliserErreur(5, "Argument ou appel de proc\xE9" "dure incorrect");
     }
 }
 

@@ -20,6 +20,8 @@ struct TextesLecture {
     std::string Agrandissement = "Agrandissement";
     std::string Verification = "V\xE9rification des donn\xE9" "es...";
     std::string TitreProgramme = "Arbolix";
+    std::string TitreJournal = "Journal de lecture du fichier";
+    std::string FinJournal = "Fin du journal de lecture.";
 };
 
 // Ce que le lecteur laisse à son appelant.

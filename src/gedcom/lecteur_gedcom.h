@@ -64,7 +64,16 @@ public:
     void MontrerProgression();
     bool Annule() const { return base_.Chargement != 0 || contexte_.progression.Annule(); }
     // Lance le traitement d'une balise sous le piège : une défaillance va au journal et la lecture continue.
-    void SousPiege(const std::function<void()>& traitement);
+    template <typename Traitement>
+    void SousPiege(Traitement&& traitement) {
+        try {
+            traitement();
+        } catch (const std::exception&) {
+            JournaliserExceptionCourante();
+        }
+    }
+    void JournaliserErreur(int numero, std::string_view texte);
+    void JournaliserExceptionCourante();
 
     Base& base_;
     ContexteLecture& contexte_;
@@ -115,6 +124,9 @@ private:
     void SectionNote(bool source);
     void SectionMedia();
     void ControlesApresLecture();
+    void Nettoyer();
+    void NormaliserCasse();
+    void CoderNoms();
 };
 
 // Normalise les fins de ligne d'après celle de la ligne "0 HEAD", et répare les

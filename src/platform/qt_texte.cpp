@@ -1,5 +1,7 @@
 #include "platform/qt_texte.h"
 
+#include <QList>
+
 #include "platform/cp1252.h"
 
 namespace arbolix {
@@ -14,7 +16,8 @@ QString VersQString(std::string_view cp1252) {
 std::string DepuisQString(const QString& texte) {
     std::string r;
     r.reserve(static_cast<std::size_t>(texte.size()));
-    for (const QChar c : texte) r += Unicode1252(c.unicode());
+    // Par points de code : un caractère hors du plan de base ne donne qu'un '?'.
+    for (const auto u : texte.toUcs4()) r += Unicode1252(u);
     return r;
 }
 

@@ -23,6 +23,9 @@ std::string_view Gauche(std::string_view s, std::size_t n);
 // À partir du caractère debut (compté depuis 1), vide au-delà de la fin.
 std::string_view Depuis(std::string_view s, std::size_t debut);
 
+// Position de motif dans s à partir de depuis, npos s'il n'y est pas.
+std::size_t Chercher(std::string_view s, std::string_view motif, std::size_t depuis = 0);
+
 // Remplace toutes les occurrences de de par vers, à partir de la position depuis.
 // Rend le nombre de remplacements. Un seul passage : linéaire dans la taille.
 std::size_t RemplacerTout(std::string& s, std::string_view de, std::string_view vers, std::size_t depuis = 0);

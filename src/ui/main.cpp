@@ -1,0 +1,22 @@
+#include <QApplication>
+#include <QMessageBox>
+#include <exception>
+
+#include "app/demarrage.h"
+#include "ui/fiche.h"
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName("Arbolix");
+    std::string ligne;
+    for (int i = 1; i < argc; ++i) ligne += (i > 1 ? " " : "") + std::string(argv[i]);
+    try {
+        arbolix::Fiche fiche;
+        fiche.Demarrer(arbolix::NettoyerLigneCommande(ligne), QCoreApplication::applicationFilePath().toStdString());
+        return QApplication::exec();
+    } catch (const std::exception& e) {
+        // Le piège du sommet : le texte de l'erreur à l'utilisateur.
+        QMessageBox::critical(nullptr, "Arbolix", QString("Erreur : %1").arg(QString::fromLocal8Bit(e.what())));
+        return 1;
+    }
+}

@@ -1,0 +1,69 @@
+// Un Dialogue pour les tests : note chaque message et répond comme on le lui a dit d'avance.
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "platform/dialogue.h"
+
+namespace arbolix {
+
+class DialogueFactice : public Dialogue {
+public:
+    struct MessageVu {
+        std::string titre;
+        std::string texte;
+        Icone icone;
+        Boutons boutons;
+    };
+
+    // Réponses données dans l'ordre aux prochaines boîtes ; ensuite Ok, Oui ou le premier bouton.
+    void ReponseSuivante(Bouton b) { reponses_.push_back(b); }
+    void SaisieSuivante(std::optional<std::string> s) { saisies_.push_back(std::move(s)); }
+    void FichierSuivant(std::optional<std::string> f) { fichiers_.push_back(std::move(f)); }
+
+    Bouton Message(std::string_view titre, std::string_view texte, Icone icone, Boutons boutons) override {
+        messages.push_back({std::string(titre), std::string(texte), icone, boutons});
+        if (!reponses_.empty()) {
+            const Bouton b = reponses_.front();
+            reponses_.pop_front();
+            return b;
+        }
+        return boutons == Boutons::OuiNon || boutons == Boutons::OuiNonAnnuler ? Bouton::Oui : Bouton::Ok;
+    }
+    std::optional<std::string> Saisie(std::string_view, std::string_view, std::string_view defaut) override {
+        return Prendre(saisies_, std::string(defaut));
+    }
+    std::optional<std::string> ChoisirFichierOuvrir(std::string_view, std::string_view, std::string_view) override {
+        return Prendre(fichiers_, std::nullopt);
+    }
+    std::optional<std::string> ChoisirFichierEnregistrer(std::string_view, std::string_view,
+                                                         std::string_view) override {
+        return Prendre(fichiers_, std::nullopt);
+    }
+    std::optional<std::string> ChoisirDossier(std::string_view, std::string_view) override {
+        return Prendre(fichiers_, std::nullopt);
+    }
+    bool OuvrirDansProgramme(std::string_view chemin) override {
+        ouverts.emplace_back(chemin);
+        return true;
+    }
+
+    std::vector<MessageVu> messages;
+    std::vector<std::string> ouverts;
+
+private:
+    static std::optional<std::string> Prendre(std::deque<std::optional<std::string>>& file,
+                                              std::optional<std::string> defaut) {
+        if (file.empty()) return defaut;
+        auto r = std::move(file.front());
+        file.pop_front();
+        return r;
+    }
+    std::deque<Bouton> reponses_;
+    std::deque<std::optional<std::string>> saisies_;
+    std::deque<std::optional<std::string>> fichiers_;
+};
+
+}  // namespace arbolix

@@ -1,0 +1,70 @@
+// La fenêtre principale : ouvrir le fichier d'exemple, titre, fermeture avec modifications.
+#include <QLineEdit>
+#include <QComboBox>
+#include <QtTest>
+
+#include "aides/dialogue_factice.h"
+#include "platform/progression.h"
+#include "platform/qt_texte.h"
+#include "ui/fiche.h"
+
+using namespace arbolix;
+
+class EssaiFiche : public QObject {
+    Q_OBJECT
+private slots:
+    void OuvrirLeFichierExempleMontreLaPremierePersonne() {
+        Fiche fiche;
+        DialogueFactice d;
+        fiche.RemplacerDialogue(&d);
+        fiche.Vider(false);
+        QCOMPARE(fiche.windowTitle(), QString("Arbolix"));
+        fiche.gedcom().Fichier = ARBOLIX_SHARE "/exemple.ged";
+        Progression muette;
+        QVERIFY(fiche.ChargerFichier(muette));
+        QVERIFY(fiche.FichierOuvert());
+        QCOMPARE(fiche.windowTitle(), QString("Arbolix - " ARBOLIX_SHARE "/exemple.ged"));
+        auto* num = fiche.findChild<QLineEdit*>("NumPerso");
+        QCOMPARE(num->text(), QString("1"));
+        QCOMPARE(fiche.findChild<QComboBox*>("Nom")->currentText(), QString("MARTIN"));
+        num->setText("8");
+        QCOMPARE(fiche.findChild<QComboBox*>("Prenoms")->currentText(), QString::fromUtf8("Élisabeth"));
+        QVERIFY(d.messages.empty());
+    }
+
+    void FermerAvecModificationsDemandeFermer() {
+        Fiche fiche;
+        DialogueFactice d;
+        fiche.RemplacerDialogue(&d);
+        fiche.Vider(false);
+        fiche.gedcom().Fichier = ARBOLIX_SHARE "/exemple.ged";
+        Progression muette;
+        QVERIFY(fiche.ChargerFichier(muette));
+        fiche.base().FichierModifie = kVrai;
+        d.ReponseSuivante(Bouton::Annuler);
+        QVERIFY(!fiche.close());
+        QCOMPARE(d.messages.size(), std::size_t{1});
+        QCOMPARE(QString::fromStdString(d.messages[0].titre), QString("Fermer"));
+        QVERIFY(fiche.FichierOuvert());
+        // Non : on ferme sans enregistrer.
+        d.ReponseSuivante(Bouton::Non);
+        QVERIFY(fiche.MenuFermer());
+        QVERIFY(!fiche.FichierOuvert());
+        QCOMPARE(fiche.windowTitle(), QString("Arbolix"));
+    }
+
+    void FichierIntrouvableLeDit() {
+        Fiche fiche;
+        DialogueFactice d;
+        fiche.RemplacerDialogue(&d);
+        fiche.gedcom().Fichier = "/nulle/part/absent.ged";
+        Progression muette;
+        QVERIFY(!fiche.ChargerFichier(muette));
+        QCOMPARE(d.messages.size(), std::size_t{1});
+        QCOMPARE(VersQString(d.messages[0].texte), QString("Le fichier /nulle/part/absent.ged est introuvable."));
+        QVERIFY(!fiche.FichierOuvert());
+    }
+};
+
+QTEST_MAIN(EssaiFiche)
+#include "fiche_test.moc"
