@@ -6,8 +6,8 @@
 
 #include <csignal>
 #include <cstdlib>
-#include <deque>
 
+#include "aides/dialogue_factice.h"
 #include "gedcom/comparaison_test.h"
 
 namespace arbolix {
@@ -17,39 +17,6 @@ namespace fs = std::filesystem;
 using essais::EcrireOctets;
 using essais::LireOctets;
 using essais::MemesOctets;
-
-// Note chaque boîte et répond dans l'ordre donné, Oui ou Ok ensuite.
-class DialogueNote : public Dialogue {
-public:
-    struct Boite {
-        std::string titre, texte;
-    };
-    std::vector<Boite> boites;
-    std::deque<Bouton> reponses;
-
-    Bouton Message(std::string_view titre, std::string_view texte, Icone, Boutons boutons) override {
-        boites.push_back({std::string(titre), std::string(texte)});
-        if (!reponses.empty()) {
-            const Bouton b = reponses.front();
-            reponses.pop_front();
-            return b;
-        }
-        return boutons == Boutons::OuiNon ? Bouton::Oui : Bouton::Ok;
-    }
-    std::optional<std::string> Saisie(std::string_view, std::string_view, std::string_view) override {
-        return {};
-    }
-    std::optional<std::string> ChoisirFichierOuvrir(std::string_view, std::string_view,
-                                                    std::string_view) override {
-        return {};
-    }
-    std::optional<std::string> ChoisirFichierEnregistrer(std::string_view, std::string_view,
-                                                         std::string_view) override {
-        return {};
-    }
-    std::optional<std::string> ChoisirDossier(std::string_view, std::string_view) override { return {}; }
-    bool OuvrirDansProgramme(std::string_view) override { return false; }
-};
 
 // Un dossier neuf par test, effacé à la fin.
 struct Dossier {
@@ -180,7 +147,7 @@ struct Enregistrement {
     Base base;
     OptionsGedcom gedcom;
     Options options;
-    DialogueNote dialogue;
+    DialogueFactice dialogue;
 
     Enregistrement() {
         gedcom.Fichier = d / "arbre.ged";
@@ -210,7 +177,7 @@ TEST(EnregistrerGedcom, EchecGardeLAncienFichierLaModificationEtLaSelection) {
     EXPECT_NE(r.Erreur.find("ce nom est celui d'un dossier"), std::string::npos) << r.Erreur;
     EXPECT_EQ(e.base.FichierModifie, kVrai);
     EXPECT_EQ(e.base.Persos[3].Sel, kFaux);
-    EXPECT_TRUE(e.dialogue.boites.empty());
+    EXPECT_TRUE(e.dialogue.messages.empty());
 }
 
 TEST(EnregistrerGedcom, ToutLeFichierEcritEtModificationEffacee) {
@@ -224,16 +191,16 @@ TEST(EnregistrerGedcom, ToutLeFichierEcritEtModificationEffacee) {
         "0 HEAD\r\n1 DATE 05 APR 2024\r\n0 @I1@ INDI\r\n1 NAME P1 /Nom/\r\n1 SEX  \r\n0 @I2@ INDI\r\n"
         "1 NAME P2 /Nom/\r\n1 SEX  \r\n0 @I3@ INDI\r\n1 NAME P3 /Nom/\r\n1 SEX  \r\n0 TRLR\r\n",
         LireOctets(e.gedcom.Fichier)));
-    EXPECT_TRUE(e.dialogue.boites.empty());
+    EXPECT_TRUE(e.dialogue.messages.empty());
 }
 
 TEST(EnregistrerGedcom, SelectionPartielleSousLeNomSelPuisRetourAuNomInitial) {
     Enregistrement e;
     const std::string initial = e.gedcom.Fichier;
     const ChoixEnregistrement choix = PreparerEnregistrement(e.base, e.gedcom, false, e.dialogue);
-    ASSERT_EQ(e.dialogue.boites.size(), 1u);
-    EXPECT_EQ(e.dialogue.boites[0].titre, "S\xE9lection active partielle");
-    EXPECT_TRUE(e.dialogue.boites[0].texte.ends_with(
+    ASSERT_EQ(e.dialogue.messages.size(), 1u);
+    EXPECT_EQ(e.dialogue.messages[0].titre, "S\xE9lection active partielle");
+    EXPECT_TRUE(e.dialogue.messages[0].texte.ends_with(
         "de dialogue suivante.\r\nApr\xE8s l'enregistrement, la s\xE9lection portera \xE0 nouveau sur tout "
         "le "
         "fichier. Lors de l'enregistrement suivant, le fichier reprendra son nom initial."));
@@ -250,15 +217,15 @@ TEST(EnregistrerGedcom, SelectionPartielleSousLeNomSelPuisRetourAuNomInitial) {
 
 TEST(EnregistrerGedcom, RefusDuPartielReselectionneToutEtGardeLeNom) {
     Enregistrement e;
-    e.dialogue.reponses.push_back(Bouton::Non);
+    e.dialogue.ReponseSuivante(Bouton::Non);
     const ChoixEnregistrement choix = PreparerEnregistrement(e.base, e.gedcom, false, e.dialogue);
     EXPECT_FALSE(choix.Partiel);
     EXPECT_EQ(e.gedcom.Fichier, e.d / "arbre.ged");
     EXPECT_EQ(e.base.Persos[3].Sel, kVrai);
     // Toute la base déjà sélectionnée : aucune question.
-    DialogueNote muet;
+    DialogueFactice muet;
     PreparerEnregistrement(e.base, e.gedcom, true, muet);
-    EXPECT_TRUE(muet.boites.empty());
+    EXPECT_TRUE(muet.messages.empty());
 }
 
 TEST(EnregistrerGedcom, CopieDeSauvegardeEcraseLaPrecedente) {
@@ -271,7 +238,7 @@ TEST(EnregistrerGedcom, CopieDeSauvegardeEcraseLaPrecedente) {
     ASSERT_TRUE(e.Enregistrer().Enregistre);
     EXPECT_TRUE(MemesOctets(LireOctets(e.gedcom.Fichier), LireOctets(e.d / "sauve/sauvegarde_arbre.ged")));
     EXPECT_NE(LireOctets(e.d / "sauve/sauvegarde_arbre.ged").find("Premier"), std::string::npos);
-    EXPECT_TRUE(e.dialogue.boites.empty());
+    EXPECT_TRUE(e.dialogue.messages.empty());
 }
 
 TEST(EnregistrerGedcom, DossierDeSauvegardeAbsentLaBoiteSeulement) {
@@ -282,9 +249,9 @@ TEST(EnregistrerGedcom, DossierDeSauvegardeAbsentLaBoiteSeulement) {
     EXPECT_TRUE(r.Enregistre);
     EXPECT_TRUE(fs::exists(e.gedcom.Fichier));
     EXPECT_EQ(e.base.FichierModifie, kFaux);
-    ASSERT_EQ(e.dialogue.boites.size(), 1u);
-    EXPECT_EQ(e.dialogue.boites[0].titre, "Sauvegarde impossible");
-    EXPECT_EQ(e.dialogue.boites[0].texte,
+    ASSERT_EQ(e.dialogue.messages.size(), 1u);
+    EXPECT_EQ(e.dialogue.messages[0].titre, "Sauvegarde impossible");
+    EXPECT_EQ(e.dialogue.messages[0].texte,
               "Le chemin " + e.d / "absent" + "configur\xE9 pour la sauvegarde est introuvable.");
 }
 
