@@ -5,9 +5,12 @@
 #include <string_view>
 #include <vector>
 
+#include "gedcom/enregistrement.h"
 #include "gedcom/lecteur.h"
 #include "lists/listes.h"
+#include "lists/selection.h"
 #include "platform/cp1252.h"
+#include "platform/dialogue.h"
 #include "platform/progression.h"
 
 namespace arbolix::cli {
@@ -87,6 +90,37 @@ bool Charger(const std::string& fichier, OptionsGedcom cases, Base& base, Option
     return true;
 }
 
+// Le journal de lecture pour le terminal : UTF-8, fins de ligne LF.
+std::string JournalUtf8(const std::string& journal) {
+    std::string j = Cp1252VersUtf8(journal);
+    for (std::size_t p; (p = j.find('\r')) != std::string::npos;) j.erase(p, 1);
+    return j;
+}
+
+// Sans fenêtre : chaque boîte est écrite sur la sortie d'erreurs et reçoit Oui ou Ok ;
+// une saisie ou un choix de fichier est annulé.
+class DialogueCli : public Dialogue {
+public:
+    explicit DialogueCli(std::ostream& erreurs) : erreurs_(erreurs) {}
+    Bouton Message(std::string_view titre, std::string_view texte, Icone, Boutons boutons) override {
+        erreurs_ << Cp1252VersUtf8(titre) << " : " << JournalUtf8(std::string(texte)) << "\n";
+        return boutons == Boutons::OuiNon || boutons == Boutons::OuiNonAnnuler ? Bouton::Oui : Bouton::Ok;
+    }
+    std::optional<std::string> Saisie(std::string_view, std::string_view, std::string_view) override { return {}; }
+    std::optional<std::string> ChoisirFichierOuvrir(std::string_view, std::string_view, std::string_view) override {
+        return {};
+    }
+    std::optional<std::string> ChoisirFichierEnregistrer(std::string_view, std::string_view,
+                                                         std::string_view) override {
+        return {};
+    }
+    std::optional<std::string> ChoisirDossier(std::string_view, std::string_view) override { return {}; }
+    bool OuvrirDansProgramme(std::string_view) override { return false; }
+
+private:
+    std::ostream& erreurs_;
+};
+
 int CommandeLire(const Arguments& args, Sorties& s) {
     OptionsGedcom cases;
     Arguments fichiers;
@@ -99,9 +133,36 @@ int CommandeLire(const Arguments& args, Sorties& s) {
     Options options;
     ResultatLecture resultat;
     if (!Charger(fichiers[0], cases, base, options, resultat, s)) return 2;
-    std::string journal = Cp1252VersUtf8(resultat.Journal);
-    for (std::size_t p; (p = journal.find('\r')) != std::string::npos;) journal.erase(p, 1);
-    s.sortie << journal << Resume(base) << "\n";
+    s.sortie << JournalUtf8(resultat.Journal) << Resume(base) << "\n";
+    return 0;
+}
+
+// Lit ENTREE puis écrit toute la base dans SORTIE avec les mêmes cases ; SORTIE
+// n'est remplacé qu'une fois entièrement écrit.
+int CommandeEnregistrer(const Arguments& args, Sorties& s) {
+    OptionsGedcom cases;
+    Arguments fichiers;
+    if (!LireCases(args, cases, fichiers, s)) return 2;
+    if (fichiers.size() != 2) {
+        s.erreurs << "usage : arbolix-cli enregistrer [options] ENTREE.ged SORTIE.ged\n";
+        return 2;
+    }
+    Base base;
+    Options options;
+    ResultatLecture resultat;
+    if (!Charger(fichiers[0], cases, base, options, resultat, s)) return 2;
+    s.sortie << JournalUtf8(resultat.Journal);
+    ToutSelectionner(base);
+    cases.Fichier = fichiers[1];
+    DialogueCli dialogue(s.erreurs);
+    ContexteEnregistrement ctx{base, cases, options, dialogue, nullptr, EnteteArbolix(), DateDuJour()};
+    const ResultatEnregistrement r = EnregistrerGedcom(ctx);
+    for (const auto& a : r.Avertissements) s.erreurs << Cp1252VersUtf8(a) << "\n";
+    if (!r.Enregistre) {
+        s.erreurs << Cp1252VersUtf8(r.Erreur) << "\n";
+        return 2;
+    }
+    s.sortie << "Enregistr\xC3\xA9 : " << fichiers[1] << "\n";
     return 0;
 }
 
@@ -138,6 +199,8 @@ int CommandeListe(const Arguments& args, Sorties& s) {
     Options options;
     ResultatLecture resultat;
     if (!Charger(reste[1], cases, base, options, resultat, s)) return 2;
+    // Un fichier ouvert l'est sur toute la base, comme dans la fenêtre.
+    ToutSelectionner(base);
     ReponsesListes reponses;
     ContexteListe ctx(options, reponses);
     ctx.Renumeroter = cases.OptRenum;
@@ -161,6 +224,9 @@ const std::vector<Commande>& Commandes() {
          "liste personnes|familles|notes|sources|fichiers [options] FICHIER.ged : les rangées de la liste, "
          "comme la fenêtre les montre",
          CommandeListe},
+        {"enregistrer",
+         "enregistrer [options] ENTREE.ged SORTIE.ged : lit ENTREE et l'\xC3\xA9" "crit en GEDCOM 5.5 dans SORTIE",
+         CommandeEnregistrer},
     };
     return commandes;
 }
@@ -168,7 +234,7 @@ const std::vector<Commande>& Commandes() {
 void Aide(std::ostream& o) {
     o << "usage : arbolix-cli COMMANDE [options] FICHIER...\n\nCommandes :\n";
     for (const auto& c : Commandes()) o << "  " << c.aide << "\n";
-    o << "\nOptions de lecture :";
+    o << "\nOptions de lecture et d'\xC3\xA9" "criture :";
     for (const auto& c : kCases) o << " " << c.option;
     o << "\n";
 }

@@ -67,16 +67,58 @@ TEST(Cli, RenumeroterPrendLeFichierNommeCommeFichierParDefaut) {
     std::filesystem::remove(f);
 }
 
-TEST(Cli, ListeCommenceParLaLigneDeTeteEtRefuseUneSorteInconnue) {
+TEST(Cli, ListeMontreLesRangeesEnUtf8EtRefuseUneSorteInconnue) {
     const auto f = FichierTemporaire("cli-liste.ged",
                                      "0 HEAD\r\n0 @I1@ INDI\r\n1 NAME Ren\xE9 /L\xE9vy/\r\n0 TRLR\r\n");
     const auto a = Lancer({"liste", "personnes", f});
     EXPECT_EQ(a.code, 0);
-    EXPECT_EQ(a.sortie.rfind(" Ajouter... P000002\n", 0), 0u);
+    EXPECT_EQ(a.sortie, " Ajouter... P000002\nL\xC3\xA9vy Ren\xC3\xA9 P000001\n");
     EXPECT_EQ(Lancer({"liste", "parents", f}).code, 2);
     EXPECT_EQ(Lancer({"liste", "personnes"}).code, 2);
     EXPECT_EQ(Lancer({"liste", "notes", "/nulle/part.ged"}).code, 2);
     std::filesystem::remove(f);
+}
+
+TEST(Cli, EnregistrerLitPuisEcritToutAvecLesCases) {
+    const auto entree = FichierTemporaire("cli-entree.ged",
+                                          "0 HEAD\r\n0 @I1@ INDI\r\n1 NAME Jean /Dupont/\r\n0 @I3@ INDI\r\n"
+                                          "1 NAME Ren\xE9 /L\xE9vy/\r\n0 TRLR\r\n");
+    const auto sortie = (std::filesystem::temp_directory_path() / "cli-sortie.ged").string();
+    auto a = Lancer({"enregistrer", "--sans-dates", entree, sortie});
+    EXPECT_EQ(a.code, 0) << a.erreurs;
+    EXPECT_EQ(a.sortie, "Info : la fiche 2 est vide et peut \xC3\xAAtre r\xC3\xA9utilis\xC3\xA9" "e.\n"
+                        "Enregistr\xC3\xA9 : " + sortie + "\n");
+    std::ifstream f(sortie, std::ios::binary);
+    const std::string ecrit{std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>()};
+    // La case Dates décochée vaut aussi pour la ligne DATE de l'en-tête : l'année seule.
+    const auto personnes = ecrit.find("\r\n0 @I1@");
+    ASSERT_NE(personnes, std::string::npos) << ecrit;
+    EXPECT_TRUE(ecrit.starts_with("0 HEAD\r\n1 SOUR Arbolix\r\n"));
+    const auto date = ecrit.rfind("\r\n1 DATE ", personnes) + 2;
+    const std::string ligne = ecrit.substr(date, ecrit.find('\r', date) - date);
+    EXPECT_EQ(ligne.size(), 11u) << ligne;
+    EXPECT_EQ(ligne.find_first_not_of("0123456789", 7), std::string::npos) << ligne;
+    EXPECT_EQ(ecrit.substr(personnes),
+              "\r\n0 @I1@ INDI\r\n1 NAME Jean /Dupont/\r\n1 SEX  \r\n0 @I3@ INDI\r\n1 NAME Ren\xE9 /L\xE9vy/\r\n"
+              "1 SEX  \r\n0 TRLR\r\n");
+    std::filesystem::remove(entree);
+    std::filesystem::remove(sortie);
+}
+
+TEST(Cli, EnregistrerEchoueSansToucherAuxFichiers) {
+    const auto entree = FichierTemporaire("cli-entree2.ged", "0 HEAD\r\n0 @I1@ INDI\r\n1 NAME A /B/\r\n0 TRLR\r\n");
+    auto a = Lancer({"enregistrer", entree, "/nulle/part/sortie.ged"});
+    EXPECT_EQ(a.code, 2);
+    EXPECT_EQ(a.erreurs,
+              "Le fichier /nulle/part/sortie.ged n'a pas pu \xC3\xAAtre enregistr\xC3\xA9 : le dossier /nulle/part "
+              "est introuvable.\n");
+    a = Lancer({"enregistrer", "/nulle/part.ged", entree});
+    EXPECT_EQ(a.code, 2);
+    EXPECT_EQ(a.erreurs, "Le fichier /nulle/part.ged est introuvable.\n");
+    a = Lancer({"enregistrer", entree});
+    EXPECT_EQ(a.code, 2);
+    EXPECT_EQ(a.erreurs, "usage : arbolix-cli enregistrer [options] ENTREE.ged SORTIE.ged\n");
+    std::filesystem::remove(entree);
 }
 
 }  // namespace

@@ -124,6 +124,9 @@ private:
     void SectionNote(bool source);
     void SectionMedia();
     void ControlesApresLecture();
+    void Nettoyer();
+    void NormaliserCasse();
+    void CoderNoms();
 };
 
 // Normalise les fins de ligne d'après celle de la ligne "0 HEAD", et répare les

@@ -126,7 +126,7 @@ TEST(Lecteur, IdentifiantDemesureNeFaitPasExploserLaMemoire) {
     l.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 NAME A /B/|0 @I99999999@ INDI|1 NAME C /D/|"
                    "0 @I999999999999@ INDI|1 NAME E /F/|0 TRLR|"));
     EXPECT_EQ(l.P(99999999).Nom, "D");
-    EXPECT_LE(l.base.Persos.FichesEnMemoire(), 3u * 4096u);
+    EXPECT_LE(l.base.Persos.FichesEnMemoire(), 3u * 1024u);
     EXPECT_NE(l.resultat.Journal.find("erreur 6 : D\xE9passement de capacit\xE9"), std::string::npos);
     EXPECT_NE(l.resultat.Journal.find("autres fiches sont vides"), std::string::npos);
     EXPECT_LT(l.resultat.Journal.size(), 200000u);

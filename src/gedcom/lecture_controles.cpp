@@ -54,6 +54,7 @@ void LecteurGedcom::ControlesApresLecture() {
     if (vides > kFichesVidesDetaillees)
         JournaliserLigne("Info : " + std::to_string(vides - kFichesVidesDetaillees) +
                          " autres fiches sont vides et peuvent \xEAtre r\xE9utilis\xE9" "es.");
+    if (cases_.OptNettoie) Nettoyer();
     // Une fiche INDI lue avec des données mais sans prénom resterait invisible à
     // tous les parcours et serait perdue à l'enregistrement : prénom par défaut.
     for (const std::int32_t n : IndiLus) {
@@ -65,6 +66,7 @@ void LecteurGedcom::ControlesApresLecture() {
     b.Persos[0].Prenoms.clear();
     b.Persos[0].Unions[0] = 0;
     b.Familles[0].Enfants.Fixer(1, 0);
+    CoderNoms();
 }
 
 }  // namespace arbolix

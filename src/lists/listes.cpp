@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "app/aides_texte.h"
+#include "store/aides_texte.h"
 #include "card/lignes_personne.h"
 #include "store/chaines.h"
 

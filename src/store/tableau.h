@@ -71,7 +71,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t kTaillePage = 4096;
+    static constexpr std::size_t kTaillePage = 1024;
 
     std::size_t Page(std::int32_t i) const { return static_cast<std::size_t>(i - bas_) / kTaillePage; }
     std::size_t Case(std::int32_t i) const { return static_cast<std::size_t>(i - bas_) % kTaillePage; }

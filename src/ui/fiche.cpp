@@ -22,6 +22,7 @@
 #include "card/navigation.h"
 #include "dates/calendrier_gregorien.h"
 #include "lists/rangees.h"
+#include "lists/selection.h"
 #include "store/chaines.h"
 #include "platform/ini.h"
 #include "platform/cp1252.h"
@@ -611,6 +612,8 @@ bool Fiche::ChargerFichier(Progression& progression) {
         ActualiserTitre();
         return true;
     }
+    // Un fichier s'ouvre sur « Toute la base » : chaque fiche en usage est sélectionnée.
+    ToutSelectionner(base_);
     MettreEnPlaceFichier(PremierePersonne(r.PremierePerso));
     RetenirFichier();
     if (!r.Journal.empty()) {

@@ -4,7 +4,7 @@
 #include <initializer_list>
 #include <string>
 
-#include "app/aides_texte.h"
+#include "store/aides_texte.h"
 #include "dates/cle_date.h"
 #include "store/base.h"
 #include "store/chaines.h"

@@ -1,12 +1,9 @@
-// Petites fonctions de texte partagées : accents, code phonétique, casse, sexe du prénom, dates des rapports,
-// SQL.
+// Petites fonctions de texte partagées : accents, code phonétique, casse, sexe du prénom, SQL.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-#include "store/base.h"
-#include "store/options.h"
 
 namespace arbolix {
 
@@ -34,19 +31,6 @@ char MajusculesTouche(std::string_view texte, int mode, char touche, bool modifC
 
 // "M", "F" ou vide, d'après le début du prénom puis la dernière lettre du premier mot.
 std::string SexeDuPrenom(std::string_view prenoms);
-
-
-// Réglages des dates dans les rapports : ceux de la fenêtre Exports et l'année en cours.
-struct ContexteDates {
-    const OptionsExport& exports;
-    int anneeCourante;
-};
-
-// Date d'un rapport : entière, ou l'année seule avec OptionDatesAnnees ; vide quand
-// `masquer` et que l'année tombe dans les années confidentielles d'indice `format` (0 ou 1).
-std::string DateOuAnnee(std::string_view date, int format, bool masquer, const ContexteDates& ctx);
-// " le 12/03/1750 à Nancy", " en 1750 Nancy"... ; etendue -1 met " à " devant le lieu.
-std::string PhraseDateLieu(const Acte& acte, bool prefixe, int etendue, const ContexteDates& ctx);
 
 // Texte sûr entre apostrophes dans un script SQL.
 std::string EchapperSQL(std::string_view texte);

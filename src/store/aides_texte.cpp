@@ -1,6 +1,5 @@
-#include "app/aides_texte.h"
+#include "store/aides_texte.h"
 
-#include "dates/reconnaissance.h"
 #include "store/chaines.h"
 
 #include <array>
@@ -89,32 +88,7 @@ constexpr std::array<const char*, 15> kPrefixesMasculins{"Adol",    "Alex", "Alo
                                                          "Eug\xE8", "Igna", "Isid", "Pier", "Th\xE9o"};
 constexpr std::array<const char*, 3> kPrefixesFeminins{"Agn\xE8", "Elis", "Rosa"};
 
-int Valeur(std::string_view s) {
-    int v = 0;
-    for (char c : s) {
-        if (c < '0' || c > '9' || v > 100000000) break;
-        v = v * 10 + (c - '0');
-    }
-    return v;
-}
-
-bool Chiffres(std::string_view s) {
-    if (s.empty()) return false;
-    for (char c : s)
-        if (c < '0' || c > '9') return false;
-    return true;
-}
-
-void Remplacer(std::string& s, std::string_view quoi, std::string_view par) {
-    for (std::size_t p = s.find(quoi); p != std::string::npos; p = s.find(quoi, p + par.size()))
-        s.replace(p, quoi.size(), par);
-}
-
 }  // namespace
-
-
-
-
 
 std::string SansAccents(std::string_view texte, bool garderLongueur) {
     std::string t;
@@ -211,34 +185,6 @@ std::string SexeDuPrenom(std::string_view prenoms) {
     return (!mot.empty() && Minuscule1252(mot.back()) == 'e') ? "F" : "M";
 }
 
-
-std::string DateOuAnnee(std::string_view date, int format, bool masquer, const ContexteDates& ctx) {
-    if (date.empty()) return {};
-    std::string an(date.substr(date.size() < 4 ? 0 : date.size() - 4));
-    Remplacer(an, "/", "");
-    an.erase(0, an.find_first_not_of(' '));
-    std::string r(date);
-    // Une date sans année lisible reste entière même avec les années seules.
-    if (ctx.exports.OptionDatesAnnees && Chiffres(an)) {
-        const bool chiffre = date.front() >= '0' && date.front() <= '9';
-        r = chiffre ? an : std::string(date.substr(0, date.find(' '))) + " " + an;
-    }
-    if (masquer) {
-        const int seuil = Valeur(ctx.exports.AnneesConfidentielles[format == 1 ? 1 : 0]);
-        if (Valeur(an) >= ctx.anneeCourante - seuil) return {};
-    }
-    return r;
-}
-
-std::string PhraseDateLieu(const Acte& acte, bool prefixe, int etendue, const ContexteDates& ctx) {
-    std::string r;
-    if (prefixe && !acte.Date.empty())
-        r = (EstDateComplete(acte.Date.vue()) ? " le " : " en ") +
-            DateOuAnnee(acte.Date.vue(), 0, false, ctx);
-    if (!acte.Lieu.empty()) r += (etendue == -1 ? " \xE0 " : " ") + acte.Lieu.str();
-    return r;
-}
-
 std::string EchapperSQL(std::string_view texte) {
     // Dans l'ordre de la règle ; la troisième ligne reprend une barre doublée éventuelle.
     static constexpr std::array<std::array<std::string_view, 2>, 4> kRemplacements{{
@@ -248,7 +194,7 @@ std::string EchapperSQL(std::string_view texte) {
         {"\"", "\\\""},
     }};
     std::string r(texte);
-    for (const auto& [quoi, par] : kRemplacements) Remplacer(r, quoi, par);
+    for (const auto& [quoi, par] : kRemplacements) RemplacerTout(r, quoi, par);
     return r;
 }
 

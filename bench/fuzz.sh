@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Lance les cibles de fuzzing (clang, libFuzzer, ASan + UBSan) : bench/fuzz.sh SECONDES [cible...]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+secondes="${1:-60}"; shift || true
+command -v clang++ >/dev/null || { echo "clang++ absent : fuzzing sauté"; exit 0; }
+export CCACHE_DIR="${CCACHE_DIR:-$PWD/.ccache}"
+cmake -S . -B build/fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
+      -DARBOLIX_FUZZ=ON -DARBOLIX_GUI=OFF -DARBOLIX_TESTS=OFF >/dev/null
+cmake --build build/fuzz
+cibles=("$@")
+[ ${#cibles[@]} -gt 0 ] || cibles=($(cd build/fuzz/fuzz && ls *_fuzz))
+for cible in "${cibles[@]}"; do
+  corpus="build/fuzz/corpus-$cible"
+  mkdir -p "$corpus"
+  # Graines : nos fichiers d'essai et, s'il est là, le corpus des autres logiciels (préfixés de deux octets d'options).
+  for f in tests/donnees/*.ged tests/donnees/*/*.ged share/*.ged ../shared/corpus/gedcom/*; do
+    [ -f "$f" ] || continue
+    { printf '\xff\x07'; head -c 200000 "$f"; } > "$corpus/graine-$(basename "$f")"
+  done
+  echo "== $cible : $secondes s"
+  build/fuzz/fuzz/"$cible" -max_total_time="$secondes" -max_len=65536 -timeout=10 -rss_limit_mb=3000 \
+      -print_final_stats=1 "$corpus" 2>&1 | grep -E "^#|stat::|ERROR|SUMMARY|cov:" | tail -8
+done

@@ -1,0 +1,34 @@
+#include "lists/selection.h"
+
+#include <algorithm>
+
+namespace arbolix {
+
+namespace {
+
+// Marque les fiches 1 à nombre qui sont en usage ; une page jamais écrite est sautée d'un coup.
+template <typename T, typename EnUsage>
+void Marquer(Tableau<T>& t, std::int32_t nombre, EnUsage enUsage) {
+    const std::int32_t fin = std::min(nombre, t.Haut());
+    for (std::int32_t n = 1; n <= fin; ++n) {
+        if (t.PageVierge(n)) {
+            n = t.FinDePage(n);
+            continue;
+        }
+        T& fiche = t[n];
+        if (!enUsage(fiche)) continue;
+        fiche.Sel = kVrai;
+        fiche.SelAvant = kFaux;
+    }
+}
+
+}  // namespace
+
+void ToutSelectionner(Base& base) {
+    Marquer(base.Persos, base.NbPersos, [](const Perso& p) { return !p.Nom.empty() || !p.Prenoms.empty(); });
+    Marquer(base.Familles, base.NbFamis, [](const Fami& f) { return f.Mari > 0 || f.Femme > 0; });
+    Marquer(base.Notes, base.NbNotes, [](const NoteExt& e) { return !e.Texte.empty(); });
+    Marquer(base.Sources, base.NbSources, [](const SourceExt& e) { return !e.Texte.empty(); });
+}
+
+}  // namespace arbolix
