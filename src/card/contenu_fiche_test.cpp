@@ -9,8 +9,8 @@ namespace arbolix {
 namespace {
 
 using essai::Dater;
-using essai::Famille;
-using essai::Personne;
+using essai::AjouterFamille;
+using essai::AjouterPersonne;
 
 class ContenuFicheEssai : public ::testing::Test {
 protected:
@@ -26,13 +26,13 @@ std::vector<std::string> Textes(const std::vector<RangeeFiche>& r) {
 }
 
 TEST_F(ContenuFicheEssai, UnionsDansLOrdreDesDatesQuelQueSoitLEmplacement) {
-    Personne(b, 1, "MARTIN", "Jean", 'M', "1720");
-    Personne(b, 2, "FAURE", "Marie", 'F');
-    Personne(b, 3, "DELMAS", "Anne", 'F');
-    Personne(b, 4, "SIMON", "Rose", 'F');
-    Famille(b, 5, 1, 2, "1770");        // troisième mariage, en premier emplacement
-    Famille(b, 6, 1, 3, "12/05/1745");  // premier
-    Famille(b, 7, 1, 4);                // sans date : la naissance de Jean, 1720, la met en tête
+    AjouterPersonne(b, 1, "MARTIN", "Jean", 'M', "1720");
+    AjouterPersonne(b, 2, "FAURE", "Marie", 'F');
+    AjouterPersonne(b, 3, "DELMAS", "Anne", 'F');
+    AjouterPersonne(b, 4, "SIMON", "Rose", 'F');
+    AjouterFamille(b, 5, 1, 2, "1770");        // troisième mariage, en premier emplacement
+    AjouterFamille(b, 6, 1, 3, "12/05/1745");  // premier
+    AjouterFamille(b, 7, 1, 4);                // sans date : la naissance de Jean, 1720, la met en tête
     const auto u = CalculerUnions(b, ctx, 1);
     ASSERT_EQ(u.size(), 3u);
     EXPECT_EQ(u[0].texte, "Rose SIMON P000004 F000007");
@@ -42,8 +42,8 @@ TEST_F(ContenuFicheEssai, UnionsDansLOrdreDesDatesQuelQueSoitLEmplacement) {
 }
 
 TEST_F(ContenuFicheEssai, UnionSansConjointEtContratDivorce) {
-    Personne(b, 1, "MARTIN", "Jean", 'M');
-    Fami& f = Famille(b, 2, 1, 0, "1750");
+    AjouterPersonne(b, 1, "MARTIN", "Jean", 'M');
+    Fami& f = AjouterFamille(b, 2, 1, 0, "1750");
     Dater(f.Contrat, "1749");
     Dater(f.Divorce, "1760");
     const auto u = CalculerUnions(b, ctx, 1);
@@ -53,15 +53,15 @@ TEST_F(ContenuFicheEssai, UnionSansConjointEtContratDivorce) {
 }
 
 TEST_F(ContenuFicheEssai, EnfantsParNaissanceOuBaptemeNumeroEnDernier) {
-    Personne(b, 1, "MARTIN", "Jean", 'M');
-    Personne(b, 2, "FAURE", "Marie", 'F');
-    Personne(b, 10, "MARTIN", "Paul", 'M', "1752");
-    Personne(b, 11, "MARTIN", "Luc", 'M');
+    AjouterPersonne(b, 1, "MARTIN", "Jean", 'M');
+    AjouterPersonne(b, 2, "FAURE", "Marie", 'F');
+    AjouterPersonne(b, 10, "MARTIN", "Paul", 'M', "1752");
+    AjouterPersonne(b, 11, "MARTIN", "Luc", 'M');
     Dater(b.Persos[11].Bapteme, "1749");
-    Personne(b, 12, "MARTIN", "Zo\xE9", 'F', "1752", "1760");
-    Personne(b, 9, "MARTIN", "Eve", 'F', "1752");
+    AjouterPersonne(b, 12, "MARTIN", "Zo\xE9", 'F', "1752", "1760");
+    AjouterPersonne(b, 9, "MARTIN", "Eve", 'F', "1752");
     b.Persos[9].SuiteModif().NumSosa[0] = "5";
-    Famille(b, 3, 1, 2, "1748", {12, 10, 11, 9});
+    AjouterFamille(b, 3, 1, 2, "1748", {12, 10, 11, 9});
     ContenuFiche c;
     CalculerEnfants(b, ctx, 3, c);
     EXPECT_EQ(Textes(c.Enfants),
@@ -76,10 +76,10 @@ TEST_F(ContenuFicheEssai, EnfantsParNaissanceOuBaptemeNumeroEnDernier) {
 }
 
 TEST_F(ContenuFicheEssai, EtiquetteDesEnfants) {
-    Personne(b, 1, "MARTIN", "Jean", 'M');
-    Personne(b, 2, "MARTIN", "Paul", 'M');
-    Famille(b, 1, 1, 0);
-    Famille(b, 2, 0, 0, {}, {2});
+    AjouterPersonne(b, 1, "MARTIN", "Jean", 'M');
+    AjouterPersonne(b, 2, "MARTIN", "Paul", 'M');
+    AjouterFamille(b, 1, 1, 0);
+    AjouterFamille(b, 2, 0, 0, {}, {2});
     ContenuFiche c;
     CalculerEnfants(b, ctx, 0, c);
     EXPECT_EQ(c.LabelEnfants, "Aucun enfant");
@@ -90,20 +90,20 @@ TEST_F(ContenuFicheEssai, EtiquetteDesEnfants) {
 }
 
 TEST_F(ContenuFicheEssai, EnfantsDeLaDeuxiemeUnionQuandLaPremiereNEnAPas) {
-    Personne(b, 1, "MARTIN", "Jean", 'M');
-    Personne(b, 2, "MARTIN", "Paul", 'M');
-    Famille(b, 1, 1, 0);
-    Famille(b, 2, 1, 0, {}, {2});
+    AjouterPersonne(b, 1, "MARTIN", "Jean", 'M');
+    AjouterPersonne(b, 2, "MARTIN", "Paul", 'M');
+    AjouterFamille(b, 1, 1, 0);
+    AjouterFamille(b, 2, 1, 0, {}, {2});
     const ContenuFiche c = CalculerFiche(b, ctx, 1);
     EXPECT_EQ(c.FamilleEnfants, 2);
     ASSERT_EQ(c.Enfants.size(), 1u);
 }
 
 TEST_F(ContenuFicheEssai, CadreSosaModificationParentsNotesSexe) {
-    Personne(b, 1, "MARTIN", "Pierre", 'M');
-    Personne(b, 2, "LAGARDE", "Anne", 'F');
-    Perso& p = Personne(b, 3, "MARTIN", "Jean", 'm');
-    Famille(b, 4, 1, 2, {}, {3});
+    AjouterPersonne(b, 1, "MARTIN", "Pierre", 'M');
+    AjouterPersonne(b, 2, "LAGARDE", "Anne", 'F');
+    Perso& p = AjouterPersonne(b, 3, "MARTIN", "Jean", 'm');
+    AjouterFamille(b, 4, 1, 2, {}, {3});
     p.SuiteModif().NumSosa[0] = "12";
     p.SuiteModif().AutresSosa[0] = "48, 96";
     p.DateModif = 45337.5;  // 15/02/2024 midi
@@ -130,7 +130,7 @@ TEST_F(ContenuFicheEssai, CadreSosaModificationParentsNotesSexe) {
 }
 
 TEST_F(ContenuFicheEssai, FichiersLiesEtPremiereImage) {
-    Perso& p = Personne(b, 1, "MARTIN", "Jean", 'M');
+    Perso& p = AjouterPersonne(b, 1, "MARTIN", "Jean", 'M');
     p.SuiteModif().Fichiers.Fixer(1, "actes/bapteme.pdf");
     p.SuiteModif().Fichiers.Fixer(2, "portrait.JPG");
     p.SuiteModif().ObjetsMedia.Fixer(1, 3);

@@ -8,8 +8,8 @@ namespace arbolix {
 namespace {
 
 using essai::Dater;
-using essai::Famille;
-using essai::Personne;
+using essai::AjouterFamille;
+using essai::AjouterPersonne;
 
 struct CasActe {
     const char* nom;
@@ -65,10 +65,10 @@ TEST(LigneActe, TemoinsSignalesEtMesureDonnee) {
 TEST(LignesPersonne, CourteEtListeSansSosaNulNiNomAbsent) {
     Base b;
     Options o;
-    Personne(b, 1, "MARTIN", "Jean", 'M', "03/03/1718", "1779");
-    Personne(b, 2, "FAURE", "Marguerite", 'F', "1722");
+    AjouterPersonne(b, 1, "MARTIN", "Jean", 'M', "03/03/1718", "1779");
+    AjouterPersonne(b, 2, "FAURE", "Marguerite", 'F', "1722");
     b.Persos[2].SuiteModif().NumSosa[0] = "0";
-    Personne(b, 3, "DELMAS", "Louis");
+    AjouterPersonne(b, 3, "DELMAS", "Louis");
     b.Persos[3].SuiteModif().NumSosa[0] = "12";
     EXPECT_EQ(LigneCourte(b, o, 1), "Jean MARTIN \xB0 03/03/1718 + 1779");
     EXPECT_EQ(LigneListe(b, o, 1), "MARTIN Jean \xB0" "03/03/1718 +1779");
@@ -84,13 +84,13 @@ TEST(LignesPersonne, CourteEtListeSansSosaNulNiNomAbsent) {
 TEST(LignesPersonne, BulleEtDetailNommentConjointEtParents) {
     Base b;
     Options o;
-    Personne(b, 1, "MARTIN", "Pierre", 'M');
-    Personne(b, 2, "LAGARDE", "Anne", 'F');
-    Personne(b, 3, "MARTIN", "Jean", 'M').Metier = "Tisserand";
+    AjouterPersonne(b, 1, "MARTIN", "Pierre", 'M');
+    AjouterPersonne(b, 2, "LAGARDE", "Anne", 'F');
+    AjouterPersonne(b, 3, "MARTIN", "Jean", 'M').Metier = "Tisserand";
     b.Persos[3].SuiteModif().Ref = "12";
-    Personne(b, 4, "FAURE", "Marguerite", 'F');
-    Famille(b, 1, 1, 2, "14/01/1716", {3});
-    Famille(b, 2, 3, 4, "20/02/1744").Mariage.Lieu = "Sarlat";
+    AjouterPersonne(b, 4, "FAURE", "Marguerite", 'F');
+    AjouterFamille(b, 1, 1, 2, "14/01/1716", {3});
+    AjouterFamille(b, 2, 3, 4, "20/02/1744").Mariage.Lieu = "Sarlat";
     EXPECT_EQ(BullePersonne(b, o, 3), "Ref 12 / Tisserand / x M. FAURE / enfant de Pierre MARTIN et Anne LAGARDE");
     EXPECT_EQ(DetailPersonne(b, o, 3),
               "Ref 12. Tisserand. x 20/02/1744 Sarlat Marguerite FAURE. enfant de Pierre MARTIN et Anne LAGARDE");

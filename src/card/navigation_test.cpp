@@ -7,17 +7,17 @@
 namespace arbolix {
 namespace {
 
-using essai::Famille;
-using essai::Personne;
+using essai::AjouterFamille;
+using essai::AjouterPersonne;
 
 // Dix personnes, 3, 6 et 9 hors sélection ; notes chez 4 (personne), 7 (mariage).
 class Marche : public ::testing::Test {
 protected:
     void SetUp() override {
-        for (int i = 1; i <= 10; ++i) Personne(b, i, "NOM", "P" + std::to_string(i));
+        for (int i = 1; i <= 10; ++i) AjouterPersonne(b, i, "NOM", "P" + std::to_string(i));
         for (int i : {3, 6, 9}) b.Persos[i].Sel = kFaux;
         b.Persos[4].Notes = "Notaire";
-        Famille(b, 1, 7, 8).Mariage.Notes = "Dispense de consanguinit\xE9";
+        AjouterFamille(b, 1, 7, 8).Mariage.Notes = "Dispense de consanguinit\xE9";
         b.Persos[5].Naissance.Notes = "12/vend/03";   // date républicaine seule : ne compte pas
         b.Persos[2].Deces.Notes = "12/VEND/03";       // idem, la casse n'y fait rien
         b.Persos[6].Notes = "Hors s\xE9lection";
@@ -76,12 +76,12 @@ TEST_F(Marche, NoteRepublicaineSuivieDAutreChoseCompte) {
 
 TEST(ToucheF, PereSinonMereSinonRester) {
     Base b;
-    Personne(b, 1, "A", "Pere", 'M');
-    Personne(b, 2, "A", "Mere", 'F');
-    Personne(b, 3, "A", "Enfant1");
-    Personne(b, 4, "A", "Enfant2");
-    Famille(b, 1, 1, 2, {}, {3});
-    Famille(b, 2, 0, 2, {}, {4});
+    AjouterPersonne(b, 1, "A", "Pere", 'M');
+    AjouterPersonne(b, 2, "A", "Mere", 'F');
+    AjouterPersonne(b, 3, "A", "Enfant1");
+    AjouterPersonne(b, 4, "A", "Enfant2");
+    AjouterFamille(b, 1, 1, 2, {}, {3});
+    AjouterFamille(b, 2, 0, 2, {}, {4});
     EXPECT_EQ(ToucheNumPerso(b, 3, 'f'), 1);
     EXPECT_EQ(ToucheNumPerso(b, 4, 'F'), 2);
     EXPECT_EQ(ToucheNumPerso(b, 1, 'f'), 1);
@@ -92,9 +92,9 @@ TEST(ToucheF, PereSinonMereSinonRester) {
 
 TEST(ToucheS, NumeroSosaEntierParmiLesAutres) {
     Base b;
-    Personne(b, 1, "A", "Un").SuiteModif().NumSosa[0] = "1";
-    Personne(b, 2, "A", "Deux").SuiteModif().NumSosa[0] = "120";
-    Perso& p = Personne(b, 3, "A", "Trois");
+    AjouterPersonne(b, 1, "A", "Un").SuiteModif().NumSosa[0] = "1";
+    AjouterPersonne(b, 2, "A", "Deux").SuiteModif().NumSosa[0] = "120";
+    Perso& p = AjouterPersonne(b, 3, "A", "Trois");
     p.SuiteModif().NumSosa[0] = "13";
     p.SuiteModif().AutresSosa[0] = "12, 340282366920938463463374607431768211456";
     EXPECT_EQ(ToucheNumPerso(b, 12, 's'), 3);  // 12 n'est pas dans 120

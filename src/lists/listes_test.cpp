@@ -8,8 +8,8 @@ namespace arbolix {
 namespace {
 
 using essai::Dater;
-using essai::Famille;
-using essai::Personne;
+using essai::AjouterFamille;
+using essai::AjouterPersonne;
 
 std::vector<std::string> Textes(const ListePersonne& l) {
     std::vector<std::string> t;
@@ -20,14 +20,14 @@ std::vector<std::string> Textes(const ListePersonne& l) {
 class Listes : public ::testing::Test {
 protected:
     void SetUp() override {
-        Personne(b, 1, "MARTIN", "Pierre", 'M', "1690");
-        Personne(b, 2, "LAGARDE", "Anne", 'F', "1694");
-        Personne(b, 3, "MARTIN", "Zo\xE9", 'F', "1718");
-        Personne(b, 4, "MARTIN", "Jean", 'M', "1721");
-        Personne(b, 5, "\xC9TIENNE", "\xC9lisabeth", 'F', "1748");
-        Personne(b, 6, "MARTIN", "Cach\xE9", 'M').Sel = kFaux;
-        Famille(b, 1, 1, 2, "14/01/1716", {3, 4});
-        Famille(b, 2, 0, 5);  // sans mari : l'épouse la nomme
+        AjouterPersonne(b, 1, "MARTIN", "Pierre", 'M', "1690");
+        AjouterPersonne(b, 2, "LAGARDE", "Anne", 'F', "1694");
+        AjouterPersonne(b, 3, "MARTIN", "Zo\xE9", 'F', "1718");
+        AjouterPersonne(b, 4, "MARTIN", "Jean", 'M', "1721");
+        AjouterPersonne(b, 5, "\xC9TIENNE", "\xC9lisabeth", 'F', "1748");
+        AjouterPersonne(b, 6, "MARTIN", "Cach\xE9", 'M').Sel = kFaux;
+        AjouterFamille(b, 1, 1, 2, "14/01/1716", {3, 4});
+        AjouterFamille(b, 2, 0, 5);  // sans mari : l'épouse la nomme
     }
     Base b;
     Options o;
@@ -91,10 +91,10 @@ TEST_F(Listes, InviteAnnuleeEtAucunResultat) {
 }
 
 TEST_F(Listes, FamillesEtLeurAnneeDeTri) {
-    Personne(b, 7, "ABEL", "Marc", 'M', "1800");
-    Personne(b, 8, "ZOLA", "Rose", 'F', "1700");
-    Famille(b, 3, 7, 8);           // année : naissance du mari, 1800
-    Famille(b, 4, 0, 8);           // sans mari : naissance de la femme + 30 = 1730
+    AjouterPersonne(b, 7, "ABEL", "Marc", 'M', "1800");
+    AjouterPersonne(b, 8, "ZOLA", "Rose", 'F', "1700");
+    AjouterFamille(b, 3, 7, 8);           // année : naissance du mari, 1800
+    AjouterFamille(b, 4, 0, 8);           // sans mari : naissance de la femme + 30 = 1730
     ContexteListe ctx(o, reponses);
     ListePersonne l;
     ASSERT_TRUE(ChercherEtLister(b, ctx, QuoiListe::Famis, l));

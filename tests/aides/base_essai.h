@@ -20,7 +20,7 @@ inline void Dater(Acte& a, const std::string& date, const std::string& lieu = {}
 }
 
 // Une personne sélectionnée, avec ses clés de nom.
-inline Perso& Personne(Base& b, std::int32_t n, const std::string& nom, const std::string& prenoms, char sexe = ' ',
+inline Perso& AjouterPersonne(Base& b, std::int32_t n, const std::string& nom, const std::string& prenoms, char sexe = ' ',
                        const std::string& naissance = {}, const std::string& deces = {}) {
     Perso& p = b.Persos[n];
     p.Nom = nom;
@@ -37,7 +37,7 @@ inline Perso& Personne(Base& b, std::int32_t n, const std::string& nom, const st
 }
 
 // Une famille sélectionnée, liée dans les deux sens à ses époux et à ses enfants.
-inline Fami& Famille(Base& b, std::int32_t f, std::int32_t mari, std::int32_t femme, const std::string& mariage = {},
+inline Fami& AjouterFamille(Base& b, std::int32_t f, std::int32_t mari, std::int32_t femme, const std::string& mariage = {},
                      std::initializer_list<std::int32_t> enfants = {}) {
     Fami& fam = b.Familles[f];
     fam.Mari = mari;

@@ -1,0 +1,193 @@
+// La fiche et la fenêtre de liste : touches du numéro, listes, clics, sur l'exemple et sur une base écrite à la main.
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QtTest>
+
+#include "aides/base_essai.h"
+#include "aides/dialogue_factice.h"
+#include "platform/progression.h"
+#include "platform/qt_texte.h"
+#include "ui/fiche.h"
+#include "ui/personne.h"
+
+using namespace arbolix;
+
+namespace {
+
+QLineEdit* Numero(Fiche& f) { return f.findChild<QLineEdit*>("NumPerso"); }
+QString Prenoms(Fiche& f) { return f.findChild<QComboBox*>("Prenoms")->currentText(); }
+
+// Tape un numéro comme l'utilisateur : le texte est d'abord choisi en entier.
+void Taper(Fiche& f, const QString& texte) {
+    Numero(f)->setFocus();
+    Numero(f)->selectAll();
+    QTest::keyClicks(Numero(f), texte);
+}
+
+// Double clic de la souris sur la rangée qui contient le texte.
+bool DoubleCliquerRangee(Personne& p, const QString& texte) {
+    auto* vue = p.findChild<QListView*>("Liste");
+    const QModelIndexList trouve = vue->model()->match(vue->model()->index(0, 0), Qt::DisplayRole, texte, 1,
+                                                       Qt::MatchStartsWith);
+    if (trouve.isEmpty()) return false;
+    vue->scrollTo(trouve.front());
+    const QPoint centre = vue->visualRect(trouve.front()).center();
+    QTest::mouseClick(vue->viewport(), Qt::LeftButton, {}, centre);
+    QTest::mouseDClick(vue->viewport(), Qt::LeftButton, {}, centre);
+    return true;
+}
+
+// Une petite famille : Pierre et Anne, leurs enfants Jean (notes) et Luc, Jean marié deux fois.
+void RemplirBase(Base& b) {
+    using namespace essai;
+    AjouterPersonne(b, 1, "MARTIN", "Pierre", 'M', "1690");
+    AjouterPersonne(b, 2, "LAGARDE", "Anne", 'F', "1694");
+    AjouterPersonne(b, 3, "MARTIN", "Jean", 'M', "03/03/1718", "1779").Notes = "Tisserand \xE0 Sarlat";
+    AjouterPersonne(b, 4, "MARTIN", "Luc", 'M', "1720");
+    AjouterPersonne(b, 5, "FAURE", "Marguerite", 'F', "1722");
+    AjouterPersonne(b, 6, "DELMAS", "\xC9lisabeth", 'F', "1725");
+    AjouterPersonne(b, 7, "MARTIN", "Jacques", 'M', "1745");
+    b.Persos[4].Sel = kFaux;
+    AjouterFamille(b, 1, 1, 2, "14/01/1716", {3, 4});
+    AjouterFamille(b, 2, 3, 6, "1760");
+    AjouterFamille(b, 3, 3, 5, "20/02/1744", {7});
+}
+
+}  // namespace
+
+class EssaiPersonne : public QObject {
+    Q_OBJECT
+private slots:
+    void ExempleNumeroTouchesEtListe() {
+        Fiche fiche;
+        DialogueFactice d;
+        fiche.RemplacerDialogue(&d);
+        fiche.Vider(false);
+        fiche.gedcom().Fichier = ARBOLIX_SHARE "/exemple.ged";
+        Progression muette;
+        QVERIFY(fiche.ChargerFichier(muette));
+        if (fiche.base().Persos[7].NumParents == 0)
+            QSKIP("le lecteur ne lit pas encore les familles de l'exemple");
+        Taper(fiche, "7");
+        QCOMPARE(Prenoms(fiche), QString("Jacques"));
+        QVERIFY(fiche.findChild<QRadioButton*>("Sexe1")->styleSheet().contains("#88AAFF"));
+        QTest::keyClick(Numero(fiche), 'f');
+        QCOMPARE(Numero(fiche)->text(), QString("3"));
+        QCOMPARE(Prenoms(fiche), QString("Jean"));
+        QTest::keyClick(Numero(fiche), '+');
+        QCOMPARE(Numero(fiche)->text(), QString("4"));
+        QTest::keyClick(Numero(fiche), '*');  // Élisabeth, la première suivante qui a une note
+        QCOMPARE(Numero(fiche)->text(), QString("8"));
+        QCOMPARE(Prenoms(fiche), QString::fromUtf8("Élisabeth"));
+
+        fiche.MenuListePersos();
+        Personne& liste = fiche.FormPersonne();
+        QVERIFY(liste.isVisible());
+        QCOMPARE(liste.Genre(), QString("tous"));
+        QVERIFY(DoubleCliquerRangee(liste, QString::fromUtf8("LESPINASSE Honoré")));
+        QVERIFY(!liste.isVisible());
+        QCOMPARE(Numero(fiche)->text(), QString("24"));
+        QCOMPARE(Prenoms(fiche), QString::fromUtf8("Honoré"));
+        QVERIFY(d.messages.empty());
+    }
+
+    void BaseEcriteTouchesCadresEtClics() {
+        Fiche fiche;
+        DialogueFactice d;
+        fiche.RemplacerDialogue(&d);
+        fiche.Vider(false);
+        RemplirBase(fiche.base());
+        fiche.MettreEnPlaceFichier(1);
+        QCOMPARE(Prenoms(fiche), QString("Pierre"));
+
+        Taper(fiche, "7");
+        QCOMPARE(fiche.Contenu().Numero, 7);
+        QCOMPARE(fiche.findChild<QLineEdit*>("Pere")->text(), QString::fromUtf8("Jean MARTIN ° 03/03/1718 + 1779"));
+        QTest::keyClick(Numero(fiche), 'f');
+        QCOMPARE(Numero(fiche)->text(), QString("3"));
+        QCOMPARE(Numero(fiche)->selectedText(), QString("3"));  // prêt pour un autre numéro
+        // Unions par date : 1744 avant 1760, quel que soit l'ordre des emplacements.
+        auto* unions = fiche.findChild<QListWidget*>("Union");
+        QCOMPARE(unions->count(), 2);
+        QVERIFY(unions->item(0)->text().startsWith("x 20/02/1744 Marguerite FAURE"));
+        QCOMPARE(fiche.findChild<QLabel*>("LabelEnfants")->text(), QString("1 enfant F000003"));
+        // Un clic sur la seconde union montre ses enfants (aucun).
+        QTest::mouseClick(unions->viewport(), Qt::LeftButton, {}, unions->visualItemRect(unions->item(1)).center());
+        QCOMPARE(fiche.findChild<QLabel*>("LabelEnfants")->text(), QString("Aucun enfant F000002"));
+        QTest::mouseDClick(unions->viewport(), Qt::LeftButton, {}, unions->visualItemRect(unions->item(1)).center());
+        QCOMPARE(Numero(fiche)->text(), QString("6"));
+
+        // '+' passe Luc, hors sélection ; une lettre quelconque est avalée.
+        Taper(fiche, "3");
+        QTest::keyClick(Numero(fiche), '+');
+        QCOMPARE(Numero(fiche)->text(), QString("5"));
+        QTest::keyClick(Numero(fiche), 'q');
+        QCOMPARE(Numero(fiche)->text(), QString("5"));
+        QTest::keyClick(Numero(fiche), '/');
+        QCOMPARE(Numero(fiche)->text(), QString("3"));  // Jean a des notes
+        // Au-delà de NbPersos + 1, la fiche ne bouge pas : "5" montre 5, "50" rien de plus.
+        Taper(fiche, "50");
+        QCOMPARE(Numero(fiche)->text(), QString("50"));
+        QCOMPARE(fiche.Contenu().Numero, 5);
+        QVERIFY(d.messages.empty());
+    }
+
+    void ListesInviteClicDroitEtNouvellePersonne() {
+        Fiche fiche;
+        DialogueFactice d;
+        fiche.RemplacerDialogue(&d);
+        fiche.Vider(false);
+        RemplirBase(fiche.base());
+        fiche.MettreEnPlaceFichier(3);
+        fiche.options().ListePersosCourte = true;
+        QStringList vues;
+        fiche.RemplacerInviter([&](Invite& i) {
+            vues << VersQString(i.Titre) << VersQString(i.Valeurs[0]) << VersQString(i.Valeurs[1]);
+            i.Valeurs = {"MARTIN", ""};
+            return true;
+        });
+        fiche.MenuListePersos();
+        QCOMPARE(vues, (QStringList{"Liste des personnes...", "MARTIN", "Jean"}));
+        Personne& liste = fiche.FormPersonne();
+        const ListePersonne& rangees = liste.Liste();
+        // Pierre, Jean, Jacques (Luc est hors sélection) sous la ligne de tête.
+        QCOMPARE(static_cast<int>(rangees.Rangees.size()), 4);
+        QCOMPARE(VersQString(rangees.Rangees[0].texte), QString(" Ajouter... P000008"));
+        // Le clic droit mène la fiche et laisse la liste ouverte.
+        liste.CliquerDroit(3);
+        QCOMPARE(Numero(fiche)->text(), QString("7"));
+        QVERIFY(liste.isVisible());
+        // Entrée sur la ligne de tête : une nouvelle personne, numéro 8.
+        liste.Choisir(0);
+        QTest::keyClick(liste.findChild<QListView*>("Liste"), Qt::Key_Return);
+        QCOMPARE(Numero(fiche)->text(), QString("8"));
+        QCOMPARE(fiche.base().NbPersosReels, 8);
+        QVERIFY(fiche.windowTitle().endsWith(QString::fromUtf8(" (modifié)")) || fiche.base().FichierModifie == kVrai);
+
+        // Familles : la fenêtre dit son genre et mène à l'époux.
+        fiche.options().ListePersosCourte = false;
+        fiche.MenuListeFamis();
+        QCOMPARE(liste.Genre(), QString("familles"));
+        QVERIFY(DoubleCliquerRangee(liste, "MARTIN Jean"));
+        QCOMPARE(Numero(fiche)->text(), QString("3"));
+        // Notes : la rangée de la note de Jean mène à Jean.
+        fiche.MenuListeNotes();
+        QCOMPARE(liste.Genre(), QString("notes"));
+        QVERIFY(DoubleCliquerRangee(liste, "MARTIN Jean"));
+        QCOMPARE(Numero(fiche)->text(), QString("3"));
+        // Fiches récentes : la nouvelle fiche n'a pas de date de changement ; la ligne de tête grandit.
+        fiche.MenuFichesRecentes();
+        QCOMPARE(liste.Genre(), QString("recents"));
+        QCOMPARE(VersQString(liste.Liste().Rangees[0].texte), QString("Plus (Cette semaine) ..."));
+        liste.DoubleCliquer(0);
+        QCOMPARE(VersQString(liste.Liste().Rangees[0].texte), QString("Plus (Ces 2 derniers mois) ..."));
+        QVERIFY(liste.isVisible());
+    }
+};
+
+QTEST_MAIN(EssaiPersonne)
+#include "personne_test.moc"
