@@ -23,6 +23,7 @@ std::int32_t NumeroDuLien(std::string_view v, char genre) {
 }
 
 void Ajouter(Texte& champ, std::string_view sep, std::string_view valeur) {
+    if (valeur.empty()) return;
     if (champ.empty()) {
         champ = valeur;
         return;
@@ -124,6 +125,11 @@ void LecteurGedcom::NouvelleFiche() {
 void LecteurGedcom::PreparerLigne() {
     NiveauLigne = Niveau();
     if (NiveauObjet > 0 && NiveauLigne <= NiveauObjet) NiveauObjet = 0;
+    // Une ligne de niveau 1 ferme le contexte de niveau 2 et le témoin qui attendait son rôle.
+    if (NiveauLigne <= 1) {
+        Ligne2.clear();
+        TemoinEnAttente = 0;
+    }
     Decouper();
     if ((Balise == "CONT" || Balise == "CONC") && NiveauLigne >= 3 && Contexte2() == "SOUR") {
         if (Balise == "CONT") LigneCourante.insert(0, " ");

@@ -40,6 +40,7 @@ bool Contient(const E& emplacements, const V& valeur) {
 }
 
 // Ajoute un texte à un champ : le champ vide devient le texte, sinon champ, sep, texte.
+// Un texte vide n'ajoute rien, pas même le séparateur.
 void Ajouter(Texte& champ, std::string_view sep, std::string_view valeur);
 
 // Pointeur du fichier vers sa forme dans la base : "@NOTE7@" donne "@N7@" (décalé

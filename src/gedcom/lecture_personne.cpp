@@ -94,12 +94,8 @@ void Nom(LecteurGedcom& l, Perso& p, std::string& valeur) {
         p.Nom = valeur;
     }
     // Sans barre oblique, rien ne précède le nom : les prénoms restent ce qu'ils étaient.
-    if (barre != std::string::npos) {
-        std::string prenoms(p.Prenoms.vue());
-        if (!prenoms.empty()) prenoms += ' ';
-        prenoms += SansBlancs(std::string_view(valeur).substr(0, barre));
-        p.Prenoms = prenoms;
-    }
+    // Un blanc ne sépare que ce qui est ajouté : "/Dupont//" ne laisse pas de blanc au bout.
+    if (barre != std::string::npos) Ajouter(p.Prenoms, " ", SansBlancs(std::string_view(valeur).substr(0, barre)));
     if (l.contexte_.remplirListes) {
         l.base_.Listes.Nom.Ajouter(p.Nom);
         l.base_.Listes.Prenoms.Ajouter(p.Prenoms);
@@ -377,8 +373,7 @@ void Courriel(LecteurGedcom&, Perso& p, std::string& v) {
     FixerSuite(p, &PersoSuite::EMail, v);
 }
 void Site(LecteurGedcom&, Perso& p, std::string& v) {
-    if (v.empty() && !p.Suite().URL.empty()) return;
-    Ajouter(p.SuiteModif().URL, ";", v);
+    if (!v.empty()) Ajouter(p.SuiteModif().URL, ";", v);
 }
 // Additions et non bits : une balise donnée deux fois déborde sur l'autre intérêt.
 void Ascendants(LecteurGedcom&, Perso& p, std::string&) { p.Interet += 1; }
