@@ -42,7 +42,11 @@ std::string LienLu(LecteurGedcom& l, std::string_view pointeur, char genre) {
     const std::int32_t decalage = genre == 'N' ? l.DecalageNotes : l.DecalageSources;
     const std::int64_t n = static_cast<std::int64_t>(decalage) + l.NumeroLu(Depuis(pointeur, 2), false, l.Renumeroter);
     AssurerPlace(l.base_, n);
-    return "@" + std::string(1, genre) + std::to_string(n) + "@";
+    std::string lien = "@";
+    lien += genre;
+    lien += std::to_string(n);
+    lien += '@';
+    return lien;
 }
 
 void LierRetour(LecteurGedcom& l, std::string_view lien, char genre, std::int32_t numero, bool famille) {
@@ -132,7 +136,7 @@ void LecteurGedcom::PreparerLigne() {
     }
     Decouper();
     if ((Balise == "CONT" || Balise == "CONC") && NiveauLigne >= 3 && Contexte2() == "SOUR") {
-        if (Balise == "CONT") LigneCourante.insert(0, " ");
+        if (Balise == "CONT") LigneCourante.insert(LigneCourante.begin(), ' ');
         Balise = "TEXT";
     }
 }

@@ -78,7 +78,10 @@ std::string DecrirePerso(const Base& base, std::int32_t n) {
     d.Nombre("NumParents", p.NumParents);
     std::string unions;
     for (int i = 1; i <= kMaxUnions; ++i)
-        if (p.Unions[i] != 0) unions += (unions.empty() ? "" : ",") + std::to_string(p.Unions[i]);
+        if (p.Unions[i] != 0) {
+            if (!unions.empty()) unions += ',';
+            unions += std::to_string(p.Unions[i]);
+        }
     d.Champ("Unions", unions);
     d.Champ("Notes", p.Notes);
     const PersoSuite& s = p.Suite();
