@@ -1,8 +1,8 @@
 // Banc d'essai de la lecture : un fichier d'un million de personnes fabriqué en mémoire.
 // Affiche le temps de lecture et la mémoire prise ; n'échoue jamais.
 #include <chrono>
-#include <ctime>
 #include <cstdio>
+#include <ctime>
 #include <fstream>
 #include <string>
 
@@ -30,13 +30,14 @@ std::string Fichier(int personnes) {
         t += "0 @I" + n + "@ INDI\r\n1 NAME Jean" + std::to_string(i % 3000) + " Marie /Dupont" +
              std::to_string(i % 20000) + "/\r\n";
         t += i % 2 ? "1 SEX M\r\n" : "1 SEX F\r\n";
-        t += "1 BIRT\r\n2 DATE 12 MAR 17" + std::to_string(10 + i % 90) + "\r\n2 PLAC Metz" + std::to_string(i % 700) +
-             "\r\n1 DEAT\r\n2 DATE 1790\r\n1 OCCU Laboureur\r\n1 NOTE Note " + n + "\r\n";
+        t += "1 BIRT\r\n2 DATE 12 MAR 17" + std::to_string(10 + i % 90) + "\r\n2 PLAC Metz" +
+             std::to_string(i % 700) + "\r\n1 DEAT\r\n2 DATE 1790\r\n1 OCCU Laboureur\r\n1 NOTE Note " + n +
+             "\r\n";
     }
     for (int i = 1, f = 1; i + 2 <= personnes; i += 3, ++f) {
         t += "0 @F" + std::to_string(f) + "@ FAM\r\n1 HUSB @I" + std::to_string(i) + "@\r\n1 WIFE @I" +
-             std::to_string(i + 1) + "@\r\n1 MARR\r\n2 DATE 1750\r\n2 PLAC Metz\r\n1 CHIL @I" + std::to_string(i + 2) +
-             "@\r\n";
+             std::to_string(i + 1) + "@\r\n1 MARR\r\n2 DATE 1750\r\n2 PLAC Metz\r\n1 CHIL @I" +
+             std::to_string(i + 2) + "@\r\n";
     }
     t += "0 TRLR\r\n";
     return t;
@@ -60,10 +61,11 @@ int main(int argc, char** argv) {
     const std::chrono::duration<double> duree = std::chrono::steady_clock::now() - debut;
     const double processeur = static_cast<double>(std::clock() - debutProcesseur) / CLOCKS_PER_SEC;
     const long apres = MemoireKio();
-    std::printf("fichier : %.1f Mio, %d personnes, %d familles\n", mio, base.NbPersosReels, base.NbFamisReels);
+    std::printf("fichier : %.1f Mio, %d personnes, %d familles\n", mio, base.NbPersosReels,
+                base.NbFamisReels);
     // Le temps processeur compte seul quand la machine est partagée.
-    std::printf("lecture : %.2f s, dont %.2f s de processeur (journal %zu octets)\n", duree.count(), processeur,
-                r.Journal.size());
+    std::printf("lecture : %.2f s, dont %.2f s de processeur (journal %zu octets)\n", duree.count(),
+                processeur, r.Journal.size());
     std::printf("memoire : %.1f Mio, %.0f octets par personne\n", static_cast<double>(apres - avant) / 1024.0,
                 static_cast<double>(apres - avant) * 1024.0 / personnes);
     return 0;

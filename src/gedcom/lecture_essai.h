@@ -17,8 +17,10 @@ namespace arbolix::essai {
 inline std::string Lignes(std::string_view texte) {
     std::string r;
     for (char c : texte) {
-        if (c == '|') r += "\r\n";
-        else r += c;
+        if (c == '|')
+            r += "\r\n";
+        else
+            r += c;
     }
     return r;
 }
@@ -39,7 +41,9 @@ struct Lecture {
     bool remplirListes = true;
 
     // Lit "0 HEAD|" + corps + "|0 TRLR|".
-    const std::string& Lire(std::string_view corps) { return LireTout(Lignes("0 HEAD|" + std::string(corps) + "|0 TRLR|")); }
+    const std::string& Lire(std::string_view corps) {
+        return LireTout(Lignes("0 HEAD|" + std::string(corps) + "|0 TRLR|"));
+    }
     const std::string& LireFichier(const std::string& nom) { return LireTout(Donnees(nom)); }
     const std::string& LireTout(std::string contenu) {
         ContexteLecture ctx{options, cases, progression};
@@ -61,7 +65,8 @@ struct Lecture {
     }
     std::size_t Compte(std::string_view morceau) const {
         std::size_t n = 0;
-        for (auto p = resultat.Journal.find(morceau); p != std::string::npos; p = resultat.Journal.find(morceau, p + 1))
+        for (auto p = resultat.Journal.find(morceau); p != std::string::npos;
+             p = resultat.Journal.find(morceau, p + 1))
             ++n;
         return n;
     }

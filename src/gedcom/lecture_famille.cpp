@@ -13,7 +13,8 @@ namespace arbolix {
 namespace {
 
 constexpr std::string_view kAlerteFinFamille =
-    "Alerte : fin de fichier atteinte sans terminateur Gedcom ! Le fichier est tronqu\xE9 et risque d'\xEAtre "
+    "Alerte : fin de fichier atteinte sans terminateur Gedcom ! Le fichier est tronqu\xE9 et risque "
+    "d'\xEAtre "
     "incomplet.";
 
 // Évènements d'une famille choisis par la balise du contexte, et leur type pour un objet média.
@@ -47,11 +48,18 @@ Acte& ActeOuMariage(Fami& f, std::string_view contexte) {
     return a ? *a : f.Mariage;
 }
 
-std::string Ligne(const LecteurGedcom& l) { return std::to_string(l.NumLigne); }
-std::string NumFamille(const LecteurGedcom& l) { return std::to_string(l.NbFamisLues); }
+std::string Ligne(const LecteurGedcom& l) {
+    return std::to_string(l.NumLigne);
+}
+std::string NumFamille(const LecteurGedcom& l) {
+    return std::to_string(l.NbFamisLues);
+}
 
 void LienIllisible(LecteurGedcom& l) {
-    l.JournaliserLigne("Erreur ligne " + Ligne(l) + ", famille " + NumFamille(l) + ", donn\xE9" "e non trait\xE9" "e : " +
+    l.JournaliserLigne("Erreur ligne " + Ligne(l) + ", famille " + NumFamille(l) +
+                       ", donn\xE9"
+                       "e non trait\xE9"
+                       "e : " +
                        l.Balise + " " + l.LigneCourante);
 }
 
@@ -62,14 +70,17 @@ bool PointeurDePersonne(LecteurGedcom& l, const std::string& v) {
         return false;
     }
     if (l.DesigneUneFamille(v)) {
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : le lien " + l.Balise + " " + v + " de la famille " +
-                           NumFamille(l) + " d\xE9signe une famille et non une personne ; il a \xE9t\xE9 ignor\xE9.");
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : le lien " + l.Balise + " " + v +
+                           " de la famille " + NumFamille(l) +
+                           " d\xE9signe une famille et non une personne ; il a \xE9t\xE9 ignor\xE9.");
         return false;
     }
     return true;
 }
 
-std::string NomPrenoms(const Perso& p) { return p.Nom + " " + p.Prenoms; }
+std::string NomPrenoms(const Perso& p) {
+    return p.Nom + " " + p.Prenoms;
+}
 
 // --- Liens entre personnes ---
 
@@ -81,8 +92,9 @@ void Enfant(LecteurGedcom& l, Fami& f, std::string& v) {
     if (l.EnfantSuivant <= kMaxEnfants) {
         f.Enfants.Fixer(l.EnfantSuivant, c);
         if (enfant.NumParents > 0) {
-            l.JournaliserLigne("Alerte ligne " + Ligne(l) + " : enfant reli\xE9 \xE0 plusieurs couples parents : P" +
-                               std::to_string(c) + " " + NomPrenoms(enfant) + " ; le lien vers les parents F" +
+            l.JournaliserLigne("Alerte ligne " + Ligne(l) +
+                               " : enfant reli\xE9 \xE0 plusieurs couples parents : P" + std::to_string(c) +
+                               " " + NomPrenoms(enfant) + " ; le lien vers les parents F" +
                                std::to_string(numF) + " a \xE9t\xE9 ignor\xE9.");
         } else {
             enfant.NumParents = numF;
@@ -106,8 +118,8 @@ void Union(LecteurGedcom& l, std::int32_t p) {
         }
     }
     l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible d'ajouter l'union " + NumFamille(l) +
-                       " \xE0 la personne " + std::to_string(p) + " " + NomPrenoms(conjoint) + " car il y a d\xE9j\xE0 " +
-                       std::to_string(kMaxUnions) + " unions.");
+                       " \xE0 la personne " + std::to_string(p) + " " + NomPrenoms(conjoint) +
+                       " car il y a d\xE9j\xE0 " + std::to_string(kMaxUnions) + " unions.");
 }
 
 void Conjoint(LecteurGedcom& l, Fami& f, std::string& v) {
@@ -186,9 +198,9 @@ void Temoin(LecteurGedcom& l, Fami& f, std::string& v) {
     Acte& a = ActeOuMariage(f, l.Contexte1());
     const int i = a.Liens().Temoins.PremierLibre(1);
     if (i > kMaxTemoins) {
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible d'ajouter le t\xE9moin " + std::to_string(w) +
-                           " \xE0 la famille " + NumFamille(l) + " car il y a d\xE9j\xE0 " + std::to_string(kMaxTemoins) +
-                           " t\xE9moins.");
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible d'ajouter le t\xE9moin " +
+                           std::to_string(w) + " \xE0 la famille " + NumFamille(l) +
+                           " car il y a d\xE9j\xE0 " + std::to_string(kMaxTemoins) + " t\xE9moins.");
         l.TemoinEnAttente = kMaxTemoins + 1;
         return;
     }
@@ -222,8 +234,8 @@ void LierMedia(LecteurGedcom& l, Fami& f, const std::string& v) {
     // c'est ainsi que le fichier l'a toujours relu.
     ObjetMedia& o = l.base_.Medias[m];
     if (!Contient(o.LiensFamis, l.base_.NumCourant) && !PlacerPremierLibre(o.LiensFamis, l.base_.NumCourant))
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier le fichier " + v + " et la famille " +
-                           NumFamille(l));
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier le fichier " + v +
+                           " et la famille " + NumFamille(l));
     if (r) o.TypeActe = r->typeActe;
 }
 
@@ -264,8 +276,10 @@ void Objet(LecteurGedcom& l, Fami& f, std::string& v) {
 
 void TitreDeFichier(LecteurGedcom& l, Fami&, std::string& v) {
     if (!l.DansBlocObjet() || v.empty()) return;
-    if (l.ObjetDuBloc > 0) PlacerPremierLibre(l.base_.Medias[l.ObjetDuBloc].Titres, Texte(v));
-    else l.TitreDuBloc = v;
+    if (l.ObjetDuBloc > 0)
+        PlacerPremierLibre(l.base_.Medias[l.ObjetDuBloc].Titres, Texte(v));
+    else
+        l.TitreDuBloc = v;
 }
 
 // --- La table des balises ---
@@ -320,7 +334,8 @@ void LecteurGedcom::SectionFamille() {
         SousPiege([this] {
             // Les numéros de familles du fichier ne sont pas gardés : chaque fiche prend le suivant.
             ++NbFamisLues;
-            if (NbFamisLues > base_.Familles.Haut()) RedimensionnerBase(base_, (NbFamisLues / 5000 + 1) * 5000);
+            if (NbFamisLues > base_.Familles.Haut())
+                RedimensionnerBase(base_, (NbFamisLues / 5000 + 1) * 5000);
             NoterPrefixe(Depuis(Ligne0, 4), true);
             if (NbFamisLues % 500 == 0) MontrerProgression();
         });

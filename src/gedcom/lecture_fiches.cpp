@@ -90,9 +90,14 @@ template <typename E, typename V>
 bool PlacerDansObjet(LecteurGedcom& l, E& emplacements, V valeur, std::int32_t g, std::string_view quoi,
                      std::string_view lesQuels) {
     if (Contient(emplacements, valeur) || PlacerPremierLibre(emplacements, std::move(valeur))) return true;
-    l.JournaliserLigne("Erreur ligne " + std::to_string(l.NumLigne) + " : impossible d'ajouter " + std::string(quoi) +
-                       " \xE0 l'objet m\xE9" "dia " + std::to_string(g) + " car il y a d\xE9j\xE0 " +
-                       std::to_string(kMaxLiens) + " " + std::string(lesQuels) + " \xE0 cet objet m\xE9" "dia.");
+    l.JournaliserLigne("Erreur ligne " + std::to_string(l.NumLigne) + " : impossible d'ajouter " +
+                       std::string(quoi) +
+                       " \xE0 l'objet m\xE9"
+                       "dia " +
+                       std::to_string(g) + " car il y a d\xE9j\xE0 " + std::to_string(kMaxLiens) + " " +
+                       std::string(lesQuels) +
+                       " \xE0 cet objet m\xE9"
+                       "dia.");
     return false;
 }
 
@@ -104,16 +109,24 @@ void LecteurGedcom::LigneMedia(std::int32_t g) {
     if (Balise == "INDI") {
         if (!EstPointeur(v)) return;
         const std::int32_t p = PersonneDuPointeur(v);
-        PlacerDansObjet(*this, o.LiensPersos, p, g, "la personne", "personnes reli\xE9" "es");
+        PlacerDansObjet(*this, o.LiensPersos, p, g, "la personne",
+                        "personnes reli\xE9"
+                        "es");
         auto& objets = base_.Persos[p].SuiteModif().ObjetsMedia;
         if (!Contient(objets, g) && !PlacerPremierLibre(objets, g))
-            JournaliserLigne("Erreur ligne " + std::to_string(NumLigne) + " : impossible d'ajouter l'objet m\xE9" "dia " +
-                             std::to_string(g) + " \xE0 la personne " + std::to_string(p) + " car il y a d\xE9j\xE0 " +
-                             std::to_string(kMaxLiens) + " objets m\xE9" "dias reli\xE9s \xE0 cette personne.");
+            JournaliserLigne("Erreur ligne " + std::to_string(NumLigne) +
+                             " : impossible d'ajouter l'objet m\xE9"
+                             "dia " +
+                             std::to_string(g) + " \xE0 la personne " + std::to_string(p) +
+                             " car il y a d\xE9j\xE0 " + std::to_string(kMaxLiens) +
+                             " objets m\xE9"
+                             "dias reli\xE9s \xE0 cette personne.");
     } else if (Balise == "FAM") {
         if (!EstPointeur(v)) return;
         const std::int32_t f = DecalageFamilles + NumeroLu(Depuis(v, 2), false, Renumeroter);
-        PlacerDansObjet(*this, o.LiensFamis, f, g, "la famille", "familles reli\xE9" "es");
+        PlacerDansObjet(*this, o.LiensFamis, f, g, "la famille",
+                        "familles reli\xE9"
+                        "es");
     } else if (Balise == "FILE") {
         if (!v.empty()) PlacerDansObjet(*this, o.Fichiers, Texte(v), g, "le chemin", "fichiers reli\xE9s");
     } else if (Balise == "TITL" || (Balise == "TYPE" && Ligne1 == "1 TITL")) {

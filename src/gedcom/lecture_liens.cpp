@@ -12,7 +12,9 @@ bool EstPointeur(std::string_view v) {
     return v.size() >= 3 && v.front() == '@' && v.back() == '@' && v.find(' ') == std::string_view::npos;
 }
 
-bool EstLien(std::string_view v, char genre) { return NumeroDuLien(v, genre) > 0; }
+bool EstLien(std::string_view v, char genre) {
+    return NumeroDuLien(v, genre) > 0;
+}
 
 std::int32_t NumeroDuLien(std::string_view v, char genre) {
     v = SansBlancs(v);
@@ -40,7 +42,8 @@ void AssurerPlace(Base& base, std::int64_t numero) {
 
 std::string LienLu(LecteurGedcom& l, std::string_view pointeur, char genre) {
     const std::int32_t decalage = genre == 'N' ? l.DecalageNotes : l.DecalageSources;
-    const std::int64_t n = static_cast<std::int64_t>(decalage) + l.NumeroLu(Depuis(pointeur, 2), false, l.Renumeroter);
+    const std::int64_t n =
+        static_cast<std::int64_t>(decalage) + l.NumeroLu(Depuis(pointeur, 2), false, l.Renumeroter);
     AssurerPlace(l.base_, n);
     std::string lien = "@";
     lien += genre;
@@ -200,8 +203,10 @@ void LecteurGedcom::ParcourirPrefixes() {
         const std::size_t fin = tampon_.find("\r\n", a + 2);
         const std::string_view ligne = std::string_view(tampon_).substr(a + 2, fin - a - 2);
         const std::string_view id = Depuis(ligne, 4);
-        if (Droite(ligne, 5) == " INDI") NoterPrefixe(id, false);
-        else if (Droite(ligne, 4) == " FAM") NoterPrefixe(id, true);
+        if (Droite(ligne, 5) == " INDI")
+            NoterPrefixe(id, false);
+        else if (Droite(ligne, 4) == " FAM")
+            NoterPrefixe(id, true);
     }
 }
 

@@ -44,11 +44,18 @@ Acte* ActeDesTemoins(Perso& p, std::string_view contexte) {
     return contexte == "ASSO" ? &p.Naissance : ActeDe(p, contexte);
 }
 
-std::string Ligne(const LecteurGedcom& l) { return std::to_string(l.NumLigne); }
-std::string Numero(const LecteurGedcom& l) { return std::to_string(l.base_.NumCourant); }
+std::string Ligne(const LecteurGedcom& l) {
+    return std::to_string(l.NumLigne);
+}
+std::string Numero(const LecteurGedcom& l) {
+    return std::to_string(l.base_.NumCourant);
+}
 
 void DonneeNonTraitee(LecteurGedcom& l) {
-    l.JournaliserLigne("Erreur ligne " + Ligne(l) + ", personne " + Numero(l) + ", donn\xE9" "e non trait\xE9" "e : " +
+    l.JournaliserLigne("Erreur ligne " + Ligne(l) + ", personne " + Numero(l) +
+                       ", donn\xE9"
+                       "e non trait\xE9"
+                       "e : " +
                        l.Balise + " " + l.LigneCourante);
 }
 
@@ -85,7 +92,8 @@ void Nom(LecteurGedcom& l, Perso& p, std::string& valeur) {
     const auto barre = valeur.find('/');
     if (Comme(valeur, "*/*/")) {
         const auto seconde = valeur.find('/', barre + 1);
-        const std::string_view entre = SansBlancs(std::string_view(valeur).substr(barre + 1, seconde - barre - 1));
+        const std::string_view entre =
+            SansBlancs(std::string_view(valeur).substr(barre + 1, seconde - barre - 1));
         std::string nom(p.Nom.vue());
         if (!nom.empty() && Droite(valeur, 2) != "//") nom += ',';
         nom += entre;
@@ -95,7 +103,8 @@ void Nom(LecteurGedcom& l, Perso& p, std::string& valeur) {
     }
     // Sans barre oblique, rien ne précède le nom : les prénoms restent ce qu'ils étaient.
     // Un blanc ne sépare que ce qui est ajouté : "/Dupont//" ne laisse pas de blanc au bout.
-    if (barre != std::string::npos) Ajouter(p.Prenoms, " ", SansBlancs(std::string_view(valeur).substr(0, barre)));
+    if (barre != std::string::npos)
+        Ajouter(p.Prenoms, " ", SansBlancs(std::string_view(valeur).substr(0, barre)));
     if (l.contexte_.remplirListes) {
         l.base_.Listes.Nom.Ajouter(p.Nom);
         l.base_.Listes.Prenoms.Ajouter(p.Prenoms);
@@ -126,7 +135,8 @@ void Surnom(LecteurGedcom&, Perso& p, std::string& v) {
 void Sexe(LecteurGedcom& l, Perso& p, std::string& v) {
     p.Sexe = v.empty() ? ' ' : v[0];
     if (!v.empty() && v[0] != 'M' && v[0] != 'F')
-        l.JournaliserLigne("Info ligne " + Ligne(l) + ", personne " + Numero(l) + " : le sexe doit \xEAtre M ou F.");
+        l.JournaliserLigne("Info ligne " + Ligne(l) + ", personne " + Numero(l) +
+                           " : le sexe doit \xEAtre M ou F.");
 }
 
 // --- Dates et lieux ---
@@ -137,7 +147,9 @@ double JourDe(std::string_view date, double ancien) {
     return d ? NumeroJour(*d) : ancien;
 }
 
-bool ResideDeja(const Texte& notes) { return Comme(EnMinuscules(notes.vue()), "*r?side*"); }
+bool ResideDeja(const Texte& notes) {
+    return Comme(EnMinuscules(notes.vue()), "*r?side*");
+}
 
 // Résidence et métier datés : la date passe par la sépulture de la personne, qu'elle écrase.
 void DateDeResidenceOuMetier(LecteurGedcom& l, Perso& p, const std::string& v, bool residence) {
@@ -231,7 +243,8 @@ void NoteOuSemblable(LecteurGedcom& l, Perso& p, std::string& v) {
     if (l.Balise == "AGE" && !l.cases_.Ages) return;
     const std::string_view ctx = l.Contexte1();
     if (Acte* a = ActeDe(p, ctx)) {
-        if (!(Comme(a->Notes, kNoteRepublicaine) && Comme(v, kNoteRepublicaine))) Ajouter(a->Notes, "\r\n", v);
+        if (!(Comme(a->Notes, kNoteRepublicaine) && Comme(v, kNoteRepublicaine)))
+            Ajouter(a->Notes, "\r\n", v);
     } else if (ctx == "NOTE" || ctx == "EVEN") {
         Ajouter(p.Notes, "\r\n", v);
     }
@@ -275,8 +288,10 @@ void ListerMetiers(LecteurGedcom& l, Perso& p, std::string m) {
 // Titre d'un fichier lié (bloc OBJE) : sur l'objet déjà créé, sinon gardé pour le FILE qui suit.
 void TitreDeBloc(LecteurGedcom& l, std::string_view v) {
     if (!l.cases_.Fichiers || v.empty()) return;
-    if (l.ObjetDuBloc > 0) PlacerPremierLibre(l.base_.Medias[l.ObjetDuBloc].Titres, Texte(v));
-    else l.TitreDuBloc = v;
+    if (l.ObjetDuBloc > 0)
+        PlacerPremierLibre(l.base_.Medias[l.ObjetDuBloc].Titres, Texte(v));
+    else
+        l.TitreDuBloc = v;
 }
 
 void Metier(LecteurGedcom& l, Perso& p, std::string& v) {
@@ -318,9 +333,10 @@ void Temoin(LecteurGedcom& l, Perso& p, std::string& v) {
     const std::int32_t w = l.PersonneDuPointeur(v);
     const int i = a->Liens().Temoins.PremierLibre(1);
     if (i > kMaxTemoins) {
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible d'ajouter le t\xE9moin " + std::to_string(w) +
-                           " \xE0 la personne " + Numero(l) + " " + p.Nom + " " + p.Prenoms + " car il y a d\xE9j\xE0 " +
-                           std::to_string(kMaxTemoins) + " t\xE9moins.");
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible d'ajouter le t\xE9moin " +
+                           std::to_string(w) + " \xE0 la personne " + Numero(l) + " " + p.Nom + " " +
+                           p.Prenoms + " car il y a d\xE9j\xE0 " + std::to_string(kMaxTemoins) +
+                           " t\xE9moins.");
         l.TemoinEnAttente = kMaxTemoins + 1;
         return;
     }
@@ -357,13 +373,21 @@ void Telephone(LecteurGedcom&, Perso& p, std::string& v) {
 void Adresse(LecteurGedcom&, Perso& p, std::string& v) {
     if (!v.empty()) FixerSuite(p, &PersoSuite::Adresse1, v);
 }
-void Adresse1(LecteurGedcom&, Perso& p, std::string& v) { FixerSuite(p, &PersoSuite::Adresse1, v); }
-void Adresse2(LecteurGedcom&, Perso& p, std::string& v) { FixerSuite(p, &PersoSuite::Adresse2, SansBlancsGauche(v)); }
+void Adresse1(LecteurGedcom&, Perso& p, std::string& v) {
+    FixerSuite(p, &PersoSuite::Adresse1, v);
+}
+void Adresse2(LecteurGedcom&, Perso& p, std::string& v) {
+    FixerSuite(p, &PersoSuite::Adresse2, SansBlancsGauche(v));
+}
 void Ville(LecteurGedcom&, Perso& p, std::string& v) {
     if (!v.empty()) FixerSuite(p, &PersoSuite::Ville, v);
 }
-void Pays(LecteurGedcom&, Perso& p, std::string& v) { FixerSuite(p, &PersoSuite::Pays, v); }
-void CodePostal(LecteurGedcom&, Perso& p, std::string& v) { FixerSuite(p, &PersoSuite::CP, v); }
+void Pays(LecteurGedcom&, Perso& p, std::string& v) {
+    FixerSuite(p, &PersoSuite::Pays, v);
+}
+void CodePostal(LecteurGedcom&, Perso& p, std::string& v) {
+    FixerSuite(p, &PersoSuite::CP, v);
+}
 void Etat(LecteurGedcom&, Perso& p, std::string& v) {
     if (!v.empty()) FixerSuite(p, &PersoSuite::Etat, v);
 }
@@ -376,14 +400,22 @@ void Site(LecteurGedcom&, Perso& p, std::string& v) {
     if (!v.empty()) Ajouter(p.SuiteModif().URL, ";", v);
 }
 // Additions et non bits : une balise donnée deux fois déborde sur l'autre intérêt.
-void Ascendants(LecteurGedcom&, Perso& p, std::string&) { p.Interet += 1; }
-void Descendants(LecteurGedcom&, Perso& p, std::string&) { p.Interet += 2; }
-void Parrainage(LecteurGedcom&, Perso& p, std::string& v) { Ajouter(p.Bapteme.Notes, "\r\n", SansBlancsGauche(v)); }
+void Ascendants(LecteurGedcom&, Perso& p, std::string&) {
+    p.Interet += 1;
+}
+void Descendants(LecteurGedcom&, Perso& p, std::string&) {
+    p.Interet += 2;
+}
+void Parrainage(LecteurGedcom&, Perso& p, std::string& v) {
+    Ajouter(p.Bapteme.Notes, "\r\n", SansBlancsGauche(v));
+}
 
 void Deces(LecteurGedcom& l, Perso&, std::string& v) {
     if (v == "Y")
         l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : " + l.contexte_.textes.TitreProgramme +
-                           " attend une date de d\xE9" "c\xE8s pour la personne " + Numero(l) + ".");
+                           " attend une date de d\xE9"
+                           "c\xE8s pour la personne " +
+                           Numero(l) + ".");
 }
 
 // --- Fichiers liés ---
@@ -411,9 +443,10 @@ void LierMedia(LecteurGedcom& l, Perso& p, const std::string& v) {
         }
     }
     ObjetMedia& o = l.base_.Medias[m];
-    if (!Contient(o.LiensPersos, l.base_.NumCourant) && !PlacerPremierLibre(o.LiensPersos, l.base_.NumCourant))
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier le fichier " + v + " et la personne " +
-                           Numero(l));
+    if (!Contient(o.LiensPersos, l.base_.NumCourant) &&
+        !PlacerPremierLibre(o.LiensPersos, l.base_.NumCourant))
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier le fichier " + v +
+                           " et la personne " + Numero(l));
     if (r) o.TypeActe = r->typeActe;
 }
 
@@ -432,8 +465,8 @@ void Fichier(LecteurGedcom& l, Perso& p, std::string& v) {
     }
     if (CheminDejaLie(l.base_, p, v)) return;
     if (p.Suite().ObjetsMedia.PremierLibre() > kMaxLiens) {
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier le fichier " + v + " et la personne " +
-                           Numero(l));
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier le fichier " + v +
+                           " et la personne " + Numero(l));
         VoirFichier(p.Notes, v);
         return;
     }

@@ -25,8 +25,8 @@ TEST(LecturePersonne, Noms) {
         // Une seule barre : la valeur entière est le nom.
         {"1 NAME Jean /Dupont", "Jean /Dupont", "Jean"},
         {"1 NAME Jean /Du/pont/", "Du,pont", "Jean"},
-        {"1 NAME Jean /Dupont/|2 GIVN Jean Pierre|2 SURN Dupond|2 NICK  Le Grand |2 ALIA @I9@",
-         "Dupond", "Jean Pierre \"Le Grand\""},
+        {"1 NAME Jean /Dupont/|2 GIVN Jean Pierre|2 SURN Dupond|2 NICK  Le Grand |2 ALIA @I9@", "Dupond",
+         "Jean Pierre \"Le Grand\""},
         // GIVN contenu dans les prénoms ne les remplace pas ; SURN vide n'efface pas le nom.
         {"1 NAME Jean Pierre /Dupont/|2 GIVN Pierre|2 SURN", "Dupont", "Jean Pierre"},
     };
@@ -41,9 +41,10 @@ TEST(LecturePersonne, Noms) {
 TEST(LecturePersonne, NomATroisBarresSignale) {
     Lecture l;
     l.Lire("0 @I1@ INDI|1 NAME Jean /Du/pont/");
-    EXPECT_TRUE(l.Journalise(
-        "Alerte ligne 3, personne 1 : le nom ou le pr\xE9nom comporte un caract\xE8re / qui a \xE9t\xE9 remplac\xE9 "
-        "par , (veuillez v\xE9rifier et modifier si besoin)."))
+    EXPECT_TRUE(
+        l.Journalise("Alerte ligne 3, personne 1 : le nom ou le pr\xE9nom comporte un caract\xE8re / qui a "
+                     "\xE9t\xE9 remplac\xE9 "
+                     "par , (veuillez v\xE9rifier et modifier si besoin)."))
         << l.Journal();
 }
 
@@ -58,7 +59,8 @@ TEST(LecturePersonne, SexeAutreQueMOuF) {
 TEST(LecturePersonne, MetierEtResidenceDatesPassentParLaSepulture) {
     Lecture l;
     l.Lire("0 @I1@ INDI|1 NAME A /B/|1 OCCU Tailleur|2 DATE 1750|2 PLAC Paris");
-    EXPECT_EQ(l.P(1), "Nom=B; Prenoms=A; Metier=Tailleur en 1750 \xE0 Paris; CodesMetiers=Ta; Sepulture.Date=1750");
+    EXPECT_EQ(l.P(1),
+              "Nom=B; Prenoms=A; Metier=Tailleur en 1750 \xE0 Paris; CodesMetiers=Ta; Sepulture.Date=1750");
 
     Lecture r;
     r.Lire("0 @I1@ INDI|1 NAME A /B/|1 RESI|2 PLAC Paris|2 DATE 1750|1 RESI|2 PLAC Lyon");
@@ -75,31 +77,38 @@ TEST(LecturePersonne, MetierEtResidenceDatesPassentParLaSepulture) {
 
 TEST(LecturePersonne, EvenementsDatesLieuxEtDecesSansDate) {
     Lecture l;
-    l.Lire("0 @I1@ INDI|1 NAME A /B/|1 BIRT|2 DATE 12 MAR 1750|2 PLAC  \xC9pinal |1 BAPM|2 DATE 13 MAR 1750"
-           "|1 DEAT Y|1 EVEN|2 DATE 1780|2 PLAC Metz|1 CHAN|2 DATE 2 JAN 1900|3 TIME 10:00");
+    l.Lire(
+        "0 @I1@ INDI|1 NAME A /B/|1 BIRT|2 DATE 12 MAR 1750|2 PLAC  \xC9pinal |1 BAPM|2 DATE 13 MAR 1750"
+        "|1 DEAT Y|1 EVEN|2 DATE 1780|2 PLAC Metz|1 CHAN|2 DATE 2 JAN 1900|3 TIME 10:00");
     EXPECT_EQ(l.P(1),
               "Nom=B; Prenoms=A; Naissance.Date=12/03/1750; Naissance.Lieu=Epinal; Bapteme.Date=13/03/1750; "
               "Notes= 1780 r\xE9side \xE0 Metz; DateModif=3");
-    EXPECT_TRUE(l.Journalise("Erreur ligne 9 : Arbolix attend une date de d\xE9" "c\xE8s pour la personne 1."))
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 9 : Arbolix attend une date de d\xE9"
+                     "c\xE8s pour la personne 1."))
         << l.Journal();
 }
 
 TEST(LecturePersonne, LignesDeSuiteSousChaqueContexte) {
     Lecture l;
-    l.Lire("0 @I1@ INDI|1 NAME A /B/"
-           "|1 NOTE Premi\xE8re|2 CONT deuxi\xE8me|2 CONC  suite"
-           "|1 BIRT|2 NOTE n\xE9|3 CONT \xE0 terme"
-           "|2 SOUR @S1@|3 CONT page 4"
-           "|1 ADDR 1 rue Haute|2 CONT 2e \xE9tage|2 CONT 57000 Metz"
-           "|1 SOUR Registre|2 CONT de Metz"
-           "|1 CONT sans contexte");
+    l.Lire(
+        "0 @I1@ INDI|1 NAME A /B/"
+        "|1 NOTE Premi\xE8re|2 CONT deuxi\xE8me|2 CONC  suite"
+        "|1 BIRT|2 NOTE n\xE9|3 CONT \xE0 terme"
+        "|2 SOUR @S1@|3 CONT page 4"
+        "|1 ADDR 1 rue Haute|2 CONT 2e \xE9tage|2 CONT 57000 Metz"
+        "|1 SOUR Registre|2 CONT de Metz"
+        "|1 CONT sans contexte");
     const Perso& p = l.Pe(1);
     EXPECT_EQ(p.Notes, "Premi\xE8re \r\ndeuxi\xE8me suite\r\nRegistre \r\nde Metz");
     EXPECT_EQ(p.Naissance.Notes, "n\xE9 \r\n\xE0 terme");
     EXPECT_EQ(p.Naissance.Source, "@S1@ page 4");
     EXPECT_EQ(p.Suite().Adresse1, "1 rue Haute");
     EXPECT_EQ(p.Suite().Adresse2, "57000 Metz");
-    EXPECT_EQ(l.Journal(), "Erreur ligne 17, personne 1, donn\xE9" "e non trait\xE9" "e : CONT sans contexte\r\n");
+    EXPECT_EQ(l.Journal(),
+              "Erreur ligne 17, personne 1, donn\xE9"
+              "e non trait\xE9"
+              "e : CONT sans contexte\r\n");
 }
 
 TEST(LecturePersonne, SuiteDeNoteSeDoubleSansLeRedire) {
@@ -112,7 +121,8 @@ TEST(LecturePersonne, TemoinsEtRoles) {
     Lecture l;
     l.LireFichier("temoins.ged");
     EXPECT_EQ(l.P(3),
-              "Nom=Petit; Prenoms=Luc; Naissance.Temoins=2(d\xE9" "clarant),1; "
+              "Nom=Petit; Prenoms=Luc; Naissance.Temoins=2(d\xE9"
+              "clarant),1; "
               "Bapteme.Temoins=2(Marraine),1(Parrain),4(Parrain/Marraine),5,6(Parrain)");
     EXPECT_TRUE(l.Journal().empty()) << l.Journal();
 }
@@ -126,8 +136,9 @@ TEST(LecturePersonne, VingtEtUniemeTemoinRefuse) {
     EXPECT_EQ(temoins.Nombre(), 20u);
     EXPECT_EQ(temoins(20), 21);
     EXPECT_EQ(l.Pe(1).Sepulture.Liens().RolesTemoins.Nombre(), 20u);
-    EXPECT_TRUE(l.Journalise("Erreur ligne 45 : impossible d'ajouter le t\xE9moin 22 \xE0 la personne 1 Dupont Jean "
-                             "car il y a d\xE9j\xE0 20 t\xE9moins."))
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 45 : impossible d'ajouter le t\xE9moin 22 \xE0 la personne 1 Dupont Jean "
+                     "car il y a d\xE9j\xE0 20 t\xE9moins."))
         << l.Journal();
     EXPECT_EQ(l.Compte("impossible d'ajouter le t\xE9moin"), 1u);
 }
@@ -136,7 +147,8 @@ TEST(LecturePersonne, NotesEtSourcesExternesAvecRetours) {
     Lecture l;
     l.LireFichier("notes_sources.ged");
     EXPECT_EQ(l.P(1), "Nom=Dupont; Prenoms=Jean; Naissance.Source=@S2@; Notes=@N1@");
-    EXPECT_EQ(l.N(1), "Titre=Famille Dupont; Texte=Une note \\nsur deux lignes; LiensPersos=1,2,3,4,5,6,7,8,9");
+    EXPECT_EQ(l.N(1),
+              "Titre=Famille Dupont; Texte=Une note \\nsur deux lignes; LiensPersos=1,2,3,4,5,6,7,8,9");
     // La dixième personne garde son lien sans retour : les neuf places sont prises.
     EXPECT_EQ(l.Pe(10).Notes, "@N1@");
     EXPECT_EQ(l.S(2), "Titre=Registre de Metz; Texte=Bapt\xEAmes 1750; LiensPersos=1");
@@ -151,7 +163,8 @@ TEST(LecturePersonne, FichiersEtObjetsMedias) {
     l.LireFichier("fichiers.ged");
     EXPECT_EQ(l.P(1), "Nom=Dupont; Prenoms=Jean; Naissance.Medias=3; ObjetsMedia=3,6,4");
     // L'objet du fichier : ses liens ne sont pas doublés par les OBJE @M3@ de la personne.
-    EXPECT_EQ(l.M(3), "Fichiers=acte.png; Titres=Acte de naissance; Actif=-1; LiensPersos=1; TypeActe=1; NumNote=1");
+    EXPECT_EQ(l.M(3),
+              "Fichiers=acte.png; Titres=Acte de naissance; Actif=-1; LiensPersos=1; TypeActe=1; NumNote=1");
     // Chemin lu dans un bloc OBJE : objet local, titre compris. Il avait pris le numéro 4,
     // qu'il a cédé à la fiche @M4@ lue plus loin, et la personne a suivi.
     EXPECT_EQ(l.M(6), "Fichiers=portrait.jpg; Titres=Portrait; Local=-1; Actif=-1; LiensPersos=1");
@@ -177,9 +190,10 @@ TEST(LecturePersonne, NeufFichiersAuPlus) {
 
 TEST(LecturePersonne, AdressesTelephoneEtDivers) {
     Lecture l;
-    l.Lire("0 @I1@ INDI|1 NAME A /B/|1 ADDR|2 ADR1 1 rue Haute|2 ADR2   B\xE2timent C|2 CITY Metz|2 POST 57000"
-           "|2 STAE Lorraine|2 CTRY France|1 PHON 03 87 00 00 00|1 EMAIL a@@b.fr|1 WWW a.fr|1 URL b.fr"
-           "|1 REFN 1|1 ANCI|1 DESI|1 DESI|1 GODP  Jacques");
+    l.Lire(
+        "0 @I1@ INDI|1 NAME A /B/|1 ADDR|2 ADR1 1 rue Haute|2 ADR2   B\xE2timent C|2 CITY Metz|2 POST 57000"
+        "|2 STAE Lorraine|2 CTRY France|1 PHON 03 87 00 00 00|1 EMAIL a@@b.fr|1 WWW a.fr|1 URL b.fr"
+        "|1 REFN 1|1 ANCI|1 DESI|1 DESI|1 GODP  Jacques");
     EXPECT_EQ(l.P(1),
               "Nom=B; Prenoms=A; Bapteme.Notes=Jacques; Adresse1=1 rue Haute; Adresse2=B\xE2timent C; "
               "Etat=Lorraine; CP=57000; Ville=Metz; Pays=France; Telephone=03 87 00 00 00; EMail=a@b.fr; "
@@ -197,10 +211,14 @@ TEST(LecturePersonne, TelephoneSansChiffreFinalFaitUneErreurDeType) {
 
 TEST(LecturePersonne, MetiersTitresEtListes) {
     Lecture l;
-    l.Lire("0 @I1@ INDI|1 NAME A /B/|1 OCCU Tailleur  puis Marchand|1 OCCU Tanneur, Tailleur|1 TITL Duc"
-           "|1 EVEN Sch\xF6" "ffe|2 TYPE Ehrenamt|2 DATE 1820|1 OCCU");
+    l.Lire(
+        "0 @I1@ INDI|1 NAME A /B/|1 OCCU Tailleur  puis Marchand|1 OCCU Tanneur, Tailleur|1 TITL Duc"
+        "|1 EVEN Sch\xF6"
+        "ffe|2 TYPE Ehrenamt|2 DATE 1820|1 OCCU");
     const Perso& p = l.Pe(1);
-    EXPECT_EQ(p.Metier, "Tailleur puis Marchand, Tanneur, Tailleur, Sch\xF6" "ffe en 1820");
+    EXPECT_EQ(p.Metier,
+              "Tailleur puis Marchand, Tanneur, Tailleur, Sch\xF6"
+              "ffe en 1820");
     EXPECT_EQ(p.Titre, "Duc");
     EXPECT_EQ(p.CodesMetiers, "Ta,Ma,Du");
     for (std::string_view m : {"Tailleur", "Marchand", "Tanneur", "Duc"})
@@ -210,7 +228,10 @@ TEST(LecturePersonne, MetiersTitresEtListes) {
 TEST(LecturePersonne, DonneesInconnuesSignalees) {
     Lecture l;
     l.Lire("0 @I1@ INDI|1 NAME A /B/|1 RIN 12|1 _UID|1 FAMS @F1@|1 NMR 2");
-    EXPECT_EQ(l.Journal(), "Erreur ligne 4, personne 1, donn\xE9" "e non trait\xE9" "e : RIN 12\r\n");
+    EXPECT_EQ(l.Journal(),
+              "Erreur ligne 4, personne 1, donn\xE9"
+              "e non trait\xE9"
+              "e : RIN 12\r\n");
 }
 
 TEST(LecturePersonne, CasesDecocheesLaissentTomber) {
@@ -220,10 +241,11 @@ TEST(LecturePersonne, CasesDecocheesLaissentTomber) {
     Lecture tout;
     tout.cases.Ages = true;
     tout.Lire(lignes);
-    EXPECT_EQ(tout.P(1),
-              "Nom=B; Prenoms=A; Metier=Tailleur; CodesMetiers=Ta; Naissance.Date=12/03/1750; Naissance.Lieu=Metz; "
-              "Naissance.Notes=n\xE9\\n3; Naissance.Source=Registre; Naissance.Temoins=2; Notes=Note; "
-              "Adresse1=Rue; ObjetsMedia=1");
+    EXPECT_EQ(
+        tout.P(1),
+        "Nom=B; Prenoms=A; Metier=Tailleur; CodesMetiers=Ta; Naissance.Date=12/03/1750; Naissance.Lieu=Metz; "
+        "Naissance.Notes=n\xE9\\n3; Naissance.Source=Registre; Naissance.Temoins=2; Notes=Note; "
+        "Adresse1=Rue; ObjetsMedia=1");
 
     Lecture rien;
     rien.cases.Dates = rien.cases.Lieux = rien.cases.Professions = rien.cases.Temoins = false;
@@ -241,8 +263,9 @@ TEST(LecturePersonne, TitreCoupeParLaReparationEtDateDuFichier) {
 
 TEST(LecturePersonne, GenealogistesDeclareEtAutre) {
     Lecture l;
-    l.Lire("1 SUBM @U1@|0 @I1@ INDI|1 NAME Jean /Dupont/|0 @U2@ SUBM|1 NAME Autre /Personne/|1 PHON 1"
-           "|0 @U1@ SUBM|1 NAME Paul  /Gen/|1 ADDR Ici");
+    l.Lire(
+        "1 SUBM @U1@|0 @I1@ INDI|1 NAME Jean /Dupont/|0 @U2@ SUBM|1 NAME Autre /Personne/|1 PHON 1"
+        "|0 @U1@ SUBM|1 NAME Paul  /Gen/|1 ADDR Ici");
     EXPECT_EQ(l.P(1), "Nom=Dupont; Prenoms=Jean");
     EXPECT_EQ(l.P(-1), "Nom=Paul Gen; Adresse1=Ici");
     EXPECT_EQ(l.P(0), "");
@@ -265,14 +288,24 @@ TEST(LecturePersonne, ListesDeSaisie) {
 TEST(LecturePersonne, EntreesAbimees) {
     Lecture l;
     const std::string long_(100000, 'x');
-    l.Lire("0 @I1@ INDI|1 NAME " + long_ + " /" + long_ + "/|1 BIRT|2 DATE 32/13/1750|1 CONT orpheline"
+    l.Lire("0 @I1@ INDI|1 NAME " + long_ + " /" + long_ +
+           "/|1 BIRT|2 DATE 32/13/1750|1 CONT orpheline"
            "|0 @I2@ INDI|2 CONT sans niveau 1|1 ASSO|1 ASSO texte libre|1 NAME / / /");
     EXPECT_EQ(l.Pe(1).Nom.size(), 100000u);
     // 32/13/1750 a dix caractères : il est gardé tel quel, sans ligne au journal.
     EXPECT_EQ(l.Pe(1).Naissance.Date, "32/13/1750");
-    EXPECT_TRUE(l.Journalise("Erreur ligne 6, personne 1, donn\xE9" "e non trait\xE9" "e : CONT orpheline"));
-    EXPECT_TRUE(l.Journalise("Erreur ligne 8, personne 2, donn\xE9" "e non trait\xE9" "e : CONT sans niveau 1"));
-    EXPECT_TRUE(l.Journalise("Erreur ligne 10, personne 2, donn\xE9" "e non trait\xE9" "e : ASSO texte libre"));
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 6, personne 1, donn\xE9"
+                     "e non trait\xE9"
+                     "e : CONT orpheline"));
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 8, personne 2, donn\xE9"
+                     "e non trait\xE9"
+                     "e : CONT sans niveau 1"));
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 10, personne 2, donn\xE9"
+                     "e non trait\xE9"
+                     "e : ASSO texte libre"));
     EXPECT_EQ(l.base.NbPersosReels, 2);
 }
 

@@ -20,7 +20,9 @@ constexpr LigneRole kRoles[] = {
     {"Godparent", kParrainMarraine},
     {"Godfather", kParrainMarraine},
     {"Attending", "Participant"},
-    {"Informant", "d\xE9" "clarant"},
+    {"Informant",
+     "d\xE9"
+     "clarant"},
     {"Brother/sister in law", "beau-fr\xE8re/belle-s\x9Cur"},
     {"Brother/sister", "fr\xE8re/soeur"},
     {"Father", "p\xE8re"},
@@ -39,8 +41,8 @@ char SexeDuTemoin(std::string_view contexte, const Base& base, std::int32_t numC
     if (indice < 1 || indice > kMaxTemoins) return ' ';
     const Perso& p = std::as_const(base.Persos)[numCourant];
     const Acte* a = contexte == "BIRT" || contexte == "ASSO" ? &p.Naissance
-                    : contexte == "CHR"                       ? &p.Bapteme
-                                                              : nullptr;
+                    : contexte == "CHR"                      ? &p.Bapteme
+                                                             : nullptr;
     if (!a) return ' ';
     const std::int32_t t = a->Liens().Temoins(indice);
     if (t <= 0 || t > base.Persos.Haut()) return ' ';

@@ -11,8 +11,12 @@ TEST(Roles, TableDesRoles) {
         {"Witness", "T\xE9moin"},
         {"Other", "T\xE9moin"},
         {"Attending", "Participant"},
-        {"Informant", "d\xE9" "clarant"},
-        {"Brother/sister in law", "beau-fr\xE8re/belle-s\x9C" "ur"},
+        {"Informant",
+         "d\xE9"
+         "clarant"},
+        {"Brother/sister in law",
+         "beau-fr\xE8re/belle-s\x9C"
+         "ur"},
         {"Brother/sister", "fr\xE8re/soeur"},
         {"Father", "p\xE8re"},
         {"Mother", "m\xE8re"},
@@ -46,8 +50,8 @@ TEST(Roles, ParrainOuMarraineSelonLeSexeDuTemoin) {
         std::string_view role;
     };
     const Cas cas[] = {
-        {"CHR", 1, "Marraine"}, {"CHR", 2, "Parrain"},          {"BIRT", 1, "Parrain"},
-        {"ASSO", 1, "Parrain"}, {"CHR", 3, "Parrain/Marraine"}, {"DEAT", 1, "Parrain/Marraine"},
+        {"CHR", 1, "Marraine"},          {"CHR", 2, "Parrain"},          {"BIRT", 1, "Parrain"},
+        {"ASSO", 1, "Parrain"},          {"CHR", 3, "Parrain/Marraine"}, {"DEAT", 1, "Parrain/Marraine"},
         {"CHR", 21, "Parrain/Marraine"},
     };
     for (const Cas& c : cas)

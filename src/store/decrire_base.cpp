@@ -32,8 +32,10 @@ public:
         std::string v;
         for (const auto& [i, valeur] : emplacements) {
             if (!v.empty()) v += ',';
-            if constexpr (std::is_same_v<std::decay_t<decltype(valeur)>, Texte>) v += valeur.vue();
-            else v += std::to_string(valeur);
+            if constexpr (std::is_same_v<std::decay_t<decltype(valeur)>, Texte>)
+                v += valeur.vue();
+            else
+                v += std::to_string(valeur);
         }
         Champ(nom, v);
     }
@@ -144,8 +146,10 @@ std::string DecrireBase(const Base& base) {
         if (description.empty()) return;
         r += genre + std::to_string(n) + " " + description + "\n";
     };
-    for (std::int32_t n = -1; n <= base.NbPersos && n <= base.Persos.Haut(); ++n) ligne('P', n, DecrirePerso(base, n));
-    for (std::int32_t f = 1; f <= base.NbFamis && f <= base.Familles.Haut(); ++f) ligne('F', f, DecrireFami(base, f));
+    for (std::int32_t n = -1; n <= base.NbPersos && n <= base.Persos.Haut(); ++n)
+        ligne('P', n, DecrirePerso(base, n));
+    for (std::int32_t f = 1; f <= base.NbFamis && f <= base.Familles.Haut(); ++f)
+        ligne('F', f, DecrireFami(base, f));
     for (std::int32_t n = -1; n <= base.NbNotes && n <= base.Notes.Haut(); ++n)
         ligne('N', n, DecrireNote(std::as_const(base.Notes)[n]));
     for (std::int32_t n = -1; n <= base.NbSources && n <= base.Sources.Haut(); ++n)
