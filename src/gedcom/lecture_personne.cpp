@@ -621,7 +621,7 @@ void LecteurGedcom::SectionPersonne() {
     while (Niveau() != 0 && !aucuneLigne_) {
         if (Annule()) return;
         PreparerLigne();
-        if (Balise == "TRLR") return;
+        if (Balise == "TRLR") break;
         SousPiege([this] { LignePersonne(); });
         Avancer(kAlerteFinPersonne);
     }
