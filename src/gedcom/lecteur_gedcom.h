@@ -9,6 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "dates/parse_date.h"
 #include "gedcom/jeux_caracteres.h"
 #include "gedcom/lecteur.h"
 #include "platform/progression.h"
@@ -101,12 +102,51 @@ public:
     std::int32_t DerniereNote = 0, DerniereSource = 0;
     std::vector<bool> Comptees;   // personnes déjà comptées dans NbPersosReels
     std::vector<std::int32_t> IndiLus;  // numéros des fiches INDI lues
-    std::int32_t DernierMedia = 0;
+    std::int32_t DernierMedia = base_.NbMedias;  // plus haut numéro d'objet média vu ou créé
     std::unordered_map<std::string, std::int32_t> Traduits;
     std::int64_t ProchainTraduit = 0;  // 0 : le fichier n'a pas encore été parcouru
     CodageFichier Codage = CodageFichier::Octets;  // codage reconnu sur les octets bruts
     bool CharLu = false;         // l'en-tête portait une ligne CHAR
     bool Utf8Converti = false;   // la table UTF-8 est déjà passée
+
+    // --- état des sections personne et famille ---
+    int NiveauLigne = 0;            // niveau de la ligne en cours, lu avant le découpage
+    int TemoinEnAttente = 0;        // emplacement du dernier témoin ajouté (ASSO), 0 : aucun
+    int EnfantSuivant = 1;          // prochain emplacement d'enfant de la famille en cours
+    int NiveauObjet = 0;            // niveau d'un bloc OBJE sans pointeur en cours, 0 : aucun
+    std::int32_t ObjetDuBloc = 0;   // objet créé par le FILE de ce bloc
+    std::string TitreDuBloc;        // TITL lu avant le FILE de ce bloc
+    // Une lecture dans une base non vide range notes, sources et médias à la suite des siens.
+    std::int32_t DecalageNotes = base_.NbNotes;
+    std::int32_t DecalageSources = base_.NbSources;
+    std::int32_t DecalageMedias = base_.NbMedias;
+    // Préfixes d'identifiants (I, F, PERSON...) des fiches INDI et FAM : un CHIL ou un
+    // HUSB qui désigne une famille se reconnaît à son préfixe.
+    std::vector<std::string> PrefixesPersonnes, PrefixesFamilles;
+    bool PrefixesParcourus = false;
+
+    std::int32_t DecalageFamilles = base_.NbFamis;
+    // Fiche en cours d'une section de notes, sources ou médias, pour y revenir après une ligne vide.
+    std::int32_t DerniereNoteLue = 0, DerniereSourceLue = 0, DernierMediaLu = 0;
+
+    // Entrée dans une fiche : les contextes de la fiche précédente ne valent plus.
+    void NouvelleFiche();
+    // Niveau, découpage en balise et valeur, suites sous une source de niveau 2 (elles deviennent TEXT).
+    void PreparerLigne();
+    // Personne désignée par un pointeur (CHIL, HUSB, WIFE, ASSO, INDI d'un objet). Elle
+    // n'est comptée qu'à la lecture de sa fiche INDI, sauf en renumérotation où le
+    // compte donne les numéros.
+    std::int32_t PersonneDuPointeur(std::string_view pointeur);
+
+    // Contexte de ParseDate pris sur l'état du lecteur.
+    ContexteDate ContexteDeDate();
+    const Texte& LireDateLigne(std::string_view valeur, Acte& a) { return ParseDate(valeur, a, ContexteDeDate()); }
+    // Vrai quand la ligne courante continue un bloc OBJE sans pointeur (FILE, TITL, FORM du bloc).
+    bool DansBlocObjet() const { return NiveauObjet > 0 && NiveauLigne > NiveauObjet; }
+    // Retient le préfixe d'un identifiant de fiche lue ; parcourt une fois le reste du fichier.
+    void NoterPrefixe(std::string_view identifiant, bool famille);
+    void ParcourirPrefixes();
+    bool DesigneUneFamille(std::string_view pointeur);
 
 private:
     void PreparerTampon(std::string contenu);
@@ -120,9 +160,13 @@ private:
     void ReparerProducteur(std::string_view mot);
     void FinEntete();
     void SectionPersonne();
+    void LignePersonne();
     void SectionFamille();
+    void LigneFamille();
     void SectionNote(bool source);
     void SectionMedia();
+    void LigneNote(bool source, std::int32_t n);
+    void LigneMedia(std::int32_t g);
     void ControlesApresLecture();
     void Nettoyer();
     void NormaliserCasse();

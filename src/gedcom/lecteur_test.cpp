@@ -261,3 +261,17 @@ TEST(Lecteur, IdentifiantsSansNumeroUtilisable) {
 
 }  // namespace
 }  // namespace arbolix
+
+namespace arbolix {
+namespace {
+
+TEST(Lecteur, CodesEtClesDesNomsCalculesALaLecture) {
+    Lecture l;
+    l.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 NAME Jeanne /d'Arc/|0 @I2@ INDI|1 NAME Paul /DUPOND/|0 TRLR|"));
+    EXPECT_EQ(l.P(1).NomTri, "ARC");
+    EXPECT_EQ(l.P(1).CodeNom, "D620");
+    EXPECT_EQ(l.P(2).CodeNom, "D153");
+}
+
+}  // namespace
+}  // namespace arbolix

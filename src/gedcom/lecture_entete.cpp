@@ -2,6 +2,8 @@
 #include <algorithm>
 #include <string>
 
+#include "dates/calendrier_gregorien.h"
+#include "dates/reconnaissance.h"
 #include "gedcom/lecteur_gedcom.h"
 #include "platform/progression.h"
 #include "store/chaines.h"
@@ -125,6 +127,10 @@ void LecteurGedcom::LigneEntete() {
         ReparerProducteur(mot);
     } else if (Balise == "SUBM") {
         base_.Persos[-1].Unions[0] = NumeroLu(Depuis(v, 2), false, false);
+    } else if (Balise == "DATE") {
+        // Date du fichier : celle de la dernière modification du généalogiste ; incomplète, rien ne change.
+        const auto d = LireDate(LireDateLigne(v, base_.ActeCourant));
+        if (d) base_.Persos[-1].DateModif = NumeroJour(*d);
     }
 }
 

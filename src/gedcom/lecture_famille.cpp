@@ -1,7 +1,11 @@
 // Section d'une fiche familiale (FAM) : c'est là que naissent les liens entre personnes.
 #include <string>
 
+#include "dates/calendrier_gregorien.h"
+#include "dates/reconnaissance.h"
 #include "gedcom/lecteur_gedcom.h"
+#include "gedcom/lecture_liens.h"
+#include "gedcom/roles.h"
 #include "store/chaines.h"
 
 namespace arbolix {
@@ -9,26 +13,339 @@ namespace arbolix {
 namespace {
 
 constexpr std::string_view kAlerteFinFamille =
-    "Alerte : fin de fichier atteinte sans terminateur Gedcom ! Le fichier est tronqu\xE9 et risque d'\xEAtre "
+    "Alerte : fin de fichier atteinte sans terminateur Gedcom ! Le fichier est tronqu\xE9 et risque "
+    "d'\xEAtre "
     "incomplet.";
+
+// Évènements d'une famille choisis par la balise du contexte, et leur type pour un objet média.
+struct ActeFamille {
+    std::string_view balise;
+    Acte Fami::*acte;
+    std::int32_t typeActe;
+};
+constexpr ActeFamille kActesFamille[] = {
+    {"MARR", &Fami::Mariage, 2},
+    {"MARC", &Fami::Contrat, 6},
+    {"DIV", &Fami::Divorce, 7},
+};
+
+const ActeFamille* LigneActe(std::string_view contexte) {
+    for (const auto& r : kActesFamille)
+        if (r.balise == contexte) return &r;
+    return nullptr;
+}
+
+// Date et lieu ne vont qu'à l'évènement nommé par le contexte.
+Acte* ActeDate(Fami& f, std::string_view contexte) {
+    const ActeFamille* r = LigneActe(contexte);
+    return r ? &(f.*(r->acte)) : nullptr;
+}
+
+// Notes, sources, témoins et fichiers d'un autre contexte (1 NOTE, 1 SOUR, 1 ASSO,
+// 1 FILE) vont au mariage : la famille n'a pas d'autre champ pour les garder.
+Acte& ActeOuMariage(Fami& f, std::string_view contexte) {
+    Acte* a = ActeDate(f, contexte);
+    return a ? *a : f.Mariage;
+}
+
+std::string Ligne(const LecteurGedcom& l) {
+    return std::to_string(l.NumLigne);
+}
+std::string NumFamille(const LecteurGedcom& l) {
+    return std::to_string(l.NbFamisLues);
+}
+
+void LienIllisible(LecteurGedcom& l) {
+    l.JournaliserLigne("Erreur ligne " + Ligne(l) + ", famille " + NumFamille(l) +
+                       ", donn\xE9"
+                       "e non trait\xE9"
+                       "e : " +
+                       l.Balise + " " + l.LigneCourante);
+}
+
+// Un pointeur de personne utilisable, sinon la ligne va au journal.
+bool PointeurDePersonne(LecteurGedcom& l, const std::string& v) {
+    if (!EstPointeur(v)) {
+        LienIllisible(l);
+        return false;
+    }
+    if (l.DesigneUneFamille(v)) {
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : le lien " + l.Balise + " " + v +
+                           " de la famille " + NumFamille(l) +
+                           " d\xE9signe une famille et non une personne ; il a \xE9t\xE9 ignor\xE9.");
+        return false;
+    }
+    return true;
+}
+
+std::string NomPrenoms(const Perso& p) {
+    return p.Nom + " " + p.Prenoms;
+}
+
+// --- Liens entre personnes ---
+
+void Enfant(LecteurGedcom& l, Fami& f, std::string& v) {
+    if (!PointeurDePersonne(l, v)) return;
+    const std::int32_t c = l.PersonneDuPointeur(v);
+    const std::int32_t numF = l.NbFamisLues;
+    Perso& enfant = l.base_.Persos[c];
+    if (l.EnfantSuivant <= kMaxEnfants) {
+        f.Enfants.Fixer(l.EnfantSuivant, c);
+        if (enfant.NumParents > 0) {
+            l.JournaliserLigne("Alerte ligne " + Ligne(l) +
+                               " : enfant reli\xE9 \xE0 plusieurs couples parents : P" + std::to_string(c) +
+                               " " + NomPrenoms(enfant) + " ; le lien vers les parents F" +
+                               std::to_string(numF) + " a \xE9t\xE9 ignor\xE9.");
+        } else {
+            enfant.NumParents = numF;
+        }
+        ++l.EnfantSuivant;
+        return;
+    }
+    l.JournaliserLigne("Alerte ligne " + Ligne(l) + " : enfant sans lien complet vers les parents : P" +
+                       std::to_string(c) + " " + NomPrenoms(enfant));
+    const Perso& mari = std::as_const(l.base_.Persos)[f.Mari];
+    const Perso& femme = std::as_const(l.base_.Persos)[f.Femme];
+    enfant.Notes += "\r\nenfant de " + NomPrenoms(mari) + " et " + NomPrenoms(femme);
+}
+
+void Union(LecteurGedcom& l, std::int32_t p) {
+    Perso& conjoint = l.base_.Persos[p];
+    for (int i = 1; i <= kMaxUnions; ++i) {
+        if (conjoint.Unions[i] == 0) {
+            conjoint.Unions[i] = l.NbFamisLues;
+            return;
+        }
+    }
+    l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible d'ajouter l'union " + NumFamille(l) +
+                       " \xE0 la personne " + std::to_string(p) + " " + NomPrenoms(conjoint) +
+                       " car il y a d\xE9j\xE0 " + std::to_string(kMaxUnions) + " unions.");
+}
+
+void Conjoint(LecteurGedcom& l, Fami& f, std::string& v) {
+    if (v.empty() || !PointeurDePersonne(l, v)) return;
+    const std::int32_t p = l.PersonneDuPointeur(v);
+    (l.Balise == "HUSB" ? f.Mari : f.Femme) = p;
+    Union(l, p);
+}
+
+// --- Évènements ---
+
+void Date(LecteurGedcom& l, Fami& f, std::string& v) {
+    const std::string_view ctx = l.Contexte1();
+    if (Acte* a = ActeDate(f, ctx)) {
+        l.LireDateLigne(v, *a);
+    } else if (ctx == "CHAN") {
+        // Date de modification de la famille, que l'écriture redonne en CHAN.
+        const auto d = LireDate(l.LireDateLigne(v, l.base_.ActeCourant));
+        if (d) f.DateModif = NumeroJour(*d);
+    }
+}
+
+void Lieu(LecteurGedcom& l, Fami& f, std::string& v) {
+    const std::string lieu(SansBlancs(Remplacer(v, "\xC9", "E")));
+    if (Acte* a = ActeDate(f, l.Contexte1())) a->Lieu = lieu;
+    if (l.contexte_.remplirListes && lieu != l.DernierLieu) {
+        l.base_.Listes.Lieu.Ajouter(lieu);
+        l.DernierLieu = lieu;
+    }
+}
+
+void Mariage(LecteurGedcom& l, Fami&, std::string& v) {
+    if (v == "Y" || v == "N")
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : " + l.contexte_.textes.TitreProgramme +
+                           " attend une date de mariage pour la famille " + NumFamille(l) + ".");
+}
+
+// --- Notes, sources, témoins ---
+
+void Suite(LecteurGedcom& l, Fami& f, std::string& v) {
+    if (v.empty()) return;
+    if (v == "RELI" && l.ProduitOmega) v.clear();
+    Acte& a = ActeOuMariage(f, l.Contexte1());
+    if (v == a.Notes + a.Notes) return;
+    if (l.Balise == "CONT") a.Notes += " \r\n";
+    a.Notes += v;
+}
+
+void Role(LecteurGedcom& l, Fami& f, std::string& v);
+
+void Note(LecteurGedcom& l, Fami& f, std::string& v) {
+    if (v.empty() || v == "INDI") return;
+    if (l.Balise == "TYPE" ? !l.cases_.Temoins : !l.cases_.Notes) return;
+    if (l.Contexte2() == "ASSO" && l.TemoinEnAttente > 0) {
+        Role(l, f, v);
+        return;
+    }
+    if (v == "RELI" && l.ProduitOmega) return;
+    if (EstPointeur(v)) v = LienLu(l, v, 'N');
+    Acte& a = ActeOuMariage(f, l.Contexte1());
+    if (!(Comme(a.Notes, kNoteRepublicaine) && Comme(v, kNoteRepublicaine))) Ajouter(a.Notes, "\r\n", v);
+    LierRetour(l, v, 'N', l.NbFamisLues, true);
+}
+
+void Source(LecteurGedcom& l, Fami& f, std::string& v) {
+    if (EstPointeur(v)) v = LienLu(l, v, 'S');
+    ActeOuMariage(f, l.Contexte1()).Source += v;
+    if (l.contexte_.remplirListes) l.base_.Listes.Source.Ajouter(v);
+    LierRetour(l, v, 'S', l.NbFamisLues, true);
+}
+
+void Temoin(LecteurGedcom& l, Fami& f, std::string& v) {
+    l.TemoinEnAttente = 0;
+    if (!PointeurDePersonne(l, v)) return;
+    const std::int32_t w = l.PersonneDuPointeur(v);
+    Acte& a = ActeOuMariage(f, l.Contexte1());
+    const int i = a.Liens().Temoins.PremierLibre(1);
+    if (i > kMaxTemoins) {
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible d'ajouter le t\xE9moin " +
+                           std::to_string(w) + " \xE0 la famille " + NumFamille(l) +
+                           " car il y a d\xE9j\xE0 " + std::to_string(kMaxTemoins) + " t\xE9moins.");
+        l.TemoinEnAttente = kMaxTemoins + 1;
+        return;
+    }
+    a.LiensModif().Temoins.Fixer(i, w);
+    l.TemoinEnAttente = i;
+}
+
+// Le parrain d'une famille n'a pas de sexe à chercher : le contexte est celui d'un mariage.
+void Role(LecteurGedcom& l, Fami& f, std::string& v) {
+    if (!l.cases_.Temoins || l.TemoinEnAttente <= 0 || v.empty() || v == "EVEN") return;
+    const std::string role = TraduireRole(v, "MARR", l.base_, l.base_.NumCourant, l.TemoinEnAttente);
+    if (role == "T\xE9moin" || l.TemoinEnAttente > kMaxTemoins) return;
+    Acte& a = ActeOuMariage(f, l.Contexte1());
+    Texte roles = a.Liens().RolesTemoins(l.TemoinEnAttente);
+    Ajouter(roles, ", ", role);
+    a.LiensModif().RolesTemoins.Fixer(l.TemoinEnAttente, roles);
+}
+
+// --- Fichiers liés ---
+
+void LierMedia(LecteurGedcom& l, Fami& f, const std::string& v) {
+    const std::int32_t m = MediaDuPointeur(l, v);
+    const ActeFamille* r = LigneActe(l.Contexte1());
+    Acte& a = ActeOuMariage(f, l.Contexte1());
+    if (!Contient(a.Liens().Medias, m) && !PlacerPremierLibre(a.LiensModif().Medias, m)) {
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier la famille " + NumFamille(l) +
+                           " et le fichier " + v);
+        a.Notes += "\r\nVoir fichier " + v;
+    }
+    // Le retour de lien reçoit le numéro de la personne courante, non celui de la famille :
+    // c'est ainsi que le fichier l'a toujours relu.
+    ObjetMedia& o = l.base_.Medias[m];
+    if (!Contient(o.LiensFamis, l.base_.NumCourant) && !PlacerPremierLibre(o.LiensFamis, l.base_.NumCourant))
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier le fichier " + v +
+                           " et la famille " + NumFamille(l));
+    if (r) o.TypeActe = r->typeActe;
+}
+
+void Fichier(LecteurGedcom& l, Fami& f, std::string& v) {
+    if (v.empty()) return;
+    if (EstPointeur(v)) {
+        LierMedia(l, f, v);
+        return;
+    }
+    // Un chemin : l'objet local est rangé dans l'évènement, sans quoi il serait perdu à l'écriture.
+    Acte& a = ActeOuMariage(f, l.Contexte1());
+    if (a.Liens().Medias.PremierLibre() > kMaxLiens) {
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier la famille " + NumFamille(l) +
+                           " et le fichier " + v);
+        a.Notes += "\r\nVoir fichier " + v;
+        return;
+    }
+    const std::int32_t m = NouvelObjetLocal(l, v);
+    ObjetMedia& o = l.base_.Medias[m];
+    if (l.DansBlocObjet()) {
+        l.ObjetDuBloc = m;
+        if (!l.TitreDuBloc.empty()) o.Titres.Fixer(1, Texte(l.TitreDuBloc));
+    }
+    PlacerPremierLibre(a.LiensModif().Medias, m);
+    o.LiensFamis.Fixer(1, l.NbFamisLues);
+    if (const ActeFamille* r = LigneActe(l.Contexte1())) o.TypeActe = r->typeActe;
+}
+
+void Objet(LecteurGedcom& l, Fami& f, std::string& v) {
+    if (EstPointeur(v)) {
+        LierMedia(l, f, v);
+    } else if (v.empty()) {
+        l.NiveauObjet = l.NiveauLigne;
+        l.ObjetDuBloc = 0;
+        l.TitreDuBloc.clear();
+    }
+}
+
+void TitreDeFichier(LecteurGedcom& l, Fami&, std::string& v) {
+    if (!l.DansBlocObjet() || v.empty()) return;
+    if (l.ObjetDuBloc > 0)
+        PlacerPremierLibre(l.base_.Medias[l.ObjetDuBloc].Titres, Texte(v));
+    else
+        l.TitreDuBloc = v;
+}
+
+// --- La table des balises ---
+
+using Traitement = void (*)(LecteurGedcom&, Fami&, std::string&);
+
+struct RegleBalise {
+    std::string_view balise;
+    bool OptionsGedcom::*garde;  // case qui doit être cochée, nul : aucune
+    Traitement traiter;          // nul : balise ignorée
+};
+
+// Dans l'ordre de la règle. Une balise absente est ignorée sans un mot.
+constexpr RegleBalise kBalisesFamille[] = {
+    {"CHIL", nullptr, Enfant},
+    {"DATE", nullptr, Date},
+    {"PLAC", &OptionsGedcom::Lieux, Lieu},
+    {"HUSB", nullptr, Conjoint},
+    {"WIFE", nullptr, Conjoint},
+    {"CONT", &OptionsGedcom::Notes, Suite},
+    {"CONC", &OptionsGedcom::Notes, Suite},
+    {"NOTE", nullptr, Note},
+    {"TYPE", nullptr, Note},
+    {"SOUR", &OptionsGedcom::Sources, Source},
+    {"TEXT", &OptionsGedcom::Sources, Source},
+    {"ASSO", &OptionsGedcom::Temoins, Temoin},
+    {"RELA", &OptionsGedcom::Temoins, Role},
+    {"FILE", &OptionsGedcom::Fichiers, Fichier},
+    {"OBJE", &OptionsGedcom::Fichiers, Objet},
+    {"TITL", &OptionsGedcom::Fichiers, TitreDeFichier},
+    {"MARR", nullptr, Mariage},
+    {"NCHI", nullptr, nullptr},
+    {"NMR", nullptr, nullptr},
+    {"ROLE", nullptr, nullptr},
+};
 
 }  // namespace
 
+void LecteurGedcom::LigneFamille() {
+    static const auto index = IndexerBalises(kBalisesFamille);
+    const auto it = index.find(Balise);
+    if (it == index.end()) return;
+    const RegleBalise& r = *it->second;
+    if (r.garde && !(cases_.*r.garde)) return;
+    if (r.traiter) r.traiter(*this, base_.Familles[NbFamisLues], LigneCourante);
+}
+
 void LecteurGedcom::SectionFamille() {
     if (EntreeDeFiche()) {
+        NouvelleFiche();
+        EnfantSuivant = 1;
         SousPiege([this] {
             // Les numéros de familles du fichier ne sont pas gardés : chaque fiche prend le suivant.
             ++NbFamisLues;
             if (NbFamisLues > base_.Familles.Haut())
                 RedimensionnerBase(base_, (NbFamisLues / 5000 + 1) * 5000);
+            NoterPrefixe(Depuis(Ligne0, 4), true);
             if (NbFamisLues % 500 == 0) MontrerProgression();
         });
         Avancer(kAlerteFinFamille);
     }
     while (Niveau() != 0 && !aucuneLigne_) {
         if (Annule()) return;
-        Decouper();
+        PreparerLigne();
         if (Balise == "TRLR") return;
+        SousPiege([this] { LigneFamille(); });
         Avancer(kAlerteFinFamille);
     }
 }

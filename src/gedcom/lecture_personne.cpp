@@ -1,7 +1,11 @@
 // Section d'une fiche individuelle (INDI) ou du généalogiste (SUBM).
 #include <string>
 
+#include "dates/calendrier_gregorien.h"
+#include "dates/reconnaissance.h"
 #include "gedcom/lecteur_gedcom.h"
+#include "gedcom/lecture_liens.h"
+#include "gedcom/roles.h"
 #include "store/chaines.h"
 
 namespace arbolix {
@@ -12,17 +16,73 @@ constexpr std::string_view kAlerteFinPersonne =
     "Alerte : fin de fichier atteinte sans terminateur Gedcom ! Le fichier pourrait \xEAtre tronqu\xE9 et "
     "incomplet.";
 
-void LireNom(LecteurGedcom& l, Perso& p, std::string valeur) {
+// Évènements d'une personne choisis par la balise du contexte, et leur type pour un objet média.
+// BAPM est le baptême de bien des logiciels : il va au même évènement que CHR.
+struct ActePersonne {
+    std::string_view balise;
+    Acte Perso::*acte;
+    std::int32_t typeActe;
+};
+constexpr ActePersonne kActesPersonne[] = {
+    {"BIRT", &Perso::Naissance, 1}, {"CHR", &Perso::Bapteme, 4},    {"BAPM", &Perso::Bapteme, 4},
+    {"DEAT", &Perso::Deces, 3},     {"BURI", &Perso::Sepulture, 5},
+};
+
+const ActePersonne* LigneActe(std::string_view contexte) {
+    for (const auto& r : kActesPersonne)
+        if (r.balise == contexte) return &r;
+    return nullptr;
+}
+
+Acte* ActeDe(Perso& p, std::string_view contexte) {
+    const ActePersonne* r = LigneActe(contexte);
+    return r ? &(p.*(r->acte)) : nullptr;
+}
+
+// Un ASSO de niveau 1 est un témoin de la naissance.
+Acte* ActeDesTemoins(Perso& p, std::string_view contexte) {
+    return contexte == "ASSO" ? &p.Naissance : ActeDe(p, contexte);
+}
+
+std::string Ligne(const LecteurGedcom& l) {
+    return std::to_string(l.NumLigne);
+}
+std::string Numero(const LecteurGedcom& l) {
+    return std::to_string(l.base_.NumCourant);
+}
+
+void DonneeNonTraitee(LecteurGedcom& l) {
+    l.JournaliserLigne("Erreur ligne " + Ligne(l) + ", personne " + Numero(l) +
+                       ", donn\xE9"
+                       "e non trait\xE9"
+                       "e : " +
+                       l.Balise + " " + l.LigneCourante);
+}
+
+void LienVersFamille(LecteurGedcom& l, std::string_view v) {
+    l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : le lien " + l.Balise + " " + std::string(v) +
+                       " de la personne " + Numero(l) +
+                       " d\xE9signe une famille et non une personne ; il a \xE9t\xE9 ignor\xE9.");
+}
+
+// Un champ de la suite n'est créé que pour y écrire quelque chose.
+void FixerSuite(Perso& p, Texte PersoSuite::*champ, std::string_view v) {
+    if (v.empty() && p.Suite().*champ == Texte()) return;
+    p.SuiteModif().*champ = v;
+}
+
+// --- Noms ---
+
+void Nom(LecteurGedcom& l, Perso& p, std::string& valeur) {
     const std::int32_t n = l.base_.NumCourant;
     if (n <= 0) {
         // Le généalogiste : un seul nom, sans barres obliques.
-        std::string nom = Remplacer(valeur, "/", " ");
-        p.Nom = SansBlancs(SansDoublesBlancs(nom));
+        p.Nom = SansBlancs(SansDoublesBlancs(Remplacer(valeur, "/", " ")));
         p.Prenoms.clear();
         return;
     }
     if (Comme(valeur, "?*/?*/?*/")) {
-        l.JournaliserLigne("Alerte ligne " + std::to_string(l.NumLigne) + ", personne " + std::to_string(n) +
+        l.JournaliserLigne("Alerte ligne " + Ligne(l) + ", personne " + std::to_string(n) +
                            " : le nom ou le pr\xE9nom comporte un caract\xE8re / qui a \xE9t\xE9 remplac\xE9 "
                            "par , (veuillez v\xE9rifier et modifier si besoin).");
         valeur.pop_back();
@@ -32,7 +92,8 @@ void LireNom(LecteurGedcom& l, Perso& p, std::string valeur) {
     const auto barre = valeur.find('/');
     if (Comme(valeur, "*/*/")) {
         const auto seconde = valeur.find('/', barre + 1);
-        const std::string_view entre = SansBlancs(std::string_view(valeur).substr(barre + 1, seconde - barre - 1));
+        const std::string_view entre =
+            SansBlancs(std::string_view(valeur).substr(barre + 1, seconde - barre - 1));
         std::string nom(p.Nom.vue());
         if (!nom.empty() && Droite(valeur, 2) != "//") nom += ',';
         nom += entre;
@@ -40,45 +101,531 @@ void LireNom(LecteurGedcom& l, Perso& p, std::string valeur) {
     } else {
         p.Nom = valeur;
     }
-    std::string prenoms(p.Prenoms.vue());
-    if (!prenoms.empty()) prenoms += ' ';
-    prenoms += SansBlancs(std::string_view(valeur).substr(0, barre == std::string::npos ? valeur.size() : barre));
-    p.Prenoms = prenoms;
+    // Sans barre oblique, rien ne précède le nom : les prénoms restent ce qu'ils étaient.
+    // Un blanc ne sépare que ce qui est ajouté : "/Dupont//" ne laisse pas de blanc au bout.
+    if (barre != std::string::npos)
+        Ajouter(p.Prenoms, " ", SansBlancs(std::string_view(valeur).substr(0, barre)));
     if (l.contexte_.remplirListes) {
         l.base_.Listes.Nom.Ajouter(p.Nom);
         l.base_.Listes.Prenoms.Ajouter(p.Prenoms);
     }
 }
 
+void Prenom(LecteurGedcom& l, Perso& p, std::string& v) {
+    if (p.Prenoms.empty() && l.contexte_.remplirListes) l.base_.Listes.Prenoms.Ajouter(v);
+    if (p.Prenoms.vue().find(v) == std::string_view::npos) p.Prenoms = v;
+}
+
+// Un SURN vide n'efface pas le nom que NAME a donné.
+void NomDeFamille(LecteurGedcom& l, Perso& p, std::string& v) {
+    if (v.empty()) return;
+    if (p.Nom.empty() && l.contexte_.remplirListes) l.base_.Listes.Nom.Ajouter(v);
+    p.Nom = v;
+}
+
+// Surnom : entre guillemets derrière les prénoms ; un pointeur (ALIA @I3@) n'est pas un nom.
+void Surnom(LecteurGedcom&, Perso& p, std::string& v) {
+    const std::string_view s = SansBlancs(v);
+    if (s.empty() || EstPointeur(s)) return;
+    p.Prenoms += " \"";
+    p.Prenoms += s;
+    p.Prenoms += "\"";
+}
+
+void Sexe(LecteurGedcom& l, Perso& p, std::string& v) {
+    p.Sexe = v.empty() ? ' ' : v[0];
+    if (!v.empty() && v[0] != 'M' && v[0] != 'F')
+        l.JournaliserLigne("Info ligne " + Ligne(l) + ", personne " + Numero(l) +
+                           " : le sexe doit \xEAtre M ou F.");
+}
+
+// --- Dates et lieux ---
+
+// Jours depuis le 30/12/1899 d'une date lue ; une date incomplète ne change rien.
+double JourDe(std::string_view date, double ancien) {
+    const auto d = LireDate(date);
+    return d ? NumeroJour(*d) : ancien;
+}
+
+bool ResideDeja(const Texte& notes) {
+    return Comme(EnMinuscules(notes.vue()), "*r?side*");
+}
+
+// Résidence et métier datés : la date passe par la sépulture de la personne, qu'elle écrase.
+void DateDeResidenceOuMetier(LecteurGedcom& l, Perso& p, const std::string& v, bool residence) {
+    const std::string date = l.LireDateLigne(v, p.Sepulture).str();
+    const std::string en = v.size() == 4 ? "en " : "";
+    if (residence) {
+        std::string notes(p.Notes.vue());
+        if (!notes.empty()) notes += ' ';
+        if (!ResideDeja(p.Notes)) notes += "r\xE9side ";
+        p.Notes = notes + en + date;
+    } else {
+        p.Metier = p.Metier + " " + en + date;
+    }
+}
+
+void Date(LecteurGedcom& l, Perso& p, std::string& v) {
+    const std::string_view ctx = l.Contexte1();
+    if (Acte* a = ActeDe(p, ctx)) {
+        l.LireDateLigne(v, *a);
+    } else if (ctx == "CHAN") {
+        p.DateModif = JourDe(l.LireDateLigne(v, l.base_.ActeCourant), p.DateModif);
+    } else if (ctx == "EVEN") {
+        p.Notes = p.Notes + " " + l.LireDateLigne(v, l.base_.ActeCourant);
+    } else if (ctx == "RESI" || ctx == "OCCU") {
+        DateDeResidenceOuMetier(l, p, v, ctx == "RESI");
+    }
+}
+
+void Lieu(LecteurGedcom& l, Perso& p, std::string& v) {
+    const std::string lieu(SansBlancs(Remplacer(v, "\xC9", "E")));
+    const std::string_view ctx = l.Contexte1();
+    if (Acte* a = ActeDe(p, ctx)) {
+        a->Lieu = lieu;
+    } else if (ctx == "EVEN" || ctx == "RESI") {
+        std::string notes(p.Notes.vue());
+        if (!notes.empty()) notes += ' ';
+        if (!ResideDeja(p.Notes)) notes += "r\xE9side";
+        p.Notes = notes + " \xE0 " + lieu;
+    } else if (ctx == "OCCU") {
+        p.Metier = p.Metier + " \xE0 " + lieu;
+    }
+    if (l.contexte_.remplirListes && lieu != l.DernierLieu) {
+        l.base_.Listes.Lieu.Ajouter(lieu);
+        l.DernierLieu = lieu;
+    }
+}
+
+// --- Notes, sources, suites de lignes ---
+
+void Suite(LecteurGedcom& l, Perso& p, std::string& v) {
+    if (v.empty()) return;
+    const std::string_view sep = l.Balise == "CONT" ? " \r\n" : "";
+    const std::string_view ctx = l.Contexte1();
+    if (ctx == "NOTE" || ctx == "EVEN" || (ctx == "SOUR" && l.cases_.Sources)) {
+        p.Notes += sep;
+        p.Notes += v;
+    } else if (Acte* a = ActeDe(p, ctx)) {
+        if (v != a->Notes + a->Notes) {
+            a->Notes += sep;
+            a->Notes += v;
+        }
+    } else if (ctx == "ADDR") {
+        if (l.cases_.Adresses) FixerSuite(p, &PersoSuite::Adresse2, v);
+    } else if (ctx.empty() || ctx == "CONT" || ctx == "CONC") {
+        DonneeNonTraitee(l);  // une suite sans rien à continuer
+    }
+}
+
+void Metier(LecteurGedcom& l, Perso& p, std::string& v);
+void Role(LecteurGedcom& l, Perso& p, std::string& v);
+
+void NoteOuSemblable(LecteurGedcom& l, Perso& p, std::string& v) {
+    const bool type = l.Balise == "TYPE";
+    if (type && l.cases_.Professions && v == "Ehrenamt") {
+        Ajouter(p.Metier, ", ", Depuis(l.Ligne1, 8));
+        l.Ligne1 = "1 OCCU";
+        v.clear();
+    }
+    if (type && l.Ligne1 == "1 TITL") {
+        // "1 TITL x" a été coupé en "1 TITL" et "2 TYPE x" : c'est le titre.
+        if (l.cases_.Professions) Metier(l, p, v);
+        return;
+    }
+    if (v.empty() || v == "INDI" || !(type ? l.cases_.Temoins : l.cases_.Notes)) return;
+    if (l.Contexte2() == "ASSO" && l.TemoinEnAttente > 0) {
+        Role(l, p, v);
+        return;
+    }
+    if (EstPointeur(v)) v = LienLu(l, v, 'N');
+    if (type && l.ProduitOmega && v.size() == 1) return;
+    if (l.Balise == "AGE" && !l.cases_.Ages) return;
+    const std::string_view ctx = l.Contexte1();
+    if (Acte* a = ActeDe(p, ctx)) {
+        if (!(Comme(a->Notes, kNoteRepublicaine) && Comme(v, kNoteRepublicaine)))
+            Ajouter(a->Notes, "\r\n", v);
+    } else if (ctx == "NOTE" || ctx == "EVEN") {
+        Ajouter(p.Notes, "\r\n", v);
+    }
+    if (l.base_.NumCourant > 0) LierRetour(l, v, 'N', l.base_.NumCourant, false);
+}
+
+void Source(LecteurGedcom& l, Perso& p, std::string& v) {
+    std::string s(SansBlancsGauche(v));
+    if (EstPointeur(s)) s = LienLu(l, s, 'S');
+    const bool texte = l.Balise == "TEXT";
+    if (texte && l.contexte_.remplirListes) l.base_.Listes.Source.Ajouter(s);
+    const std::string_view ctx = l.Contexte1();
+    if (Acte* a = ActeDe(p, ctx)) {
+        if (texte && !a->Source.empty()) a->Source += " ";
+        a->Source += s;
+    } else if (ctx == "SOUR") {
+        Ajouter(p.Notes, "\r\n", s);
+    }
+    if (l.base_.NumCourant > 0) LierRetour(l, s, 'S', l.base_.NumCourant, false);
+}
+
+// --- Métiers ---
+
+// Chaque métier va à la liste, et ses deux premières lettres aux codes de la personne.
+void ListerMetiers(LecteurGedcom& l, Perso& p, std::string m) {
+    RemplacerTout(m, " puis ", ",");
+    std::string_view reste = m;
+    for (;;) {
+        const auto virgule = reste.find(',');
+        const std::string_view partie = SansBlancs(reste.substr(0, virgule));
+        l.base_.Listes.Metier.Ajouter(partie);
+        const std::string_view code = Gauche(partie, 2);
+        const std::string codes = "," + p.CodesMetiers + ",";
+        if (!code.empty() && codes.find("," + std::string(code) + ",") == std::string::npos)
+            Ajouter(p.CodesMetiers, ",", code);
+        if (virgule == std::string_view::npos) break;
+        reste.remove_prefix(virgule + 1);
+    }
+}
+
+// Titre d'un fichier lié (bloc OBJE) : sur l'objet déjà créé, sinon gardé pour le FILE qui suit.
+void TitreDeBloc(LecteurGedcom& l, std::string_view v) {
+    if (!l.cases_.Fichiers || v.empty()) return;
+    if (l.ObjetDuBloc > 0)
+        PlacerPremierLibre(l.base_.Medias[l.ObjetDuBloc].Titres, Texte(v));
+    else
+        l.TitreDuBloc = v;
+}
+
+void Metier(LecteurGedcom& l, Perso& p, std::string& v) {
+    const bool titre = l.Balise == "TITL" || l.Balise == "TYPE";
+    if (l.Balise == "TITL" && l.DansBlocObjet()) {
+        TitreDeBloc(l, v);
+        return;
+    }
+    if (!l.cases_.Professions) return;
+    // Une ligne vide n'ajoute pas de ", " à ce qui est déjà là.
+    std::string m = SansDoublesBlancs(v);
+    if (m.empty()) return;
+    if (titre) {
+        Ajouter(p.Titre, ", ", m);
+    } else {
+        if (l.ProduitOmega) RemplacerTout(m, "_", "");
+        Ajouter(p.Metier, ", ", m);
+    }
+    if (l.contexte_.remplirListes) ListerMetiers(l, p, m);
+}
+
+// --- Témoins ---
+
+void Temoin(LecteurGedcom& l, Perso& p, std::string& v) {
+    l.TemoinEnAttente = 0;
+    if (!EstPointeur(v)) {
+        if (!v.empty()) DonneeNonTraitee(l);
+        return;
+    }
+    if (l.DesigneUneFamille(v)) {
+        LienVersFamille(l, v);
+        return;
+    }
+    Acte* a = ActeDesTemoins(p, l.Contexte1());
+    if (!a) {
+        DonneeNonTraitee(l);  // aucun évènement de la fiche ne peut porter ce témoin
+        return;
+    }
+    const std::int32_t w = l.PersonneDuPointeur(v);
+    const int i = a->Liens().Temoins.PremierLibre(1);
+    if (i > kMaxTemoins) {
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible d'ajouter le t\xE9moin " +
+                           std::to_string(w) + " \xE0 la personne " + Numero(l) + " " + p.Nom + " " +
+                           p.Prenoms + " car il y a d\xE9j\xE0 " + std::to_string(kMaxTemoins) +
+                           " t\xE9moins.");
+        l.TemoinEnAttente = kMaxTemoins + 1;
+        return;
+    }
+    a->LiensModif().Temoins.Fixer(i, w);
+    l.TemoinEnAttente = i;
+}
+
+void Role(LecteurGedcom& l, Perso& p, std::string& v) {
+    if (!l.cases_.Temoins || l.TemoinEnAttente <= 0 || v.empty() || v == "EVEN") return;
+    const std::string_view ctx = l.Contexte1();
+    const std::string role = TraduireRole(v, ctx, l.base_, l.base_.NumCourant, l.TemoinEnAttente);
+    if (role == "T\xE9moin" || l.TemoinEnAttente > kMaxTemoins) return;
+    Acte* a = ActeDesTemoins(p, ctx);
+    if (!a) return;
+    Texte roles = a->Liens().RolesTemoins(l.TemoinEnAttente);
+    Ajouter(roles, ", ", role);
+    a->LiensModif().RolesTemoins.Fixer(l.TemoinEnAttente, roles);
+}
+
+// --- Adresses et divers ---
+
+void Reference(LecteurGedcom& l, Perso& p, std::string& v) {
+    FixerSuite(p, &PersoSuite::Ref, v);
+    if (v == "1") l.PremierePerso = l.base_.NumCourant;
+}
+
+// Le dernier caractère est lu comme un nombre : ce qui n'est pas un chiffre fait
+// l'erreur d'exécution que le piège note, et le numéro reste enregistré.
+void Telephone(LecteurGedcom&, Perso& p, std::string& v) {
+    FixerSuite(p, &PersoSuite::Telephone, v);
+    if (v.empty() || !EstChiffre(v.back())) throw ErreurExecution(13, "Incompatibilit\xE9 de type");
+}
+
+void Adresse(LecteurGedcom&, Perso& p, std::string& v) {
+    if (!v.empty()) FixerSuite(p, &PersoSuite::Adresse1, v);
+}
+void Adresse1(LecteurGedcom&, Perso& p, std::string& v) {
+    FixerSuite(p, &PersoSuite::Adresse1, v);
+}
+void Adresse2(LecteurGedcom&, Perso& p, std::string& v) {
+    FixerSuite(p, &PersoSuite::Adresse2, SansBlancsGauche(v));
+}
+void Ville(LecteurGedcom&, Perso& p, std::string& v) {
+    if (!v.empty()) FixerSuite(p, &PersoSuite::Ville, v);
+}
+void Pays(LecteurGedcom&, Perso& p, std::string& v) {
+    FixerSuite(p, &PersoSuite::Pays, v);
+}
+void CodePostal(LecteurGedcom&, Perso& p, std::string& v) {
+    FixerSuite(p, &PersoSuite::CP, v);
+}
+void Etat(LecteurGedcom&, Perso& p, std::string& v) {
+    if (!v.empty()) FixerSuite(p, &PersoSuite::Etat, v);
+}
+void Courriel(LecteurGedcom&, Perso& p, std::string& v) {
+    const auto double_ = v.find("@@");
+    if (double_ != std::string::npos) v.erase(double_, 1);
+    FixerSuite(p, &PersoSuite::EMail, v);
+}
+void Site(LecteurGedcom&, Perso& p, std::string& v) {
+    if (!v.empty()) Ajouter(p.SuiteModif().URL, ";", v);
+}
+// Additions et non bits : une balise donnée deux fois déborde sur l'autre intérêt.
+void Ascendants(LecteurGedcom&, Perso& p, std::string&) {
+    p.Interet += 1;
+}
+void Descendants(LecteurGedcom&, Perso& p, std::string&) {
+    p.Interet += 2;
+}
+void Parrainage(LecteurGedcom&, Perso& p, std::string& v) {
+    Ajouter(p.Bapteme.Notes, "\r\n", SansBlancsGauche(v));
+}
+
+void Deces(LecteurGedcom& l, Perso&, std::string& v) {
+    if (v == "Y")
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : " + l.contexte_.textes.TitreProgramme +
+                           " attend une date de d\xE9"
+                           "c\xE8s pour la personne " +
+                           Numero(l) + ".");
+}
+
+// --- Fichiers liés ---
+
+void VoirFichier(Texte& notes, std::string_view v) {
+    notes += "\r\nVoir fichier ";
+    notes += v;
+}
+
+// Lien vers un objet média @M..@, depuis la personne ou l'un de ses évènements.
+void LierMedia(LecteurGedcom& l, Perso& p, const std::string& v) {
+    const std::int32_t m = MediaDuPointeur(l, v);
+    const ActePersonne* r = LigneActe(l.Contexte1());
+    Acte* a = r ? &(p.*(r->acte)) : nullptr;
+    const auto& medias = a ? a->Liens().Medias : p.Suite().ObjetsMedia;
+    if (!Contient(medias, m)) {
+        if (medias.PremierLibre() > kMaxLiens) {
+            l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier la personne " + Numero(l) +
+                               " et le fichier " + v);
+            VoirFichier(a ? a->Notes : p.Notes, v);
+        } else if (a) {
+            PlacerPremierLibre(a->LiensModif().Medias, m);
+        } else {
+            PlacerPremierLibre(p.SuiteModif().ObjetsMedia, m);
+        }
+    }
+    ObjetMedia& o = l.base_.Medias[m];
+    if (!Contient(o.LiensPersos, l.base_.NumCourant) &&
+        !PlacerPremierLibre(o.LiensPersos, l.base_.NumCourant))
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier le fichier " + v +
+                           " et la personne " + Numero(l));
+    if (r) o.TypeActe = r->typeActe;
+}
+
+// Le même chemin déjà lié à la personne ne fait pas un second objet.
+bool CheminDejaLie(const Base& b, const Perso& p, std::string_view chemin) {
+    for (const auto& [i, m] : p.Suite().ObjetsMedia)
+        if (m <= b.Medias.Haut() && std::as_const(b.Medias)[m].Fichiers(1) == chemin) return true;
+    return false;
+}
+
+void Fichier(LecteurGedcom& l, Perso& p, std::string& v) {
+    if (v.empty()) return;
+    if (EstPointeur(v)) {
+        LierMedia(l, p, v);
+        return;
+    }
+    if (CheminDejaLie(l.base_, p, v)) return;
+    if (p.Suite().ObjetsMedia.PremierLibre() > kMaxLiens) {
+        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier le fichier " + v +
+                           " et la personne " + Numero(l));
+        VoirFichier(p.Notes, v);
+        return;
+    }
+    const std::int32_t m = NouvelObjetLocal(l, v);
+    ObjetMedia& o = l.base_.Medias[m];
+    if (l.DansBlocObjet()) {
+        l.ObjetDuBloc = m;
+        if (!l.TitreDuBloc.empty()) o.Titres.Fixer(1, Texte(l.TitreDuBloc));
+    }
+    PlacerPremierLibre(p.SuiteModif().ObjetsMedia, m);
+    if (l.base_.NumCourant > 0) o.LiensPersos.Fixer(1, l.base_.NumCourant);
+    if (const ActePersonne* r = LigneActe(l.Contexte1())) o.TypeActe = r->typeActe;
+}
+
+// OBJE @M..@ lie l'objet comme FILE @M..@ ; OBJE sans valeur ouvre un bloc FILE/TITL/FORM.
+void Objet(LecteurGedcom& l, Perso& p, std::string& v) {
+    if (EstPointeur(v)) {
+        LierMedia(l, p, v);
+    } else if (v.empty()) {
+        l.NiveauObjet = l.NiveauLigne;
+        l.ObjetDuBloc = 0;
+        l.TitreDuBloc.clear();
+    }
+}
+
+// --- La table des balises ---
+
+using Traitement = void (*)(LecteurGedcom&, Perso&, std::string&);
+
+struct RegleBalise {
+    std::string_view balise;
+    bool OptionsGedcom::*garde;  // case qui doit être cochée, nul : aucune
+    Traitement traiter;          // nul : balise ignorée sans un mot
+};
+
+// Dans l'ordre de la règle ; la première ligne d'une balise l'emporte.
+constexpr RegleBalise kBalisesPersonne[] = {
+    {"DATE", nullptr, Date},
+    {"PLAC", &OptionsGedcom::Lieux, Lieu},
+    {"SEX", nullptr, Sexe},
+    {"NAME", nullptr, Nom},
+    {"GIVN", nullptr, Prenom},
+    {"SURN", nullptr, NomDeFamille},
+    {"NICK", nullptr, Surnom},
+    {"ALIA", nullptr, Surnom},
+    {"AKA", nullptr, Surnom},
+    {"MARNM", nullptr, Surnom},
+    {"CONT", &OptionsGedcom::Notes, Suite},
+    {"CONC", &OptionsGedcom::Notes, Suite},
+    {"NOTE", nullptr, NoteOuSemblable},
+    {"AGE", nullptr, NoteOuSemblable},
+    {"TYPE", nullptr, NoteOuSemblable},
+    {"CENS", nullptr, NoteOuSemblable},
+    {"CAUS", nullptr, NoteOuSemblable},
+    {"NPFX", nullptr, NoteOuSemblable},
+    {"NSFX", nullptr, NoteOuSemblable},
+    {"PAGE", nullptr, NoteOuSemblable},
+    {"FOOT", nullptr, NoteOuSemblable},
+    {"SOUR", &OptionsGedcom::Sources, Source},
+    {"TEXT", &OptionsGedcom::Sources, Source},
+    {"OCCU", &OptionsGedcom::Professions, Metier},
+    {"GRAD", &OptionsGedcom::Professions, Metier},
+    {"TITL", nullptr, Metier},  // Professions vérifiée dedans : le titre d'un fichier n'en dépend pas
+    {"EDUC", &OptionsGedcom::Professions, Metier},
+    {"ORDN", &OptionsGedcom::Professions, Metier},
+    {"MILT", &OptionsGedcom::Professions, Metier},
+    {"ASSO", &OptionsGedcom::Temoins, Temoin},
+    {"RELA", &OptionsGedcom::Temoins, Role},
+    {"REFN", nullptr, Reference},
+    {"PHON", &OptionsGedcom::Adresses, Telephone},
+    {"ADDR", &OptionsGedcom::Adresses, Adresse},
+    {"ADR1", &OptionsGedcom::Adresses, Adresse1},
+    {"ADR2", &OptionsGedcom::Adresses, Adresse2},
+    {"CITY", &OptionsGedcom::Adresses, Ville},
+    {"RESI", &OptionsGedcom::Adresses, Ville},
+    {"DOM", &OptionsGedcom::Adresses, Ville},
+    {"CTRY", &OptionsGedcom::Adresses, Pays},
+    {"POST", &OptionsGedcom::Adresses, CodePostal},
+    {"STAE", &OptionsGedcom::Adresses, Etat},
+    {"EMAI", &OptionsGedcom::Adresses, Courriel},
+    {"EMAIL", &OptionsGedcom::Adresses, Courriel},
+    {"MAIL", &OptionsGedcom::Adresses, Courriel},
+    {"WWW", &OptionsGedcom::Adresses, Site},
+    {"URL", &OptionsGedcom::Adresses, Site},
+    {"ANCI", nullptr, Ascendants},
+    {"DESI", nullptr, Descendants},
+    {"GODP", nullptr, Parrainage},
+    {"FILE", &OptionsGedcom::Fichiers, Fichier},
+    {"OBJE", &OptionsGedcom::Fichiers, Objet},
+    {"DEAT", nullptr, Deces},
+    {"BIRT", nullptr, nullptr},
+    {"BURI", nullptr, nullptr},
+    {"CHAN", nullptr, nullptr},
+    {"CHR", nullptr, nullptr},
+    {"BAPM", nullptr, nullptr},
+    {"CLS", nullptr, nullptr},
+    {"DCT", nullptr, nullptr},
+    {"FAMC", nullptr, nullptr},
+    {"FAMS", nullptr, nullptr},
+    {"FIL", nullptr, nullptr},
+    {"FNA", nullptr, nullptr},
+    {"FORM", nullptr, nullptr},
+    {"LATI", nullptr, nullptr},
+    {"LONG", nullptr, nullptr},
+    {"MAP", nullptr, nullptr},
+    {"NMR", nullptr, nullptr},
+    {"ROLE", nullptr, nullptr},
+    {"SIGN", nullptr, nullptr},
+    {"TIME", nullptr, nullptr},
+    {"CHV", nullptr, nullptr},
+    {"IGNOR", nullptr, nullptr},
+};
+
 }  // namespace
+
+void LecteurGedcom::LignePersonne() {
+    static const auto index = IndexerBalises(kBalisesPersonne);
+    Perso& p = base_.Persos[base_.NumCourant];
+    const auto it = index.find(Balise);
+    if (it == index.end()) {
+        if (!LigneCourante.empty() && !Comme(Balise, "@*@")) DonneeNonTraitee(*this);
+        return;
+    }
+    const RegleBalise& r = *it->second;
+    if (r.garde && !(cases_.*r.garde)) return;
+    if (r.traiter) r.traiter(*this, p, LigneCourante);
+}
 
 void LecteurGedcom::SectionPersonne() {
     if (EntreeDeFiche()) {
+        NouvelleFiche();
         SousPiege([this] {
+            const std::string_view id = Depuis(Ligne0, 4);
             if (Droite(Ligne0, 4) == "INDI") {
                 base_.NumCourant = 0;  // un numéro illisible envoie ses lignes à la fiche vierge
-                base_.NumCourant = base_.NbPersos + NumeroLu(Depuis(Ligne0, 4), true, Renumeroter);
+                base_.NumCourant = base_.NbPersos + NumeroLu(id, true, Renumeroter);
                 IndiLus.push_back(base_.NumCourant);
+                NoterPrefixe(id, false);
                 if (base_.NbPersosReels % 500 == 0 || base_.NumCourant == 1) MontrerProgression();
                 if (base_.NumCourant % 100 == 0)
                     AgrandirBase(base_, false, base_.Persos.Haut(), &contexte_.progression,
                                  contexte_.textes.Agrandissement);
-            } else if (NumeroLu(Depuis(Ligne0, 4), false, false) == base_.Persos[-1].Unions[0]) {
-                base_.NumCourant = -1;  // la fiche SUBM du généalogiste
+            } else {
+                // Un autre généalogiste que celui de l'en-tête : ses lignes vont à la
+                // fiche vierge, jamais dans la dernière personne lue.
+                base_.NumCourant = 0;
+                if (NumeroLu(id, false, false) == base_.Persos[-1].Unions[0]) base_.NumCourant = -1;
             }
         });
         Avancer(kAlerteFinPersonne);
     }
     while (Niveau() != 0 && !aucuneLigne_) {
         if (Annule()) return;
-        Decouper();
-        if (Balise == "TRLR") return;
-        SousPiege([this] {
-            Perso& p = base_.Persos[base_.NumCourant];
-            if (Balise == "NAME") LireNom(*this, p, LigneCourante);
-        });
+        PreparerLigne();
+        if (Balise == "TRLR") break;
+        SousPiege([this] { LignePersonne(); });
         Avancer(kAlerteFinPersonne);
     }
+    if (base_.NumCourant == 0) base_.Persos[0] = Perso{};
 }
 
 }  // namespace arbolix

@@ -148,9 +148,14 @@ bool EstNumerique(std::string_view s) {
 }
 
 std::string Zeros(std::int64_t n, int chiffres) {
-    char tampon[32];
-    std::snprintf(tampon, sizeof tampon, "%0*lld", chiffres, static_cast<long long>(n));
-    return tampon;
+    // Sans printf : la lecture d'une date l'appelle douze fois.
+    const bool negatif = n < 0;
+    const unsigned long long absolu = negatif ? 0ULL - static_cast<unsigned long long>(n) : static_cast<unsigned long long>(n);
+    std::string r = std::to_string(absolu);
+    const std::size_t largeur = chiffres > static_cast<int>(negatif) ? static_cast<std::size_t>(chiffres - negatif) : 0;
+    if (r.size() < largeur) r.insert(0, largeur - r.size(), '0');
+    if (negatif) r.insert(0, 1, '-');
+    return r;
 }
 
 std::string SansDoublesBlancs(std::string_view s) {

@@ -1,0 +1,221 @@
+#include "gedcom/lecture_liens.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "gedcom/lecteur_gedcom.h"
+#include "store/chaines.h"
+
+namespace arbolix {
+
+bool EstPointeur(std::string_view v) {
+    return v.size() >= 3 && v.front() == '@' && v.back() == '@' && v.find(' ') == std::string_view::npos;
+}
+
+bool EstLien(std::string_view v, char genre) {
+    return NumeroDuLien(v, genre) > 0;
+}
+
+std::int32_t NumeroDuLien(std::string_view v, char genre) {
+    v = SansBlancs(v);
+    if (v.size() < 4 || v[0] != '@' || v[1] != genre || v.back() != '@') return 0;
+    const std::string_view chiffres = v.substr(2, v.size() - 3);
+    if (!EstNumerique(chiffres) || chiffres.size() > 9) return 0;
+    return static_cast<std::int32_t>(ValeurNumerique(chiffres));
+}
+
+void Ajouter(Texte& champ, std::string_view sep, std::string_view valeur) {
+    if (valeur.empty()) return;
+    if (champ.empty()) {
+        champ = valeur;
+        return;
+    }
+    champ += sep;
+    champ += valeur;
+}
+
+void AssurerPlace(Base& base, std::int64_t numero) {
+    if (numero > kNumeroMaximal) throw ErreurExecution(6, "D\xE9passement de capacit\xE9");
+    if (numero > base.Persos.Haut() || numero > base.MaxFiches)
+        RedimensionnerBase(base, static_cast<std::int32_t>((numero / 5000 + 1) * 5000));
+}
+
+std::string LienLu(LecteurGedcom& l, std::string_view pointeur, char genre) {
+    const std::int32_t decalage = genre == 'N' ? l.DecalageNotes : l.DecalageSources;
+    const std::int64_t n =
+        static_cast<std::int64_t>(decalage) + l.NumeroLu(Depuis(pointeur, 2), false, l.Renumeroter);
+    AssurerPlace(l.base_, n);
+    std::string lien = "@";
+    lien += genre;
+    lien += std::to_string(n);
+    lien += '@';
+    return lien;
+}
+
+void LierRetour(LecteurGedcom& l, std::string_view lien, char genre, std::int32_t numero, bool famille) {
+    const std::int32_t g = NumeroDuLien(lien, genre);
+    if (g <= 0 || g > l.base_.MaxFiches) return;
+    NoteExt& cible = genre == 'N' ? l.base_.Notes[g] : l.base_.Sources[g];
+    PlacerPremierLibre(famille ? cible.LiensFamis : cible.LiensPersos, numero);
+}
+
+namespace {
+
+template <typename E>
+void Renumeroter(E& emplacements, std::int32_t ancien, std::int32_t neuf) {
+    for (int i = E::kPremier; i <= E::kDernier; ++i)
+        if (emplacements(i) == ancien) emplacements.Fixer(i, neuf);
+}
+
+void RenumeroterActe(Acte& a, std::int32_t ancien, std::int32_t neuf) {
+    if (Contient(a.Liens().Medias, ancien)) Renumeroter(a.LiensModif().Medias, ancien, neuf);
+}
+
+// L'objet local m part au numéro neuf ; les fiches qui le portaient suivent.
+void DeplacerObjetLocal(LecteurGedcom& l, std::int32_t m, std::int32_t neuf) {
+    Base& b = l.base_;
+    b.Medias[neuf] = std::move(b.Medias[m]);
+    b.Medias[m] = ObjetMedia{};
+    const ObjetMedia& o = std::as_const(b.Medias)[neuf];
+    for (const auto& [i, p] : o.LiensPersos) {
+        Perso& pe = b.Persos[p];
+        if (Contient(pe.Suite().ObjetsMedia, m)) Renumeroter(pe.SuiteModif().ObjetsMedia, m, neuf);
+        for (Acte* a : {&pe.Naissance, &pe.Bapteme, &pe.Deces, &pe.Sepulture}) RenumeroterActe(*a, m, neuf);
+    }
+    for (const auto& [i, f] : o.LiensFamis) {
+        Fami& fa = b.Familles[f];
+        for (Acte* a : {&fa.Mariage, &fa.Contrat, &fa.Divorce}) RenumeroterActe(*a, m, neuf);
+    }
+}
+
+std::int32_t NumeroLibre(LecteurGedcom& l) {
+    const std::int32_t m = ++l.DernierMedia;
+    AssurerPlace(l.base_, m);
+    return m;
+}
+
+}  // namespace
+
+std::int32_t MediaDuPointeur(LecteurGedcom& l, std::string_view pointeur) {
+    const std::int64_t m =
+        static_cast<std::int64_t>(l.DecalageMedias) + l.NumeroLu(Depuis(pointeur, 2), false, l.Renumeroter);
+    AssurerPlace(l.base_, m);
+    const auto n = static_cast<std::int32_t>(m);
+    if (std::as_const(l.base_.Medias)[n].Local != 0) DeplacerObjetLocal(l, n, NumeroLibre(l));
+    l.DernierMedia = std::max(l.DernierMedia, n);
+    return n;
+}
+
+std::int32_t NouvelObjetLocal(LecteurGedcom& l, std::string_view chemin) {
+    const std::int32_t m = NumeroLibre(l);
+    ++l.base_.NbMediasReels;
+    ObjetMedia& o = l.base_.Medias[m];
+    o.Local = -1;
+    o.Actif = -1;
+    o.Fichiers.Fixer(1, Texte(chemin));
+    return m;
+}
+
+}  // namespace arbolix
+
+namespace arbolix {
+
+void LecteurGedcom::NouvelleFiche() {
+    Ligne1.clear();
+    Ligne2.clear();
+    TemoinEnAttente = 0;
+    NiveauObjet = 0;
+    ObjetDuBloc = 0;
+    TitreDuBloc.clear();
+}
+
+void LecteurGedcom::PreparerLigne() {
+    NiveauLigne = Niveau();
+    if (NiveauObjet > 0 && NiveauLigne <= NiveauObjet) NiveauObjet = 0;
+    // Une ligne de niveau 1 ferme le contexte de niveau 2 et le témoin qui attendait son rôle.
+    if (NiveauLigne <= 1) {
+        Ligne2.clear();
+        TemoinEnAttente = 0;
+    }
+    Decouper();
+    if ((Balise == "CONT" || Balise == "CONC") && NiveauLigne >= 3 && Contexte2() == "SOUR") {
+        if (Balise == "CONT") LigneCourante.insert(LigneCourante.begin(), ' ');
+        Balise = "TEXT";
+    }
+}
+
+std::int32_t LecteurGedcom::PersonneDuPointeur(std::string_view pointeur) {
+    const std::int32_t n = NumeroLu(Depuis(pointeur, 2), Renumeroter, Renumeroter);
+    const std::int64_t t = static_cast<std::int64_t>(base_.NbPersos) + n;
+    AssurerPlace(base_, t);
+    if (t > MaxPersos) MaxPersos = static_cast<std::int32_t>(t);
+    return static_cast<std::int32_t>(t);
+}
+
+ContexteDate LecteurGedcom::ContexteDeDate() {
+    ContexteDate c;
+    c.NumLigne = NumLigne;
+    c.LigneCourante = LigneCourante;
+    c.Ligne1 = Ligne1;
+    c.NumCourant = base_.NumCourant;
+    c.NbFamis = NbFamisLues;
+    c.ConvCalRep = contexte_.options.OptConvCalRep;
+    c.Dates = cases_.Dates;
+    c.GedcomVisible = true;
+    c.EvenementVisible = false;
+    c.Journal = &resultat_.Journal;
+    return c;
+}
+
+namespace {
+
+constexpr std::size_t kPrefixesRetenus = 32;
+
+// Les lettres d'un identifiant avant son premier chiffre ; vide s'il n'a pas de chiffre.
+std::string_view PrefixeDe(std::string_view id) {
+    while (!id.empty() && id.front() == '@') id.remove_prefix(1);
+    id = id.substr(0, id.find('@'));
+    const auto chiffre = id.find_first_of("0123456789");
+    return chiffre == std::string_view::npos ? std::string_view{} : id.substr(0, chiffre);
+}
+
+bool Retenu(const std::vector<std::string>& v, std::string_view p) {
+    for (const auto& s : v)
+        if (s == p) return true;
+    return false;
+}
+
+}  // namespace
+
+void LecteurGedcom::NoterPrefixe(std::string_view identifiant, bool famille) {
+    const auto id = identifiant.substr(0, identifiant.find('@'));
+    if (id.find_first_of("0123456789") == std::string_view::npos) return;
+    auto& v = famille ? PrefixesFamilles : PrefixesPersonnes;
+    const std::string_view p = PrefixeDe(id);
+    if (!Retenu(v, p) && v.size() < kPrefixesRetenus) v.emplace_back(p);
+}
+
+void LecteurGedcom::ParcourirPrefixes() {
+    PrefixesParcourus = true;
+    // Les fiches déjà lues ont laissé leur préfixe ; le reste du fichier est parcouru une fois.
+    for (std::size_t a = tampon_.find("\r\n0 @", pos_ >= 2 ? pos_ - 2 : 0); a != std::string::npos;
+         a = tampon_.find("\r\n0 @", a + 2)) {
+        const std::size_t fin = tampon_.find("\r\n", a + 2);
+        const std::string_view ligne = std::string_view(tampon_).substr(a + 2, fin - a - 2);
+        const std::string_view id = Depuis(ligne, 4);
+        if (Droite(ligne, 5) == " INDI")
+            NoterPrefixe(id, false);
+        else if (Droite(ligne, 4) == " FAM")
+            NoterPrefixe(id, true);
+    }
+}
+
+bool LecteurGedcom::DesigneUneFamille(std::string_view pointeur) {
+    if (!PrefixesParcourus) ParcourirPrefixes();
+    const std::string_view id = Depuis(pointeur, 2);
+    if (id.find_first_of("0123456789") == std::string_view::npos) return false;
+    const std::string_view p = PrefixeDe(id);
+    return Retenu(PrefixesFamilles, p) && !Retenu(PrefixesPersonnes, p);
+}
+
+}  // namespace arbolix

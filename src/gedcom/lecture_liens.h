@@ -1,0 +1,75 @@
+// Liens lus dans les fiches : pointeurs du fichier, notes et sources externes, objets médias.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "store/base.h"
+
+namespace arbolix {
+
+class LecteurGedcom;
+
+// Forme d'une note de date républicaine ("12/vend/03") : deux notes de cette forme ne s'ajoutent pas.
+inline constexpr std::string_view kNoteRepublicaine =
+    "##/???"
+    "?/##";
+
+// "@...@" sans blanc : un pointeur GEDCOM, quel que soit son préfixe.
+bool EstPointeur(std::string_view v);
+// Un texte est un lien vers une note (genre 'N') ou une source ('S') quand il est
+// tout entier "@N<chiffres>@", blancs de bord mis à part.
+bool EstLien(std::string_view v, char genre);
+// Numéro du lien "@N12@" (12), 0 si ce n'est pas un lien de ce genre.
+std::int32_t NumeroDuLien(std::string_view v, char genre);
+
+// Premier emplacement libre qui reçoit valeur ; 0 quand tout est pris.
+template <typename E, typename V>
+int PlacerPremierLibre(E& emplacements, V valeur) {
+    const int i = emplacements.PremierLibre();
+    if (i > E::kDernier) return 0;
+    emplacements.Fixer(i, std::move(valeur));
+    return i;
+}
+
+template <typename E, typename V>
+bool Contient(const E& emplacements, const V& valeur) {
+    for (const auto& c : emplacements)
+        if (c.second == valeur) return true;
+    return false;
+}
+
+// Ajoute un texte à un champ : le champ vide devient le texte, sinon champ, sep, texte.
+// Un texte vide n'ajoute rien, pas même le séparateur.
+void Ajouter(Texte& champ, std::string_view sep, std::string_view valeur);
+
+// Pointeur du fichier vers sa forme dans la base : "@NOTE7@" donne "@N7@" (décalé
+// comme les fiches de notes lues dans une base non vide).
+std::string LienLu(LecteurGedcom& l, std::string_view pointeur, char genre);
+
+// Retour de lien d'une note ou source vers une personne (ou une famille). Quand
+// les neuf places sont prises, rien n'est ajouté : le texte du lien reste.
+void LierRetour(LecteurGedcom& l, std::string_view lien, char genre, std::int32_t numero, bool famille);
+
+// Numéro d'un objet média désigné par un pointeur @M..@. Un objet local créé
+// plus tôt qui occupait ce numéro part plus haut : le numéro est celui du fichier.
+std::int32_t MediaDuPointeur(LecteurGedcom& l, std::string_view pointeur);
+// Nouvel objet local (chemin lu sous une personne ou une famille), au-dessus du
+// plus haut numéro vu. Rend son numéro.
+std::int32_t NouvelObjetLocal(LecteurGedcom& l, std::string_view chemin);
+
+// Index d'une table de balises (lignes { balise, ... }) : la première ligne d'une balise l'emporte.
+// Une recherche par ligne lue au lieu d'une chaîne de comparaisons.
+template <typename Regle, std::size_t N>
+std::unordered_map<std::string_view, const Regle*> IndexerBalises(const Regle (&regles)[N]) {
+    std::unordered_map<std::string_view, const Regle*> index;
+    for (const Regle& r : regles) index.try_emplace(r.balise, &r);
+    return index;
+}
+
+// Une fiche de plus dans les tableaux quand un numéro dépasse la borne.
+void AssurerPlace(Base& base, std::int64_t numero);
+
+}  // namespace arbolix

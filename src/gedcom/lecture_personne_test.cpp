@@ -1,0 +1,313 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "gedcom/lecture_essai.h"
+
+namespace arbolix {
+namespace {
+
+using essai::Lecture;
+
+TEST(LecturePersonne, Noms) {
+    struct Cas {
+        std::string_view lignes;
+        std::string_view nom;
+        std::string_view prenoms;
+    };
+    const Cas cas[] = {
+        {"1 NAME Jean /Dupont/", "Dupont", "Jean"},
+        {"1 NAME Jean /Dupont/|1 NAME Jean /Dupond/", "Dupont,Dupond", "Jean Jean"},
+        // "//" final : le second nom est collé sans virgule.
+        {"1 NAME Jean /Martin/|1 NAME /Dupont//", "MartinDupont", "Jean"},
+        // Sans barre oblique : tout est nom, les prénoms restent ceux d'avant.
+        {"1 NAME Pierre /Durand/|1 NAME Jean", "Jean", "Pierre"},
+        // Une seule barre : la valeur entière est le nom.
+        {"1 NAME Jean /Dupont", "Jean /Dupont", "Jean"},
+        {"1 NAME Jean /Du/pont/", "Du,pont", "Jean"},
+        {"1 NAME Jean /Dupont/|2 GIVN Jean Pierre|2 SURN Dupond|2 NICK  Le Grand |2 ALIA @I9@", "Dupond",
+         "Jean Pierre \"Le Grand\""},
+        // GIVN contenu dans les prénoms ne les remplace pas ; SURN vide n'efface pas le nom.
+        {"1 NAME Jean Pierre /Dupont/|2 GIVN Pierre|2 SURN", "Dupont", "Jean Pierre"},
+    };
+    for (const Cas& c : cas) {
+        Lecture l;
+        l.Lire("0 @I1@ INDI|" + std::string(c.lignes));
+        EXPECT_EQ(l.Pe(1).Nom, c.nom) << c.lignes;
+        EXPECT_EQ(l.Pe(1).Prenoms, c.prenoms) << c.lignes;
+    }
+}
+
+TEST(LecturePersonne, NomATroisBarresSignale) {
+    Lecture l;
+    l.Lire("0 @I1@ INDI|1 NAME Jean /Du/pont/");
+    EXPECT_TRUE(
+        l.Journalise("Alerte ligne 3, personne 1 : le nom ou le pr\xE9nom comporte un caract\xE8re / qui a "
+                     "\xE9t\xE9 remplac\xE9 "
+                     "par , (veuillez v\xE9rifier et modifier si besoin)."))
+        << l.Journal();
+}
+
+TEST(LecturePersonne, SexeAutreQueMOuF) {
+    Lecture l;
+    l.Lire("0 @I1@ INDI|1 NAME A /B/|1 SEX U|0 @I2@ INDI|1 NAME C /D/|1 SEX F");
+    EXPECT_EQ(l.Pe(1).Sexe, 'U');
+    EXPECT_EQ(l.Pe(2).Sexe, 'F');
+    EXPECT_EQ(l.Journal(), "Info ligne 4, personne 1 : le sexe doit \xEAtre M ou F.\r\n");
+}
+
+TEST(LecturePersonne, MetierEtResidenceDatesPassentParLaSepulture) {
+    Lecture l;
+    l.Lire("0 @I1@ INDI|1 NAME A /B/|1 OCCU Tailleur|2 DATE 1750|2 PLAC Paris");
+    EXPECT_EQ(l.P(1),
+              "Nom=B; Prenoms=A; Metier=Tailleur en 1750 \xE0 Paris; CodesMetiers=Ta; Sepulture.Date=1750");
+
+    Lecture r;
+    r.Lire("0 @I1@ INDI|1 NAME A /B/|1 RESI|2 PLAC Paris|2 DATE 1750|1 RESI|2 PLAC Lyon");
+    // "réside" n'est écrit qu'une fois : les notes le contiennent déjà.
+    EXPECT_EQ(r.Pe(1).Notes, "r\xE9side \xE0 Paris en 1750  \xE0 Lyon");
+    EXPECT_EQ(r.Pe(1).Sepulture.Date, "1750");
+
+    // Une sépulture datée après le métier répare la date.
+    Lecture s;
+    s.Lire("0 @I1@ INDI|1 NAME A /B/|1 OCCU Meunier|2 DATE 12 MAR 1760|1 BURI|2 DATE 1790");
+    EXPECT_EQ(s.Pe(1).Metier, "Meunier 12/03/1760");
+    EXPECT_EQ(s.Pe(1).Sepulture.Date, "1790");
+}
+
+TEST(LecturePersonne, EvenementsDatesLieuxEtDecesSansDate) {
+    Lecture l;
+    l.Lire(
+        "0 @I1@ INDI|1 NAME A /B/|1 BIRT|2 DATE 12 MAR 1750|2 PLAC  \xC9pinal |1 BAPM|2 DATE 13 MAR 1750"
+        "|1 DEAT Y|1 EVEN|2 DATE 1780|2 PLAC Metz|1 CHAN|2 DATE 2 JAN 1900|3 TIME 10:00");
+    EXPECT_EQ(l.P(1),
+              "Nom=B; Prenoms=A; Naissance.Date=12/03/1750; Naissance.Lieu=Epinal; Bapteme.Date=13/03/1750; "
+              "Notes= 1780 r\xE9side \xE0 Metz; DateModif=3");
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 9 : Arbolix attend une date de d\xE9"
+                     "c\xE8s pour la personne 1."))
+        << l.Journal();
+}
+
+TEST(LecturePersonne, LignesDeSuiteSousChaqueContexte) {
+    Lecture l;
+    l.Lire(
+        "0 @I1@ INDI|1 NAME A /B/"
+        "|1 NOTE Premi\xE8re|2 CONT deuxi\xE8me|2 CONC  suite"
+        "|1 BIRT|2 NOTE n\xE9|3 CONT \xE0 terme"
+        "|2 SOUR @S1@|3 CONT page 4"
+        "|1 ADDR 1 rue Haute|2 CONT 2e \xE9tage|2 CONT 57000 Metz"
+        "|1 SOUR Registre|2 CONT de Metz"
+        "|1 CONT sans contexte");
+    const Perso& p = l.Pe(1);
+    EXPECT_EQ(p.Notes, "Premi\xE8re \r\ndeuxi\xE8me suite\r\nRegistre \r\nde Metz");
+    EXPECT_EQ(p.Naissance.Notes, "n\xE9 \r\n\xE0 terme");
+    EXPECT_EQ(p.Naissance.Source, "@S1@ page 4");
+    EXPECT_EQ(p.Suite().Adresse1, "1 rue Haute");
+    EXPECT_EQ(p.Suite().Adresse2, "57000 Metz");
+    EXPECT_EQ(l.Journal(),
+              "Erreur ligne 17, personne 1, donn\xE9"
+              "e non trait\xE9"
+              "e : CONT sans contexte\r\n");
+}
+
+TEST(LecturePersonne, SuiteDeNoteSeDoubleSansLeRedire) {
+    Lecture l;
+    l.Lire("0 @I1@ INDI|1 NAME A /B/|1 DEAT|2 NOTE ab|3 CONC abab");
+    EXPECT_EQ(l.Pe(1).Deces.Notes, "ab");
+}
+
+TEST(LecturePersonne, TemoinsEtRoles) {
+    Lecture l;
+    l.LireFichier("temoins.ged");
+    EXPECT_EQ(l.P(3),
+              "Nom=Petit; Prenoms=Luc; Naissance.Temoins=2(d\xE9"
+              "clarant),1; "
+              "Bapteme.Temoins=2(Marraine),1(Parrain),4(Parrain/Marraine),5,6(Parrain)");
+    EXPECT_TRUE(l.Journal().empty()) << l.Journal();
+}
+
+TEST(LecturePersonne, VingtEtUniemeTemoinRefuse) {
+    std::string lignes = "0 @I1@ INDI|1 NAME Jean /Dupont/|1 BURI";
+    for (int i = 2; i <= 22; ++i) lignes += "|2 ASSO @I" + std::to_string(i) + "@|3 RELA Porteur";
+    Lecture l;
+    l.Lire(lignes);
+    const auto& temoins = l.Pe(1).Sepulture.Liens().Temoins;
+    EXPECT_EQ(temoins.Nombre(), 20u);
+    EXPECT_EQ(temoins(20), 21);
+    EXPECT_EQ(l.Pe(1).Sepulture.Liens().RolesTemoins.Nombre(), 20u);
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 45 : impossible d'ajouter le t\xE9moin 22 \xE0 la personne 1 Dupont Jean "
+                     "car il y a d\xE9j\xE0 20 t\xE9moins."))
+        << l.Journal();
+    EXPECT_EQ(l.Compte("impossible d'ajouter le t\xE9moin"), 1u);
+}
+
+TEST(LecturePersonne, NotesEtSourcesExternesAvecRetours) {
+    Lecture l;
+    l.LireFichier("notes_sources.ged");
+    EXPECT_EQ(l.P(1), "Nom=Dupont; Prenoms=Jean; Naissance.Source=@S2@; Notes=@N1@");
+    EXPECT_EQ(l.N(1),
+              "Titre=Famille Dupont; Texte=Une note \\nsur deux lignes; LiensPersos=1,2,3,4,5,6,7,8,9");
+    // La dixième personne garde son lien sans retour : les neuf places sont prises.
+    EXPECT_EQ(l.Pe(10).Notes, "@N1@");
+    EXPECT_EQ(l.S(2), "Titre=Registre de Metz; Texte=Bapt\xEAmes 1750; LiensPersos=1");
+    // Un texte qui commence par "@" sans être un lien n'en fait pas.
+    EXPECT_EQ(l.Pe(11).Notes, "@ la maison");
+    EXPECT_EQ(l.Pe(11).Naissance.Source, "Registre paroissial");
+    EXPECT_TRUE(l.base.Listes.Source.Contient("Registre paroissial"));
+}
+
+TEST(LecturePersonne, FichiersEtObjetsMedias) {
+    Lecture l;
+    l.LireFichier("fichiers.ged");
+    EXPECT_EQ(l.P(1), "Nom=Dupont; Prenoms=Jean; Naissance.Medias=3; ObjetsMedia=3,6,4");
+    // L'objet du fichier : ses liens ne sont pas doublés par les OBJE @M3@ de la personne.
+    EXPECT_EQ(l.M(3),
+              "Fichiers=acte.png; Titres=Acte de naissance; Actif=-1; LiensPersos=1; TypeActe=1; NumNote=1");
+    // Chemin lu dans un bloc OBJE : objet local, titre compris. Il avait pris le numéro 4,
+    // qu'il a cédé à la fiche @M4@ lue plus loin, et la personne a suivi.
+    EXPECT_EQ(l.M(6), "Fichiers=portrait.jpg; Titres=Portrait; Local=-1; Actif=-1; LiensPersos=1");
+    EXPECT_EQ(l.M(4), "Fichiers=carte.jpg; Actif=-1; LiensPersos=1");
+    // Le même chemin deux fois ne fait qu'un objet.
+    EXPECT_EQ(l.M(5), "Fichiers=signature.png; Local=-1; Actif=-1; LiensPersos=2");
+    EXPECT_EQ(l.P(2), "Nom=Martin; Prenoms=Marie; ObjetsMedia=5");
+    EXPECT_EQ(l.base.NbMedias, 6);
+    EXPECT_EQ(l.base.NbMediasReels, 4);
+    EXPECT_TRUE(l.Journal().empty()) << l.Journal();
+}
+
+TEST(LecturePersonne, NeufFichiersAuPlus) {
+    std::string lignes = "0 @I1@ INDI|1 NAME A /B/";
+    for (int i = 1; i <= 10; ++i) lignes += "|1 OBJE|2 FILE f" + std::to_string(i) + ".jpg";
+    Lecture l;
+    l.Lire(lignes);
+    EXPECT_EQ(l.Pe(1).Suite().ObjetsMedia.Nombre(), 9u);
+    EXPECT_EQ(l.Pe(1).Notes, "\r\nVoir fichier f10.jpg");
+    EXPECT_EQ(l.base.NbMediasReels, 9);
+    EXPECT_EQ(l.Journal(), "Erreur ligne 23 : impossible de lier le fichier f10.jpg et la personne 1\r\n");
+}
+
+TEST(LecturePersonne, AdressesTelephoneEtDivers) {
+    Lecture l;
+    l.Lire(
+        "0 @I1@ INDI|1 NAME A /B/|1 ADDR|2 ADR1 1 rue Haute|2 ADR2   B\xE2timent C|2 CITY Metz|2 POST 57000"
+        "|2 STAE Lorraine|2 CTRY France|1 PHON 03 87 00 00 00|1 EMAIL a@@b.fr|1 WWW a.fr|1 URL b.fr"
+        "|1 REFN 1|1 ANCI|1 DESI|1 DESI|1 GODP  Jacques");
+    EXPECT_EQ(l.P(1),
+              "Nom=B; Prenoms=A; Bapteme.Notes=Jacques; Adresse1=1 rue Haute; Adresse2=B\xE2timent C; "
+              "Etat=Lorraine; CP=57000; Ville=Metz; Pays=France; Telephone=03 87 00 00 00; EMail=a@b.fr; "
+              "URL=a.fr;b.fr; Ref=1; Interet=5");
+    EXPECT_EQ(l.resultat.PremierePerso, 1);
+    EXPECT_TRUE(l.Journal().empty()) << l.Journal();
+}
+
+TEST(LecturePersonne, TelephoneSansChiffreFinalFaitUneErreurDeType) {
+    Lecture l;
+    l.Lire("0 @I1@ INDI|1 NAME A /B/|1 PHON 03 87 00 (fax)");
+    EXPECT_EQ(l.Pe(1).Suite().Telephone, "03 87 00 (fax)");
+    EXPECT_EQ(l.Journal(), "Erreur ligne 4 : erreur 13 : Incompatibilit\xE9 de type. 03 87 00 (fax)\r\n");
+}
+
+TEST(LecturePersonne, MetiersTitresEtListes) {
+    Lecture l;
+    l.Lire(
+        "0 @I1@ INDI|1 NAME A /B/|1 OCCU Tailleur  puis Marchand|1 OCCU Tanneur, Tailleur|1 TITL Duc"
+        "|1 EVEN Sch\xF6"
+        "ffe|2 TYPE Ehrenamt|2 DATE 1820|1 OCCU");
+    const Perso& p = l.Pe(1);
+    EXPECT_EQ(p.Metier,
+              "Tailleur puis Marchand, Tanneur, Tailleur, Sch\xF6"
+              "ffe en 1820");
+    EXPECT_EQ(p.Titre, "Duc");
+    EXPECT_EQ(p.CodesMetiers, "Ta,Ma,Du");
+    for (std::string_view m : {"Tailleur", "Marchand", "Tanneur", "Duc"})
+        EXPECT_TRUE(l.base.Listes.Metier.Contient(m)) << m;
+}
+
+TEST(LecturePersonne, DonneesInconnuesSignalees) {
+    Lecture l;
+    l.Lire("0 @I1@ INDI|1 NAME A /B/|1 RIN 12|1 _UID|1 FAMS @F1@|1 NMR 2");
+    EXPECT_EQ(l.Journal(),
+              "Erreur ligne 4, personne 1, donn\xE9"
+              "e non trait\xE9"
+              "e : RIN 12\r\n");
+}
+
+TEST(LecturePersonne, CasesDecocheesLaissentTomber) {
+    const std::string_view lignes =
+        "0 @I1@ INDI|1 NAME A /B/|1 BIRT|2 DATE 12 MAR 1750|2 PLAC Metz|2 NOTE n\xE9|2 AGE 3|2 SOUR Registre"
+        "|2 ASSO @I2@|1 OCCU Tailleur|1 ADDR Rue|1 NOTE Note|1 OBJE|2 FILE a.jpg";
+    Lecture tout;
+    tout.cases.Ages = true;
+    tout.Lire(lignes);
+    EXPECT_EQ(
+        tout.P(1),
+        "Nom=B; Prenoms=A; Metier=Tailleur; CodesMetiers=Ta; Naissance.Date=12/03/1750; Naissance.Lieu=Metz; "
+        "Naissance.Notes=n\xE9\\n3; Naissance.Source=Registre; Naissance.Temoins=2; Notes=Note; "
+        "Adresse1=Rue; ObjetsMedia=1");
+
+    Lecture rien;
+    rien.cases.Dates = rien.cases.Lieux = rien.cases.Professions = rien.cases.Temoins = false;
+    rien.cases.Fichiers = rien.cases.Adresses = rien.cases.Sources = rien.cases.Notes = false;
+    rien.Lire(lignes);
+    EXPECT_EQ(rien.P(1), "Nom=B; Prenoms=A; Naissance.Date=1750");
+}
+
+TEST(LecturePersonne, TitreCoupeParLaReparationEtDateDuFichier) {
+    Lecture l;
+    l.Lire("1 DATE 5 JAN 1900|0 @I1@ INDI|1 NAME A /B/|1 TITL Duc|1 TITL Comte");
+    EXPECT_EQ(l.Pe(1).Titre, "Duc, Comte");
+    EXPECT_EQ(l.Pe(-1).DateModif, 6.0);
+}
+
+TEST(LecturePersonne, GenealogistesDeclareEtAutre) {
+    Lecture l;
+    l.Lire(
+        "1 SUBM @U1@|0 @I1@ INDI|1 NAME Jean /Dupont/|0 @U2@ SUBM|1 NAME Autre /Personne/|1 PHON 1"
+        "|0 @U1@ SUBM|1 NAME Paul  /Gen/|1 ADDR Ici");
+    EXPECT_EQ(l.P(1), "Nom=Dupont; Prenoms=Jean");
+    EXPECT_EQ(l.P(-1), "Nom=Paul Gen; Adresse1=Ici");
+    EXPECT_EQ(l.P(0), "");
+}
+
+TEST(LecturePersonne, ListesDeSaisie) {
+    Lecture l;
+    l.Lire("0 @I1@ INDI|1 NAME Jean /Dupont/|1 BIRT|2 PLAC Metz|2 SOUR|3 TEXT Registre|1 DEAT|2 PLAC Metz");
+    EXPECT_TRUE(l.base.Listes.Nom.Contient("Dupont"));
+    EXPECT_TRUE(l.base.Listes.Prenoms.Contient("Jean"));
+    EXPECT_TRUE(l.base.Listes.Lieu.Contient("Metz"));
+    EXPECT_TRUE(l.base.Listes.Source.Contient("Registre"));
+    Lecture sans;
+    sans.remplirListes = false;
+    sans.Lire("0 @I1@ INDI|1 NAME Jean /Dupont/|1 BIRT|2 PLAC Metz");
+    EXPECT_TRUE(sans.base.Listes.Nom.empty());
+    EXPECT_TRUE(sans.base.Listes.Lieu.empty());
+}
+
+TEST(LecturePersonne, EntreesAbimees) {
+    Lecture l;
+    const std::string long_(100000, 'x');
+    l.Lire("0 @I1@ INDI|1 NAME " + long_ + " /" + long_ +
+           "/|1 BIRT|2 DATE 32/13/1750|1 CONT orpheline"
+           "|0 @I2@ INDI|2 CONT sans niveau 1|1 ASSO|1 ASSO texte libre|1 NAME / / /");
+    EXPECT_EQ(l.Pe(1).Nom.size(), 100000u);
+    // 32/13/1750 a dix caractères : il est gardé tel quel, sans ligne au journal.
+    EXPECT_EQ(l.Pe(1).Naissance.Date, "32/13/1750");
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 6, personne 1, donn\xE9"
+                     "e non trait\xE9"
+                     "e : CONT orpheline"));
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 8, personne 2, donn\xE9"
+                     "e non trait\xE9"
+                     "e : CONT sans niveau 1"));
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 10, personne 2, donn\xE9"
+                     "e non trait\xE9"
+                     "e : ASSO texte libre"));
+    EXPECT_EQ(l.base.NbPersosReels, 2);
+}
+
+}  // namespace
+}  // namespace arbolix
