@@ -218,7 +218,8 @@ bool ListeAnnexe(const Base& base, ContexteListe& ctx, ListePersonne& liste, con
     for (std::int32_t i = 1; i <= base.*(s.nb) && i <= table.Haut(); ++i) {
         const NoteExt& n = table[i];
         if (n.Sel == 0) continue;
-        const std::string texte = n.Titre + n.Texte;
+        // Un blanc entre titre et texte, pour que la rangée se lise.
+        const std::string texte = n.Titre.empty() || n.Texte.empty() ? n.Titre + n.Texte : n.Titre + " " + n.Texte;
         if (texte.empty() || !Trouve(texte, motif)) continue;
         AjouterTriee(liste, Coupe(Gauche(texte, 150), 150) + Queue(s.queue, i), i);
     }

@@ -113,7 +113,7 @@ TEST_F(Listes, NotesDesPersonnesEvenementsFamillesEtNotesExternes) {
     b.Persos[1].Deces.Notes = "12/vend/03";   // date républicaine : pas une note
     b.Persos[6].Notes = "Hors s\xE9lection";  // jamais listée
     b.Familles[2].Mariage.Notes = "Sans mari";
-    b.Notes[1].Titre = "Matricule ";
+    b.Notes[1].Titre = "Matricule";
     b.Notes[1].Texte = "Tu\xE9 \xE0 Verdun";
     b.Notes[1].Sel = kVrai;
     b.NbNotes = 1;
