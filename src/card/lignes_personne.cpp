@@ -97,10 +97,14 @@ std::string LigneListe(const Base& base, const Options& options, std::int32_t n)
     if (n < 1) return {};
     const Perso& p = PersoLu(base, n);
     if (p.Nom.empty() && p.Prenoms.empty()) return {};
-    std::string s = p.Nom + " " + p.Prenoms;
-    if (!p.Naissance.Date.empty()) s += " " + options.SymbNais + p.Naissance.Date;
-    if (!p.Deces.Date.empty()) s += " " + options.SymbDece + p.Deces.Date;
-    if (SosaPositif(p.Suite().NumSosa[0].vue())) s += " S" + p.Suite().NumSosa[0];
+    // Écrite d'un seul tenant : la liste complète l'appelle pour chaque personne.
+    std::string s;
+    s.reserve(64);
+    s.append(p.Nom.vue()).append(1, ' ').append(p.Prenoms.vue());
+    if (!p.Naissance.Date.empty()) s.append(1, ' ').append(options.SymbNais).append(p.Naissance.Date.vue());
+    if (!p.Deces.Date.empty()) s.append(1, ' ').append(options.SymbDece).append(p.Deces.Date.vue());
+    const Texte& sosa = p.Suite().NumSosa[0];
+    if (SosaPositif(sosa.vue())) s.append(" S").append(sosa.vue());
     return s;
 }
 

@@ -84,9 +84,17 @@ bool ListePersos(const Base& base, ContexteListe& ctx, ListePersonne& liste) {
         }
         const Perso& p = base.Persos[i];
         if (p.Sel == 0 || p.Prenoms.empty() || !motifs.Accepte(p)) continue;
-        tri.Ajouter(p.Nom + p.Naissance.DateTri + Zeros(i, 6), i);
+        std::string cle;
+        cle.reserve(p.Nom.size() + p.Naissance.DateTri.size() + 6);
+        cle.append(p.Nom.vue()).append(p.Naissance.DateTri.vue());
+        AjouterSixChiffres(cle, i);
+        tri.Ajouter(std::move(cle), i);
     }
-    tri.Terminer(liste, [&](std::int32_t i) { return LigneListe(base, ctx.options, i) + Queue('P', i); });
+    tri.Terminer(liste, [&](std::int32_t i) {
+        std::string s = LigneListe(base, ctx.options, i);
+        AjouterQueue(s, 'P', i);
+        return s;
+    });
     return true;
 }
 
@@ -173,6 +181,7 @@ bool ListeAnnexe(const Base& base, ContexteListe& ctx, ListePersonne& liste, con
     }
     ctx.reponses.DernierGenre = s.genre;
     OuvrirListe(liste, s.genre, s.titreListe, {}, true);
+    std::vector<Rangee> rangees;
     const auto republicaine = [&](const Texte& t) { return s.sansDatesRepublicaines && Comme(t.vue(), "##/?\?\?\?/##"); };
     const std::pair<Acte Perso::*, const std::string Options::*> actesPerso[] = {
         {&Perso::Naissance, &Options::SymbNais}, {&Perso::Bapteme, &Options::SymbBapt},
@@ -187,11 +196,11 @@ bool ListeAnnexe(const Base& base, ContexteListe& ctx, ListePersonne& liste, con
         const std::string tete = p.Nom + " " + p.Prenoms + " " + o.SymbNais +
                                  (p.Naissance.Annee ? std::to_string(p.Naissance.Annee) : std::string()) + " ";
         if (s.champPerso && !(p.*(s.champPerso)).empty() && Trouve(p.*(s.champPerso), motif))
-            AjouterTriee(liste, tete + Coupe(p.*(s.champPerso), 100) + Queue('P', i), i);
+            rangees.push_back({tete + Coupe(p.*(s.champPerso), 100) + Queue('P', i), i});
         for (const auto& [acte, symbole] : actesPerso) {
             const Texte& t = (p.*acte).*(s.champ);
             if (t.empty() || republicaine(t) || !Trouve(t, motif)) continue;
-            AjouterTriee(liste, tete + Coupe(t, 100) + Queue((o.*symbole)[0], i), i);
+            rangees.push_back({tete + Coupe(t, 100) + Queue((o.*symbole)[0], i), i});
         }
     }
     const std::pair<Acte Fami::*, const std::string Options::*> actesFami[] = {
@@ -211,7 +220,7 @@ bool ListeAnnexe(const Base& base, ContexteListe& ctx, ListePersonne& liste, con
         for (const auto& [acte, symbole] : actesFami) {
             const Texte& t = (f.*acte).*(s.champ);
             if (t.empty() || republicaine(t) || !Trouve(t, motif)) continue;
-            AjouterTriee(liste, tete + Coupe(t, 100) + Queue((o.*symbole)[0], i), i);
+            rangees.push_back({tete + Coupe(t, 100) + Queue((o.*symbole)[0], i), i});
         }
     }
     const Tableau<NoteExt>& table = base.*(s.table);
@@ -221,8 +230,9 @@ bool ListeAnnexe(const Base& base, ContexteListe& ctx, ListePersonne& liste, con
         // Un blanc entre titre et texte, pour que la rangée se lise.
         const std::string texte = n.Titre.empty() || n.Texte.empty() ? n.Titre + n.Texte : n.Titre + " " + n.Texte;
         if (texte.empty() || !Trouve(texte, motif)) continue;
-        AjouterTriee(liste, Coupe(Gauche(texte, 150), 150) + Queue(s.queue, i), i);
+        rangees.push_back({Coupe(Gauche(texte, 150), 150) + Queue(s.queue, i), i});
     }
+    AjouterTriees(liste, std::move(rangees));
     return true;
 }
 
@@ -347,6 +357,7 @@ bool ListeFichiers(const Base& base, ContexteListe& ctx, ListePersonne& liste) {
     }
     const Options& o = ctx.options;
     OuvrirListe(liste, "fichiers", "Choisissez un fichier", {}, true);
+    std::vector<Rangee> rangees;
     for (std::int32_t i = 1; i <= base.NbPersos; ++i) {
         if (base.Persos.PageVierge(i)) {
             i = base.Persos.FinDePage(i);
@@ -361,7 +372,7 @@ bool ListeFichiers(const Base& base, ContexteListe& ctx, ListePersonne& liste) {
             std::string s;
             if (p.Naissance.Annee != 0) s = o.SymbNais + " " + std::to_string(p.Naissance.Annee) + " ";
             s += std::to_string(i) + " " + p.Nom + " " + p.Prenoms + "  " + chemin + Queue('P', i);
-            AjouterTriee(liste, std::move(s), i);
+            rangees.push_back({std::move(s), i});
         }
     }
     for (std::int32_t m = 1; m <= base.NbMedias && m <= base.Medias.Haut(); ++m) {
@@ -372,9 +383,10 @@ bool ListeFichiers(const Base& base, ContexteListe& ctx, ListePersonne& liste) {
             if (chemin.empty()) continue;
             const std::string titre = om.Titres(k) + " " + chemin;
             if (!Comme(Replier(titre), motif)) continue;
-            AjouterTriee(liste, std::string(Gauche(titre, 150)) + "  " + chemin + Queue('M', m), m);
+            rangees.push_back({std::string(Gauche(titre, 150)) + "  " + chemin + Queue('M', m), m});
         }
     }
+    AjouterTriees(liste, std::move(rangees));
     return true;
 }
 

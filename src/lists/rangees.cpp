@@ -6,10 +6,26 @@
 
 namespace arbolix {
 
+void AjouterSixChiffres(std::string& texte, std::int64_t numero) {
+    if (numero < 0 || numero > 999999) {
+        texte += Zeros(numero, 6);
+        return;
+    }
+    char chiffres[6];
+    for (int i = 5; i >= 0; --i, numero /= 10) chiffres[i] = static_cast<char>('0' + numero % 10);
+    texte.append(chiffres, 6);
+}
+
+void AjouterQueue(std::string& texte, char genre, std::int64_t numero) {
+    texte += ' ';
+    texte += genre;
+    AjouterSixChiffres(texte, numero);
+}
+
 std::string Queue(char genre, std::int64_t numero) {
-    std::string q = " ";
-    q += genre;
-    return q + Zeros(numero, 6);
+    std::string q;
+    AjouterQueue(q, genre, numero);
+    return q;
 }
 
 LectureQueue LireQueue(std::string_view rangee) {
@@ -43,6 +59,17 @@ std::size_t AjouterTriee(ListePersonne& liste, std::string texte, std::int32_t v
     // L'insertion peut déplacer le tableau : la place se compte après.
     const auto insere = liste.Rangees.insert(place, Rangee{std::move(texte), valeur});
     return static_cast<std::size_t>(insere - liste.Rangees.begin());
+}
+
+void AjouterTriees(ListePersonne& liste, std::vector<Rangee> rangees) {
+    std::stable_sort(rangees.begin(), rangees.end(), [](const Rangee& a, const Rangee& b) { return a.texte < b.texte; });
+    const std::size_t tete = liste.LigneDeTete ? 1 : 0;
+    if (liste.Rangees.size() > tete) {
+        for (auto& r : rangees) AjouterTriee(liste, std::move(r.texte), r.valeur);
+        return;
+    }
+    liste.Rangees.reserve(liste.Rangees.size() + rangees.size());
+    for (auto& r : rangees) liste.Rangees.push_back(std::move(r));
 }
 
 void RemplissageTrie::Terminer(ListePersonne& liste, const std::function<std::string(std::int32_t)>& affichage) {

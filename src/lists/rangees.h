@@ -20,6 +20,10 @@ struct Rangee {
 // premier caractère d'un symbole) et le numéro sur six chiffres. Un numéro
 // au-delà de 999999 s'écrit sur sept chiffres et ne se relit pas : la règle le veut.
 std::string Queue(char genre, std::int64_t numero);
+// La même queue ajoutée au bout d'un texte, sans texte intermédiaire (listes d'un million de rangées).
+void AjouterQueue(std::string& texte, char genre, std::int64_t numero);
+// Le numéro sur au moins six chiffres ajouté au bout d'un texte.
+void AjouterSixChiffres(std::string& texte, std::int64_t numero);
 
 // Ce que la queue dit : le numéro (les six derniers caractères) et le genre
 // (le caractère qui les précède). Rangée trop courte : genre nul et numéro 0.
@@ -50,6 +54,10 @@ void OuvrirListe(ListePersonne& liste, std::string_view genre, std::string_view 
 // Ajoute une rangée à sa place dans l'ordre du texte (ordre des octets), après ses égales.
 // La ligne de tête reste en tête. Rend la place prise.
 std::size_t AjouterTriee(ListePersonne& liste, std::string texte, std::int32_t valeur);
+
+// Ajoute des rangées dont le texte de tri est le texte affiché : un seul tri à la
+// fin plutôt qu'une insertion triée par rangée (les égales gardent leur ordre d'arrivée).
+void AjouterTriees(ListePersonne& liste, std::vector<Rangee> rangees);
 
 // Remplissage en deux passes : les rangées entrent avec un texte de tri, puis
 // sont récrites avec leur texte d'affichage sans bouger. Le tri se fait une fois
