@@ -205,6 +205,8 @@ void Fiche::MettreEnPlaceFichier(std::int32_t premiere) {
         w->show();
     ui_->NumPerso->show();
     ui_->MenuFermer->setEnabled(true);
+    // « Toute la base » : la case de la sélection ne se change pas sur la fiche.
+    ui_->Sel->setEnabled(false);
     ui_->BarreMenu_1->setEnabled(true);
     for (QAction* a : {ui_->MenuListePersos, ui_->MenuListeFamis, ui_->MenuListeNotes, ui_->MenuListeSources,
                        ui_->MenuListeFichiers, ui_->MenuFichesRecentes})

@@ -1,5 +1,7 @@
 // La fiche et la fenêtre de liste : touches du numéro, listes, clics, sur l'exemple et sur une base écrite à la main.
 #include <QComboBox>
+#include <QDir>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -39,6 +41,13 @@ bool DoubleCliquerRangee(Personne& p, const QString& texte) {
     QTest::mouseClick(vue->viewport(), Qt::LeftButton, {}, centre);
     QTest::mouseDClick(vue->viewport(), Qt::LeftButton, {}, centre);
     return true;
+}
+
+// Double clic de la souris sur une rangée d'une liste de la fiche (l'appui d'abord, comme la souris).
+void DoubleCliquerItem(QListWidget* liste, int rangee) {
+    const QPoint centre = liste->visualItemRect(liste->item(rangee)).center();
+    QTest::mouseClick(liste->viewport(), Qt::LeftButton, {}, centre);
+    QTest::mouseDClick(liste->viewport(), Qt::LeftButton, {}, centre);
 }
 
 // Une petite famille : Pierre et Anne, leurs enfants Jean (notes) et Luc, Jean marié deux fois.
@@ -118,7 +127,7 @@ private slots:
         // Un clic sur la seconde union montre ses enfants (aucun).
         QTest::mouseClick(unions->viewport(), Qt::LeftButton, {}, unions->visualItemRect(unions->item(1)).center());
         QCOMPARE(fiche.findChild<QLabel*>("LabelEnfants")->text(), QString("Aucun enfant F000002"));
-        QTest::mouseDClick(unions->viewport(), Qt::LeftButton, {}, unions->visualItemRect(unions->item(1)).center());
+        DoubleCliquerItem(unions, 1);
         QCOMPARE(Numero(fiche)->text(), QString("6"));
 
         // '+' passe Luc, hors sélection ; une lettre quelconque est avalée.
@@ -186,6 +195,70 @@ private slots:
         liste.DoubleCliquer(0);
         QCOMPARE(VersQString(liste.Liste().Rangees[0].texte), QString("Plus (Ces 2 derniers mois) ..."));
         QVERIFY(liste.isVisible());
+    }
+
+    void PhotoCouleursDuSexeEtFichiersLies() {
+        const QString dossier = QDir::tempPath() + "/arbolix-photo";
+        QDir().mkpath(dossier);
+        QImage image(40, 30, QImage::Format_RGB32);
+        image.fill(Qt::darkGreen);
+        QVERIFY(image.save(dossier + "/portrait.png"));
+        Fiche fiche;
+        DialogueFactice d;
+        fiche.RemplacerDialogue(&d);
+        fiche.Vider(false);
+        RemplirBase(fiche.base());
+        fiche.base().Persos[6].SuiteModif().Fichiers.Fixer(1, DepuisQString(dossier + "/portrait.png"));
+        fiche.base().Persos[6].SuiteModif().Fichiers.Fixer(2, "introuvable.pdf");
+        fiche.base().Persos[7].Sexe = ' ';
+        fiche.MettreEnPlaceFichier(6);
+        auto* photo = fiche.findChild<QLabel*>("Photo");
+        QVERIFY(!photo->pixmap().isNull());
+        QVERIFY(fiche.findChild<QRadioButton*>("Sexe2")->styleSheet().contains("#FFBBBB"));
+        QVERIFY(fiche.findChild<QRadioButton*>("Sexe1")->styleSheet().isEmpty());
+        auto* divers = fiche.findChild<QListWidget*>("ListeDivers");
+        QCOMPARE(divers->count(), 2);
+        QCOMPARE(divers->item(1)->text(), QString("introuvable.pdf P000006"));
+        // Double clic sur un fichier absent : le message des règles, rien d'ouvert.
+        DoubleCliquerItem(divers, 1);
+        QCOMPARE(d.messages.size(), std::size_t{1});
+        QCOMPARE(QString::fromStdString(d.messages[0].titre), QString("Fichier introuvable"));
+        DoubleCliquerItem(divers, 0);
+        QCOMPARE(d.ouverts.size(), std::size_t{1});
+        // Sexe inconnu : aucun bouton coché ni coloré.
+        Taper(fiche, "7");
+        QVERIFY(!fiche.findChild<QRadioButton*>("Sexe1")->isChecked());
+        QVERIFY(!fiche.findChild<QRadioButton*>("Sexe2")->isChecked());
+        QVERIFY(fiche.findChild<QRadioButton*>("Sexe1")->styleSheet().isEmpty());
+        QVERIFY(photo->pixmap().isNull());
+        QDir(dossier).removeRecursively();
+    }
+
+    void PlaceDeLaListeGardeeALaFermeture() {
+        const QString dossier = QDir::tempPath() + "/arbolix-place";
+        QDir(dossier).removeRecursively();
+        QDir().mkpath(dossier);
+        {
+            Fiche fiche;
+            DialogueFactice d;
+            fiche.RemplacerDialogue(&d);
+            fiche.Demarrer("", DepuisQString(dossier + "/arbolix"));
+            fiche.FormPersonne().setGeometry(30, 45, 400, 500);
+            QVERIFY(fiche.close());
+        }
+        QFile ini(dossier + "/arbolix.ini");
+        QVERIFY(ini.open(QIODevice::ReadOnly));
+        const QString texte = QString::fromLatin1(ini.readAll());
+        QVERIFY2(texte.contains("PersonneL=450"), qPrintable(texte));
+        QVERIFY(texte.contains("PersonneT=675"));
+        QVERIFY(texte.contains("PersonneW=6000"));
+        QVERIFY(texte.contains("PersonneH=7500"));
+        Fiche seconde;
+        DialogueFactice d;
+        seconde.RemplacerDialogue(&d);
+        seconde.Demarrer("", DepuisQString(dossier + "/arbolix"));
+        QCOMPARE(seconde.FormPersonne().geometry().size(), QSize(400, 500));
+        QDir(dossier).removeRecursively();
     }
 };
 
