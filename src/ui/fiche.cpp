@@ -10,6 +10,7 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QPixmap>
+#include <QRadioButton>
 #include <QScreen>
 #include <QScrollBar>
 #include <QStyle>
@@ -344,9 +345,14 @@ void Fiche::PoserPhoto() {
     ui_->Photo->setPixmap(image.scaled(place, Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 
+// Une palette plutôt qu'une feuille de style : la police du zoom reste celle des autres contrôles.
 void Fiche::ColorerSexe() {
-    ui_->Sexe1->setStyleSheet(ui_->Sexe1->isChecked() ? QString("background-color: %1").arg(kFondMasculin) : QString());
-    ui_->Sexe2->setStyleSheet(ui_->Sexe2->isChecked() ? QString("background-color: %1").arg(kFondFeminin) : QString());
+    const std::pair<QRadioButton*, const char*> boutons[] = {{ui_->Sexe1, kFondMasculin}, {ui_->Sexe2, kFondFeminin}};
+    for (const auto& [bouton, couleur] : boutons) {
+        QPalette p = ui_->CadrePerso->palette();
+        if (bouton->isChecked()) p.setColor(bouton->backgroundRole(), QColor(couleur));
+        bouton->setPalette(p);
+    }
 }
 
 // La saisie sur la fiche vient avec l'enregistrement de la fiche : d'ici là les
@@ -550,8 +556,14 @@ bool Fiche::OuvrirFichierLie(const std::string& chemin, bool proprietes) {
 
 void Fiche::AppliquerZoom(const Zoom& zoom) {
     zoom_ = zoom;
+    // Le réglage ne donne que largeur et hauteur : la police suit la hauteur, pour
+    // que le texte grandisse avec les cadres (ZoomPolice quand il est donné).
+    const double facteur = zoom.ZoomPolice != 1.0f ? zoom.ZoomPolice : zoom.ZoomHauteur;
     QFont f = policeConception_;
-    if (f.pointSizeF() > 0) f.setPointSizeF(f.pointSizeF() * zoom.ZoomPolice);
+    if (f.pointSizeF() > 0)
+        f.setPointSizeF(f.pointSizeF() * facteur);
+    else if (f.pixelSize() > 0)
+        f.setPixelSize(static_cast<int>(f.pixelSize() * facteur + 0.5));
     setFont(f);
     personne_->setFont(f);
     ui_->CadrePerso->setFixedWidth(static_cast<int>(largeurPerso_ * zoom.ZoomLargeur));
