@@ -40,23 +40,26 @@ namespace arbolix {
 
 namespace {
 
-// Une icône de la barre : son numéro de commande, son infobulle, son image.
+// Une icône de la barre : son numéro de commande, son infobulle, son image, sa commande
+// et le menu dont elle suit l'état quand la règle dit « si ce menu est actif ».
 struct IconeBarre {
     int index;
     const char* bulle;
     QStyle::StandardPixmap image;
+    void (Fiche::*commande)();
+    QAction* Ui::Fiche::*menu;
 };
 
 constexpr IconeBarre kIcones[] = {
-    {0, "Configurer les options...", QStyle::SP_FileDialogDetailedView},
-    {1, "Cr\xE9" "er un nouveau fichier...", QStyle::SP_FileIcon},
-    {2, "Ouvrir un fichier existant...", QStyle::SP_DialogOpenButton},
-    {3, "Enregistrer le fichier", QStyle::SP_DialogSaveButton},
-    {5, "Liste des personnes", QStyle::SP_FileDialogListView},
-    {6, "Liste des familles", QStyle::SP_DirHomeIcon},
-    {7, "Liste des notes", QStyle::SP_FileDialogContentsView},
-    {8, "Fiches modifi\xE9" "es", QStyle::SP_BrowserReload},
-    {19, "Liste des fichiers", QStyle::SP_DirOpenIcon},
+    {0, "Configurer les options...", QStyle::SP_FileDialogDetailedView, &Fiche::MenuConfig, nullptr},
+    {1, "Cr\xE9" "er un nouveau fichier...", QStyle::SP_FileIcon, &Fiche::MenuNouveau, nullptr},
+    {2, "Ouvrir un fichier existant...", QStyle::SP_DialogOpenButton, &Fiche::MenuOuvrir, nullptr},
+    {3, "Enregistrer le fichier", QStyle::SP_DialogSaveButton, nullptr, nullptr},
+    {5, "Liste des personnes", QStyle::SP_FileDialogListView, &Fiche::MenuListePersos, nullptr},
+    {6, "Liste des familles", QStyle::SP_DirHomeIcon, &Fiche::MenuListeFamis, &Ui::Fiche::MenuListeFamis},
+    {7, "Liste des notes", QStyle::SP_FileDialogContentsView, &Fiche::MenuListeNotes, nullptr},
+    {8, "Fiches modifi\xE9" "es", QStyle::SP_BrowserReload, &Fiche::MenuFichesRecentes, &Ui::Fiche::MenuFichesRecentes},
+    {19, "Liste des fichiers", QStyle::SP_DirOpenIcon, &Fiche::MenuListeFichiers, &Ui::Fiche::MenuListeFichiers},
 };
 
 // Couleurs du bouton de sexe choisi (rouge-vert-bleu).
@@ -100,12 +103,11 @@ Fiche::Fiche(QWidget* parent)
     connect(ui_->NumPerso, &QLineEdit::textChanged, this, &Fiche::AfficherFiche);
     ui_->NumPerso->installEventFilter(this);
     for (QWidget* w : {static_cast<QWidget*>(ui_->Pere), static_cast<QWidget*>(ui_->Mere)}) w->installEventFilter(this);
-    connect(ui_->MenuListePersos, &QAction::triggered, this, &Fiche::MenuListePersos);
-    connect(ui_->MenuListeFamis, &QAction::triggered, this, &Fiche::MenuListeFamis);
-    connect(ui_->MenuListeNotes, &QAction::triggered, this, &Fiche::MenuListeNotes);
-    connect(ui_->MenuListeSources, &QAction::triggered, this, &Fiche::MenuListeSources);
-    connect(ui_->MenuListeFichiers, &QAction::triggered, this, &Fiche::MenuListeFichiers);
-    connect(ui_->MenuFichesRecentes, &QAction::triggered, this, &Fiche::MenuFichesRecentes);
+    const std::pair<QAction*, void (Fiche::*)()> listes[] = {
+        {ui_->MenuListePersos, &Fiche::MenuListePersos},   {ui_->MenuListeFamis, &Fiche::MenuListeFamis},
+        {ui_->MenuListeNotes, &Fiche::MenuListeNotes},     {ui_->MenuListeSources, &Fiche::MenuListeSources},
+        {ui_->MenuListeFichiers, &Fiche::MenuListeFichiers}, {ui_->MenuFichesRecentes, &Fiche::MenuFichesRecentes}};
+    for (const auto& [action, commande] : listes) connect(action, &QAction::triggered, this, commande);
     connect(personne_, &Personne::Reagir, this, &Fiche::ReagirListe);
     connect(ui_->Union, &QListWidget::itemClicked, this, [this](QListWidgetItem* i) { CliquerUnion(ui_->Union->row(i)); });
     connect(ui_->Union, &QListWidget::itemDoubleClicked, this,
@@ -130,19 +132,9 @@ void Fiche::CreerIcones() {
         auto* a = ui_->BarreIcones->addAction(style()->standardIcon(i.image), VersQString(i.bulle));
         a->setObjectName(QString("IcoCommande%1").arg(i.index));
         a->setToolTip(VersQString(i.bulle));
-        if (i.index == 0) connect(a, &QAction::triggered, this, &Fiche::MenuConfig);
-        if (i.index == 1) connect(a, &QAction::triggered, this, &Fiche::MenuNouveau);
-        if (i.index == 2) connect(a, &QAction::triggered, this, &Fiche::MenuOuvrir);
-        if (i.index == 5) connect(a, &QAction::triggered, this, &Fiche::MenuListePersos);
-        if (i.index == 6) connect(a, &QAction::triggered, this, [this] {
-            if (ui_->MenuListeFamis->isEnabled()) MenuListeFamis();
-        });
-        if (i.index == 7) connect(a, &QAction::triggered, this, &Fiche::MenuListeNotes);
-        if (i.index == 8) connect(a, &QAction::triggered, this, [this] {
-            if (ui_->MenuFichesRecentes->isEnabled()) MenuFichesRecentes();
-        });
-        if (i.index == 19) connect(a, &QAction::triggered, this, [this] {
-            if (ui_->MenuListeFichiers->isEnabled()) MenuListeFichiers();
+        if (!i.commande) continue;
+        connect(a, &QAction::triggered, this, [this, i] {
+            if (!i.menu || ((*ui_).*(i.menu))->isEnabled()) (this->*(i.commande))();
         });
     }
 }
@@ -441,7 +433,13 @@ void Fiche::resizeEvent(QResizeEvent* e) {
 // ---- Listes ----
 
 ContexteListe Fiche::ContexteDesListes() {
-    ContexteListe c(options_, reponses_, inviter_);
+    // Le curseur d'attente couvre le remplissage, pas l'invite.
+    ContexteListe c(options_, reponses_, [this](Invite& i) {
+        QApplication::restoreOverrideCursor();
+        const bool ok = inviter_(i);
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        return ok;
+    });
     c.NomFiche = contenu_.Nom;
     c.PrenomsFiche = contenu_.Prenoms;
     c.Renumeroter = gedcom_.OptRenum;
@@ -452,47 +450,32 @@ ContexteListe Fiche::ContexteDesListes() {
     return c;
 }
 
-void Fiche::OuvrirLaListe(bool rempli) {
+void Fiche::RemplirListe(bool (*remplir)(const Base&, ContexteListe&, ListePersonne&)) {
+    ContexteListe c = ContexteDesListes();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const bool rempli = remplir(base_, c, personne_->Liste());
     QApplication::restoreOverrideCursor();
-    if (!rempli) return;
-    personne_->Montrer();
+    if (rempli) personne_->Montrer();
 }
 
 void Fiche::MenuListePersos() {
-    ContexteListe c = ContexteDesListes();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    OuvrirLaListe(ChercherEtLister(base_, c, QuoiListe::Persos, personne_->Liste()));
+    RemplirListe([](const Base& b, ContexteListe& c, ListePersonne& l) { return ChercherEtLister(b, c, QuoiListe::Persos, l); });
 }
 
 void Fiche::MenuListeFamis() {
-    ContexteListe c = ContexteDesListes();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    OuvrirLaListe(ChercherEtLister(base_, c, QuoiListe::Famis, personne_->Liste()));
+    RemplirListe([](const Base& b, ContexteListe& c, ListePersonne& l) { return ChercherEtLister(b, c, QuoiListe::Famis, l); });
 }
 
-void Fiche::MenuListeNotes() {
-    ContexteListe c = ContexteDesListes();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    OuvrirLaListe(ListeNotes(base_, c, personne_->Liste()));
-}
-
-void Fiche::MenuListeSources() {
-    ContexteListe c = ContexteDesListes();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    OuvrirLaListe(ListeSources(base_, c, personne_->Liste()));
-}
-
-void Fiche::MenuListeFichiers() {
-    ContexteListe c = ContexteDesListes();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    OuvrirLaListe(ListeFichiers(base_, c, personne_->Liste()));
-}
+void Fiche::MenuListeNotes() { RemplirListe(ListeNotes); }
+void Fiche::MenuListeSources() { RemplirListe(ListeSources); }
+void Fiche::MenuListeFichiers() { RemplirListe(ListeFichiers); }
 
 void Fiche::MenuFichesRecentes() {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const std::string titre = DepuisQString(ui_->MenuFichesRecentes->text().remove('&'));
     OuvrirRecents(base_, options_, titre, Maintenant(), personne_->Liste());
-    OuvrirLaListe(true);
+    QApplication::restoreOverrideCursor();
+    personne_->Montrer();
     personne_->Choisir(0);
 }
 

@@ -101,7 +101,7 @@ private:
 
     // Listes : remplissage par le noyau, fenêtre Personne, réactions à ses clics.
     ContexteListe ContexteDesListes();
-    void OuvrirLaListe(bool rempli);
+    void RemplirListe(bool (*remplir)(const Base&, ContexteListe&, ListePersonne&));
     void ReagirListe(const Reaction& r);
     bool OuvrirFichierLie(const std::string& chemin, bool proprietes);
     void MontrerTexte(const NoteExt& note, std::string_view titre);
