@@ -1,4 +1,5 @@
-// Fiche et listes sur un fichier généré : temps d'une fiche (indépendant de la taille), touches, listes complètes.
+// Fiche et listes sur un fichier généré : temps d'une fiche (indépendant de la taille), touches, listes
+// complètes.
 #include <cstdio>
 #include <cstdlib>
 #include <random>
@@ -30,8 +31,10 @@ void Charger(Chargee& c, std::int32_t personnes) {
     bench::Chrono chrono;
     LireGedcomTexte(c.base, ctx, bench::GenererGedcom(personnes));
     ToutSelectionner(c.base);
-    std::printf("  base de %d personnes, %d familles, g\xC3\xA9n\xC3\xA9r\xC3\xA9" "e et lue en %.2f s\n",
-                c.base.NbPersosReels, c.base.NbFamisReels, chrono.Secondes());
+    std::printf(
+        "  base de %d personnes, %d familles, g\xC3\xA9n\xC3\xA9r\xC3\xA9"
+        "e et lue en %.2f s\n",
+        c.base.NbPersosReels, c.base.NbFamisReels, chrono.Secondes());
 }
 
 // Microsecondes par fiche : tirage de numéros au hasard, calcul complet du contenu.
@@ -63,8 +66,10 @@ void Listes(const Chargee& c) {
         bool (*remplir)(const Base&, ContexteListe&, ListePersonne&);
     };
     const Sorte sortes[] = {
-        {"personnes", [](const Base& b, ContexteListe& x, ListePersonne& l) { return ChercherEtLister(b, x, QuoiListe::Persos, l); }},
-        {"familles", [](const Base& b, ContexteListe& x, ListePersonne& l) { return ChercherEtLister(b, x, QuoiListe::Famis, l); }},
+        {"personnes", [](const Base& b, ContexteListe& x,
+                         ListePersonne& l) { return ChercherEtLister(b, x, QuoiListe::Persos, l); }},
+        {"familles", [](const Base& b, ContexteListe& x,
+                        ListePersonne& l) { return ChercherEtLister(b, x, QuoiListe::Famis, l); }},
         {"notes", ListeNotes},
         {"sources", ListeSources},
     };
@@ -74,9 +79,16 @@ void Listes(const Chargee& c) {
         bench::Chrono chrono;
         s.remplir(c.base, ctx, liste);
         const double secondes = chrono.Secondes();
-        std::printf("  liste des %-9s : %8zu rang\xC3\xA9" "es en %.2f s", s.nom, liste.Rangees.size(), secondes);
+        std::printf(
+            "  liste des %-9s : %8zu rang\xC3\xA9"
+            "es en %.2f s",
+            s.nom, liste.Rangees.size(), secondes);
         // La première liste part d'une mémoire stable ; les suivantes réutilisent ce qu'elle a rendu.
-        if (&s == &sortes[0]) std::printf(", %.0f Mo de rang\xC3\xA9" "es", bench::MemoireActuelleMo() - avant);
+        if (&s == &sortes[0])
+            std::printf(
+                ", %.0f Mo de rang\xC3\xA9"
+                "es",
+                bench::MemoireActuelleMo() - avant);
         std::printf("\n");
     }
 }
@@ -86,14 +98,18 @@ void Listes(const Chargee& c) {
 int main(int argc, char** argv) {
     const std::int32_t grande = argc > 1 ? std::atoi(argv[1]) : 1'000'000;
     const int tirages = 200'000;
-    std::printf("Fiche : calcul complet du contenu, %d fiches tir\xC3\xA9" "es au hasard\n", tirages);
+    std::printf(
+        "Fiche : calcul complet du contenu, %d fiches tir\xC3\xA9"
+        "es au hasard\n",
+        tirages);
     for (std::int32_t taille : {10'000, grande}) {
         Chargee c;
         Charger(c, taille);
         std::printf("  %.1f \xC2\xB5s par fiche\n", TempsFiche(c, tirages));
-        std::printf("  touche f : %.2f \xC2\xB5s, + : %.2f \xC2\xB5s, - : %.2f \xC2\xB5s, * : %.1f \xC2\xB5s\n",
-                    TempsTouche(c, 'f', 100'000), TempsTouche(c, '+', 100'000), TempsTouche(c, '-', 100'000),
-                    TempsTouche(c, '*', 1'000));
+        std::printf(
+            "  touche f : %.2f \xC2\xB5s, + : %.2f \xC2\xB5s, - : %.2f \xC2\xB5s, * : %.1f \xC2\xB5s\n",
+            TempsTouche(c, 'f', 100'000), TempsTouche(c, '+', 100'000), TempsTouche(c, '-', 100'000),
+            TempsTouche(c, '*', 1'000));
         bench::Chrono sosa;
         ChercherSosa(c.base, "999999999");
         std::printf("  touche s sans r\xC3\xA9ponse (toute la base) : %.3f s\n", sosa.Secondes());

@@ -11,7 +11,10 @@ namespace arbolix {
 
 namespace {
 
-constexpr std::string_view kBulleNoteExterne = "Double-clic ou Entr\xE9" "e pour acc\xE9" "der \xE0 la note externe.";
+constexpr std::string_view kBulleNoteExterne =
+    "Double-clic ou Entr\xE9"
+    "e pour acc\xE9"
+    "der \xE0 la note externe.";
 constexpr std::string_view kBulleNoteInterne = "Touche Espace pour ajouter une note externe.";
 
 // Les évènements d'une personne et d'une famille, avec le symbole qui ouvre leurs rangées de fichiers.
@@ -35,7 +38,9 @@ constexpr ActeFami kActesFami[] = {
     {&Fami::Divorce, &Options::SymbDivo},
 };
 
-std::string SansEsperluette(std::string_view s) { return Remplacer(s, "&", ""); }
+std::string SansEsperluette(std::string_view s) {
+    return Remplacer(s, "&", "");
+}
 
 // "dd/mm/yyyy" d'un DateModif (jours depuis le 30/12/1899).
 std::string DateDeModif(double jours) {
@@ -47,7 +52,7 @@ std::string DateDeModif(double jours) {
 struct FichierLie {
     std::string prefixe;  // premier caractère du symbole de l'évènement et un blanc, ou rien
     std::string chemin;
-    char genre;           // 'P' fichier de la personne, 'M' fichier d'un objet média
+    char genre;  // 'P' fichier de la personne, 'M' fichier d'un objet média
     std::int32_t numero;
 };
 
@@ -127,9 +132,11 @@ void CalculerParents(const Base& base, const ContexteFiche& ctx, std::int32_t n,
     c.LegendeParents += Queue('F', p.NumParents);
 }
 
-std::string BulleUnion(const Base& base, const Options& options, std::int32_t famille, std::int32_t conjoint) {
+std::string BulleUnion(const Base& base, const Options& options, std::int32_t famille,
+                       std::int32_t conjoint) {
     const Fami& f = FamiLue(base, famille);
-    return options.SymbMari + f.Mariage.Date + " " + f.Mariage.Lieu + " ; " + BullePersonne(base, options, conjoint);
+    return options.SymbMari + f.Mariage.Date + " " + f.Mariage.Lieu + " ; " +
+           BullePersonne(base, options, conjoint);
 }
 
 std::vector<RangeeFiche> CalculerUnions(const Base& base, const ContexteFiche& ctx, std::int32_t n) {
@@ -150,11 +157,14 @@ std::vector<RangeeFiche> CalculerUnions(const Base& base, const ContexteFiche& c
         const Fami& fam = FamiLue(base, f);
         std::string s;
         if (!fam.Contrat.Date.empty()) s += o.SymbCoMa + fam.Contrat.Date + " ";
-        if (!fam.Mariage.Date.empty()) s += o.SymbMari + " " + LigneActe(base, fam.Mariage, false, ctx.LargeurActe) + " ";
+        if (!fam.Mariage.Date.empty())
+            s += o.SymbMari + " " + LigneActe(base, fam.Mariage, false, ctx.LargeurActe) + " ";
         if (!fam.Divorce.Date.empty()) s += o.SymbDivo + fam.Divorce.Date + " ";
         const std::int32_t conjoint = Conjoint(fam, n);
-        if (conjoint > 0) s += LigneCourte(base, o, conjoint);
-        else s = std::string(SansBlancsDroite(s));
+        if (conjoint > 0)
+            s += LigneCourte(base, o, conjoint);
+        else
+            s = std::string(SansBlancsDroite(s));
         // Pendant le choix d'un enfant, le nombre d'enfants de chaque union ; avant
         // les queues, pour que conjoint et famille se relisent toujours.
         if (ctx.ListeEnfantsOuverte) s += " (" + std::to_string(fam.Enfants.Nombre()) + " enfants)";

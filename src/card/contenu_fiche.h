@@ -1,4 +1,5 @@
-// Ce que la fiche montre d'une personne, calculé de la base en une valeur simple : la fenêtre ne fait que le poser.
+// Ce que la fiche montre d'une personne, calculé de la base en une valeur simple : la fenêtre ne fait que le
+// poser.
 #pragma once
 
 #include <cstdint>
@@ -16,13 +17,15 @@ struct ContexteFiche {
     explicit ContexteFiche(const Options& o) : options(o) {}
     const Options& options;
     std::string LegendePerso = "Personne :";  // légende d'origine du cadre, coupée au premier ":"
-    std::string MotSosa = "Sosa";                        // ligne 590
-    std::string MotModifiee = "modifi\xE9" "e le";       // ligne 591
-    std::string LegendeParents = "&Parents";              // ligne 49, "&" retiré à l'affichage
-    std::string AucunEnfant = "Aucun enfant";             // lignes 593 à 595
+    std::string MotSosa = "Sosa";             // ligne 590
+    std::string MotModifiee =
+        "modifi\xE9"
+        "e le";                                // ligne 591
+    std::string LegendeParents = "&Parents";   // ligne 49, "&" retiré à l'affichage
+    std::string AucunEnfant = "Aucun enfant";  // lignes 593 à 595
     std::string UnEnfant = "enfant";
     std::string DesEnfants = "enfants";
-    Largeur LargeurActe;             // largeur de l'étiquette Naissance moins une marge
+    Largeur LargeurActe;               // largeur de l'étiquette Naissance moins une marge
     bool ListeEnfantsOuverte = false;  // la fenêtre Personne montre une liste "enfants"
     std::string ExtensionsImages = "0;png;jpg;jpeg;gif;bmp;webp;";
 };
@@ -50,19 +53,19 @@ struct ContenuFiche {
     std::string Pere, Mere, BullePere, BulleMere;
     std::int32_t NumPere = 0, NumMere = 0;
 
-    std::vector<RangeeFiche> Unions;       // par date, queue " P" du conjoint puis " F" de la famille
-    std::int32_t FamilleEnfants = 0;       // la famille dont les enfants sont montrés
-    std::string LabelEnfants;              // compte et " F" + famille
-    std::vector<RangeeFiche> Enfants;      // par date de naissance, queue " P"
-    std::vector<RangeeFiche> Divers;       // fichiers liés, queue " P" ou " M" ; la bulle est le chemin
-    std::string Photo;                     // chemin du premier fichier image lié, tel qu'écrit
+    std::vector<RangeeFiche> Unions;   // par date, queue " P" du conjoint puis " F" de la famille
+    std::int32_t FamilleEnfants = 0;   // la famille dont les enfants sont montrés
+    std::string LabelEnfants;          // compte et " F" + famille
+    std::vector<RangeeFiche> Enfants;  // par date de naissance, queue " P"
+    std::vector<RangeeFiche> Divers;   // fichiers liés, queue " P" ou " M" ; la bulle est le chemin
+    std::string Photo;                 // chemin du premier fichier image lié, tel qu'écrit
 };
 
 // Ce que devient un numéro demandé sur la fiche.
 enum class EtatNumero {
-    Afficher,      // une personne (ou la fiche vierge 0, ou la suivante libre NbPersos + 1)
-    Ignorer,       // au-delà de NbPersos + 1 : rien ne change
-    HorsTableau,   // au-delà des tableaux : « Erreur mémoire »
+    Afficher,     // une personne (ou la fiche vierge 0, ou la suivante libre NbPersos + 1)
+    Ignorer,      // au-delà de NbPersos + 1 : rien ne change
+    HorsTableau,  // au-delà des tableaux : « Erreur mémoire »
 };
 // La valeur absolue du numéro compte ("-3" montre 3).
 EtatNumero ExaminerNumero(const Base& base, std::int64_t numero);

@@ -8,9 +8,9 @@
 namespace arbolix {
 namespace {
 
-using essai::Dater;
 using essai::AjouterFamille;
 using essai::AjouterPersonne;
+using essai::Dater;
 
 class ContenuFicheEssai : public ::testing::Test {
 protected:
@@ -65,8 +65,8 @@ TEST_F(ContenuFicheEssai, EnfantsParNaissanceOuBaptemeNumeroEnDernier) {
     ContenuFiche c;
     CalculerEnfants(b, ctx, 3, c);
     EXPECT_EQ(Textes(c.Enfants),
-              (std::vector<std::string>{"Luc P000011", "\xA7 Eve \xB0 1752 S5 P000009", "Paul \xB0 1752 P000010",
-                                        "Zo\xE9 \xB0 1752 +1760 P000012"}));
+              (std::vector<std::string>{"Luc P000011", "\xA7 Eve \xB0 1752 S5 P000009",
+                                        "Paul \xB0 1752 P000010", "Zo\xE9 \xB0 1752 +1760 P000012"}));
     EXPECT_EQ(c.LabelEnfants, "4 enfants F000003");
     EXPECT_EQ(c.Enfants[2].bulle, "Paul MARTIN \xB0 1752");
     // Hors sélection, la lignée n'est plus marquée.
@@ -110,11 +110,16 @@ TEST_F(ContenuFicheEssai, CadreSosaModificationParentsNotesSexe) {
     p.Notes = "@n4@";
     p.Interet = 2;
     const ContenuFiche c = CalculerFiche(b, ctx, 3);
-    EXPECT_EQ(c.LegendePerso, "Personne Sosa : 12, 48, 96 modifi\xE9" "e le : 15/02/2024");
+    EXPECT_EQ(c.LegendePerso,
+              "Personne Sosa : 12, 48, 96 modifi\xE9"
+              "e le : 15/02/2024");
     EXPECT_EQ(c.Sexe, 'M');
     EXPECT_FALSE(c.IntRechAscendance);
     EXPECT_TRUE(c.IntRechDescendance);
-    EXPECT_EQ(c.BulleNotes, "Double-clic ou Entr\xE9" "e pour acc\xE9" "der \xE0 la note externe.");
+    EXPECT_EQ(c.BulleNotes,
+              "Double-clic ou Entr\xE9"
+              "e pour acc\xE9"
+              "der \xE0 la note externe.");
     EXPECT_EQ(c.LegendeParents, "Parents F000004");
     EXPECT_EQ(c.Pere, "Pierre MARTIN");
     EXPECT_EQ(c.Mere, "Anne LAGARDE");

@@ -18,7 +18,8 @@ TEST(FichiersLies, TelQuelPuisDossierDesImagesPuisDossierDuGedcom) {
     const std::string images = (racine / "images").string() + "/";
     const fs::path gedcom = racine / "gedcom";
 
-    EXPECT_EQ(TrouverFichierLie("actes/bapt\xEAme.jpg", images, gedcom), racine / "images" / "actes" / "bapt\xC3\xAAme.jpg");
+    EXPECT_EQ(TrouverFichierLie("actes/bapt\xEAme.jpg", images, gedcom),
+              racine / "images" / "actes" / "bapt\xC3\xAAme.jpg");
     EXPECT_EQ(TrouverFichierLie("actes\\bapt\xEAme.jpg", images, gedcom),
               racine / "images" / "actes" / "bapt\xC3\xAAme.jpg");
     EXPECT_EQ(TrouverFichierLie("C:\\Mes images\\portrait.png", images, gedcom), gedcom / "portrait.png");

@@ -108,7 +108,9 @@ std::string LigneListe(const Base& base, const Options& options, std::int32_t n)
     return s;
 }
 
-std::int32_t Conjoint(const Fami& f, std::int32_t p) { return f.Mari == p ? f.Femme : f.Mari; }
+std::int32_t Conjoint(const Fami& f, std::int32_t p) {
+    return f.Mari == p ? f.Femme : f.Mari;
+}
 
 std::string BullePersonne(const Base& base, const Options& options, std::int32_t n) {
     const Perso& p = PersoLu(base, n);

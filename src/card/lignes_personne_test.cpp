@@ -7,9 +7,9 @@
 namespace arbolix {
 namespace {
 
-using essai::Dater;
 using essai::AjouterFamille;
 using essai::AjouterPersonne;
+using essai::Dater;
 
 struct CasActe {
     const char* nom;
@@ -33,11 +33,13 @@ TEST(LigneActe, ResumeDateLieuNoteSourceEtLargeur) {
         {"lieu sans date", "", "Sarlat", "", "", true, 0, " Sarlat"},
         {"note coupée à 30", "1750", "Sarlat", "Baptis\xE9 sous condition par la sage-femme", "", true, 0,
          "1750 Sarlat Baptis\xE9 sous condition par la "},
-        {"note coupée à 15", "1750", "", "Baptis\xE9 sous condition", "", false, 0, "1750 Baptis\xE9 sous co"},
+        {"note coupée à 15", "1750", "", "Baptis\xE9 sous condition", "", false, 0,
+         "1750 Baptis\xE9 sous co"},
         {"lien de note : le texte externe sur une ligne", "1750", "", " @N3@ ", "", true, 0,
          "1750 Acte en marge, sign\xE9 du cur\xE9 d"},
         {"lien de source", "1750", "", "", "@S2@", false, 0, "1750 Registres paroi"},
-        {"lien vers une note absente : le texte reste", "1750", "", "@N999999@", "", false, 0, "1750 @N999999@"},
+        {"lien vers une note absente : le texte reste", "1750", "", "@N999999@", "", false, 0,
+         "1750 @N999999@"},
         {"faux lien : texte gardé", "1750", "", "@N3x@", "", false, 0, "1750 @N3x@"},
         {"raccourci de deux en deux", "12/03/1750", "Sarlat", "", "", true, 14, "12/03/1750 Sa"},
         {"déjà à la largeur", "12/03/1750", "", "", "", true, 10, "12/03/1750"},
@@ -71,7 +73,9 @@ TEST(LignesPersonne, CourteEtListeSansSosaNulNiNomAbsent) {
     AjouterPersonne(b, 3, "DELMAS", "Louis");
     b.Persos[3].SuiteModif().NumSosa[0] = "12";
     EXPECT_EQ(LigneCourte(b, o, 1), "Jean MARTIN \xB0 03/03/1718 + 1779");
-    EXPECT_EQ(LigneListe(b, o, 1), "MARTIN Jean \xB0" "03/03/1718 +1779");
+    EXPECT_EQ(LigneListe(b, o, 1),
+              "MARTIN Jean \xB0"
+              "03/03/1718 +1779");
     EXPECT_EQ(LigneCourte(b, o, 2), "Marguerite FAURE \xB0 1722");
     EXPECT_EQ(LigneListe(b, o, 3), "DELMAS Louis S12");
     EXPECT_EQ(LigneCourte(b, o, 3), "Louis DELMAS S12");
@@ -91,9 +95,11 @@ TEST(LignesPersonne, BulleEtDetailNommentConjointEtParents) {
     AjouterPersonne(b, 4, "FAURE", "Marguerite", 'F');
     AjouterFamille(b, 1, 1, 2, "14/01/1716", {3});
     AjouterFamille(b, 2, 3, 4, "20/02/1744").Mariage.Lieu = "Sarlat";
-    EXPECT_EQ(BullePersonne(b, o, 3), "Ref 12 / Tisserand / x M. FAURE / enfant de Pierre MARTIN et Anne LAGARDE");
-    EXPECT_EQ(DetailPersonne(b, o, 3),
-              "Ref 12. Tisserand. x 20/02/1744 Sarlat Marguerite FAURE. enfant de Pierre MARTIN et Anne LAGARDE");
+    EXPECT_EQ(BullePersonne(b, o, 3),
+              "Ref 12 / Tisserand / x M. FAURE / enfant de Pierre MARTIN et Anne LAGARDE");
+    EXPECT_EQ(
+        DetailPersonne(b, o, 3),
+        "Ref 12. Tisserand. x 20/02/1744 Sarlat Marguerite FAURE. enfant de Pierre MARTIN et Anne LAGARDE");
     // Vue par l'épouse, le conjoint est le mari.
     EXPECT_EQ(BullePersonne(b, o, 4), "x J. MARTIN");
     EXPECT_EQ(DetailPersonne(b, o, 4), "x 20/02/1744 Sarlat Jean MARTIN.");

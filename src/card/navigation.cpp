@@ -13,7 +13,9 @@ namespace {
 constexpr std::string_view kDateRepublicaine = "?\?/?\?\?\?/?\?";
 
 // Une note d'évènement compte sauf si elle n'est que la date républicaine écrite par le programme.
-bool NoteQuiCompte(const Texte& note) { return !note.empty() && !Comme(note.vue(), kDateRepublicaine); }
+bool NoteQuiCompte(const Texte& note) {
+    return !note.empty() && !Comme(note.vue(), kDateRepublicaine);
+}
 
 // Le nombre sans zéros de tête, pour comparer des numéros Sosa trop grands pour un entier.
 std::string_view SansZeros(std::string_view s) {
@@ -86,11 +88,16 @@ std::optional<std::int32_t> ToucheNumPerso(const Base& base, std::int32_t actuel
         case 's':
         case 'S':
             return ChercherSosa(base, std::to_string(actuel)).value_or(actuel);
-        case '+': return Parcourir(base, actuel, 3);
-        case '-': return Parcourir(base, actuel, 5);
-        case '*': return Parcourir(base, actuel, 6);
-        case '/': return Parcourir(base, actuel, 10);
-        default: return std::nullopt;
+        case '+':
+            return Parcourir(base, actuel, 3);
+        case '-':
+            return Parcourir(base, actuel, 5);
+        case '*':
+            return Parcourir(base, actuel, 6);
+        case '/':
+            return Parcourir(base, actuel, 10);
+        default:
+            return std::nullopt;
     }
 }
 

@@ -1,4 +1,5 @@
-// Les touches du numéro de la fiche : père, numéro Sosa, suivant et précédent dans la sélection, avec ou sans notes.
+// Les touches du numéro de la fiche : père, numéro Sosa, suivant et précédent dans la sélection, avec ou sans
+// notes.
 #pragma once
 
 #include <cstdint>

@@ -18,8 +18,8 @@ protected:
         for (int i : {3, 6, 9}) b.Persos[i].Sel = kFaux;
         b.Persos[4].Notes = "Notaire";
         AjouterFamille(b, 1, 7, 8).Mariage.Notes = "Dispense de consanguinit\xE9";
-        b.Persos[5].Naissance.Notes = "12/vend/03";   // date républicaine seule : ne compte pas
-        b.Persos[2].Deces.Notes = "12/VEND/03";       // idem, la casse n'y fait rien
+        b.Persos[5].Naissance.Notes = "12/vend/03";  // date républicaine seule : ne compte pas
+        b.Persos[2].Deces.Notes = "12/VEND/03";      // idem, la casse n'y fait rien
         b.Persos[6].Notes = "Hors s\xE9lection";
     }
     Base b;

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "store/aides_texte.h"
 #include "card/lignes_personne.h"
+#include "store/aides_texte.h"
 #include "store/chaines.h"
 
 namespace arbolix {
@@ -11,13 +11,16 @@ namespace arbolix {
 namespace {
 
 constexpr std::string_view kLegendePersos =
-    "Entrez le d\xE9" "but du nom et du pr\xE9nom \xE0 chercher :\r\n* = tout (32700 max)\r\n"
+    "Entrez le d\xE9"
+    "but du nom et du pr\xE9nom \xE0 chercher :\r\n* = tout (32700 max)\r\n"
     "(majuscules et accents indiff\xE9rents)";
 constexpr std::string_view kLegendeFamis =
-    "Entrez le d\xE9" "but du nom et du pr\xE9nom de l'\xE9poux ou/et de l'\xE9pouse \xE0 chercher :\r\n"
+    "Entrez le d\xE9"
+    "but du nom et du pr\xE9nom de l'\xE9poux ou/et de l'\xE9pouse \xE0 chercher :\r\n"
     "*=tout (32700 max) (majuscules+accents indiff\xE9rents)";
 constexpr std::string_view kLegendeTexte =
-    "Entrez le texte \xE0 chercher :\r\n(inutile de respecter les majuscules et accents)\r\n* = tout (32700 max)";
+    "Entrez le texte \xE0 chercher :\r\n(inutile de respecter les majuscules et accents)\r\n* = tout (32700 "
+    "max)";
 constexpr std::string_view kLegendeFichiers =
     "Entrez le texte \xE0 chercher dans les noms de fichier et leurs notes et liens :\r\n"
     "(inutile de respecter les majuscules et accents)\r\n* = tout (32700 max)";
@@ -42,12 +45,16 @@ bool Demander(ContexteListe& ctx, int colonne, std::string_view titre, std::stri
     return !travail.empty();
 }
 
-std::string MotifNom(std::string_view reponse) { return CodeSon(reponse.empty() ? std::string_view("*") : reponse); }
+std::string MotifNom(std::string_view reponse) {
+    return CodeSon(reponse.empty() ? std::string_view("*") : reponse);
+}
 
 // Les patrons d'une personne : code du nom et prénoms.
 struct MotifsPersonne {
     std::string code = "*", prenoms = "*";
-    bool Accepte(const Perso& p) const { return Comme(p.CodeNom.vue(), code) && Comme(p.Prenoms.vue(), prenoms); }
+    bool Accepte(const Perso& p) const {
+        return Comme(p.CodeNom.vue(), code) && Comme(p.Prenoms.vue(), prenoms);
+    }
 };
 
 MotifsPersonne Motifs(const std::string& nom, const std::string& prenoms, bool modifCasse) {
@@ -70,7 +77,8 @@ bool ListePersos(const Base& base, ContexteListe& ctx, ListePersonne& liste) {
     MotifsPersonne motifs;
     if (InviteDue(ctx, base.NbPersosReels)) {
         DefautsFiche(ctx, kColPersos, 0);
-        if (!Demander(ctx, kColPersos, "Liste des personnes...", kLegendePersos, {"Nom", "Pr\xE9noms"})) return false;
+        if (!Demander(ctx, kColPersos, "Liste des personnes...", kLegendePersos, {"Nom", "Pr\xE9noms"}))
+            return false;
         const auto& r = ctx.reponses.r[kColPersos];
         motifs = Motifs(r[0], r[1], ctx.options.ModifCasse);
     }
@@ -108,7 +116,8 @@ bool ListeFamis(const Base& base, ContexteListe& ctx, ListePersonne& liste) {
             if (r[3].empty()) r[3] = PersoLu(base, ctx.ConjointFiche).Prenoms.str();
         }
         if (!Demander(ctx, kColFamis, "Liste des familles...", kLegendeFamis,
-                      {"Nom de l'\xE9poux", "Pr\xE9noms de l'\xE9poux", "Nom de l'\xE9pouse", "Pr\xE9noms de l'\xE9pouse"}))
+                      {"Nom de l'\xE9poux", "Pr\xE9noms de l'\xE9poux", "Nom de l'\xE9pouse",
+                       "Pr\xE9noms de l'\xE9pouse"}))
             return false;
         mari = Motifs(r[0], r[1], ctx.options.ModifCasse);
         femme = Motifs(r[2], r[3], ctx.options.ModifCasse);
@@ -156,11 +165,13 @@ struct SorteAnnexe {
     Texte Perso::*champPerso;  // la note de la personne elle-même, ou rien
 };
 
-constexpr SorteAnnexe kNotes{"notes", "Choisissez une note", "Liste des notes", kColNotes, &Acte::Notes,
-                             &Base::Notes, &Base::NbNotesReelles, &Base::NbNotes, 'N', true, &Perso::Notes};
-constexpr SorteAnnexe kSources{"sources", "Choisissez une source", "Liste des sources", kColSources,
-                               &Acte::Source, &Base::Sources, &Base::NbSourcesReelles, &Base::NbSources, 'S',
-                               false, nullptr};
+constexpr SorteAnnexe kNotes{"notes",      "Choisissez une note", "Liste des notes", kColNotes, &Acte::Notes,
+                             &Base::Notes, &Base::NbNotesReelles, &Base::NbNotes,    'N',       true,
+                             &Perso::Notes};
+constexpr SorteAnnexe kSources{
+    "sources",      "Choisissez une source", "Liste des sources", kColSources, &Acte::Source,
+    &Base::Sources, &Base::NbSourcesReelles, &Base::NbSources,    'S',         false,
+    nullptr};
 
 // Le motif de recherche d'un texte : "?*" pour tout, sinon "*réponse*", replié.
 std::string MotifTexte(std::string_view reponse) {
@@ -168,7 +179,9 @@ std::string MotifTexte(std::string_view reponse) {
     return "*" + Replier(reponse) + "*";
 }
 
-bool Trouve(std::string_view texte, const std::string& motif) { return Comme(Replier(Coupe(texte, 100)), motif); }
+bool Trouve(std::string_view texte, const std::string& motif) {
+    return Comme(Replier(Coupe(texte, 100)), motif);
+}
 
 bool ListeAnnexe(const Base& base, ContexteListe& ctx, ListePersonne& liste, const SorteAnnexe& s) {
     const Options& o = ctx.options;
@@ -182,10 +195,14 @@ bool ListeAnnexe(const Base& base, ContexteListe& ctx, ListePersonne& liste, con
     ctx.reponses.DernierGenre = s.genre;
     OuvrirListe(liste, s.genre, s.titreListe, {}, true);
     std::vector<Rangee> rangees;
-    const auto republicaine = [&](const Texte& t) { return s.sansDatesRepublicaines && Comme(t.vue(), "##/?\?\?\?/##"); };
+    const auto republicaine = [&](const Texte& t) {
+        return s.sansDatesRepublicaines && Comme(t.vue(), "##/?\?\?\?/##");
+    };
     const std::pair<Acte Perso::*, const std::string Options::*> actesPerso[] = {
-        {&Perso::Naissance, &Options::SymbNais}, {&Perso::Bapteme, &Options::SymbBapt},
-        {&Perso::Deces, &Options::SymbDece}, {&Perso::Sepulture, &Options::SymbSepu}};
+        {&Perso::Naissance, &Options::SymbNais},
+        {&Perso::Bapteme, &Options::SymbBapt},
+        {&Perso::Deces, &Options::SymbDece},
+        {&Perso::Sepulture, &Options::SymbSepu}};
     for (std::int32_t i = 1; i <= base.NbPersos; ++i) {
         if (base.Persos.PageVierge(i)) {
             i = base.Persos.FinDePage(i);
@@ -194,7 +211,8 @@ bool ListeAnnexe(const Base& base, ContexteListe& ctx, ListePersonne& liste, con
         const Perso& p = base.Persos[i];
         if (p.Sel == 0 || p.Prenoms.empty()) continue;
         const std::string tete = p.Nom + " " + p.Prenoms + " " + o.SymbNais +
-                                 (p.Naissance.Annee ? std::to_string(p.Naissance.Annee) : std::string()) + " ";
+                                 (p.Naissance.Annee ? std::to_string(p.Naissance.Annee) : std::string()) +
+                                 " ";
         if (s.champPerso && !(p.*(s.champPerso)).empty() && Trouve(p.*(s.champPerso), motif))
             rangees.push_back({tete + Coupe(p.*(s.champPerso), 100) + Queue('P', i), i});
         for (const auto& [acte, symbole] : actesPerso) {
@@ -204,7 +222,8 @@ bool ListeAnnexe(const Base& base, ContexteListe& ctx, ListePersonne& liste, con
         }
     }
     const std::pair<Acte Fami::*, const std::string Options::*> actesFami[] = {
-        {&Fami::Mariage, &Options::SymbMari}, {&Fami::Contrat, &Options::SymbCoMa},
+        {&Fami::Mariage, &Options::SymbMari},
+        {&Fami::Contrat, &Options::SymbCoMa},
         {&Fami::Divorce, &Options::SymbDivo}};
     for (std::int32_t i = 1; i <= base.NbFamis; ++i) {
         if (base.Familles.PageVierge(i)) {
@@ -228,7 +247,8 @@ bool ListeAnnexe(const Base& base, ContexteListe& ctx, ListePersonne& liste, con
         const NoteExt& n = table[i];
         if (n.Sel == 0) continue;
         // Un blanc entre titre et texte, pour que la rangée se lise.
-        const std::string texte = n.Titre.empty() || n.Texte.empty() ? n.Titre + n.Texte : n.Titre + " " + n.Texte;
+        const std::string texte =
+            n.Titre.empty() || n.Texte.empty() ? n.Titre + n.Texte : n.Titre + " " + n.Texte;
         if (texte.empty() || !Trouve(texte, motif)) continue;
         rangees.push_back({Coupe(Gauche(texte, 150), 150) + Queue(s.queue, i), i});
     }
@@ -247,11 +267,15 @@ std::string MotifFichiers(std::string_view reponse) {
     return "*" + Replier(premier + suite) + "*";
 }
 
-std::string Lettre(const std::string& symbole) { return symbole.empty() ? std::string(" ") : symbole.substr(0, 1); }
+std::string Lettre(const std::string& symbole) {
+    return symbole.empty() ? std::string(" ") : symbole.substr(0, 1);
+}
 
 void TexteRecents(const ListePersonne& liste, std::string& tete) {
-    static constexpr const char* kTextes[] = {"Aujourd'hui", "Plus (Cette semaine)", "Plus (Ces 2 derniers mois)",
-                                              "Plus (Cette ann\xE9" "e)"};
+    static constexpr const char* kTextes[] = {"Aujourd'hui", "Plus (Cette semaine)",
+                                              "Plus (Ces 2 derniers mois)",
+                                              "Plus (Cette ann\xE9"
+                                              "e)"};
     const int i = static_cast<int>(std::lround(std::log(liste.FenetreJours) / std::log(7.0)));
     tete = std::string(kTextes[std::clamp(i, 0, 3)]) + " ...";
 }
@@ -264,7 +288,8 @@ void RemplirRecents(const Base& base, const Options& o, double limite, ListePers
             continue;
         }
         const Perso& p = base.Persos[i];
-        if (p.Sel != 0 && p.DateModif >= limite && p.DateModif > 0) tri.Ajouter(p.NomTri + p.Naissance.DateTri, i);
+        if (p.Sel != 0 && p.DateModif >= limite && p.DateModif > 0)
+            tri.Ajouter(p.NomTri + p.Naissance.DateTri, i);
     }
     for (std::int32_t i = 1; i <= base.NbFamis; ++i) {
         if (base.Familles.PageVierge(i)) {
@@ -407,7 +432,9 @@ void AgrandirRecents(const Base& base, const Options& options, double aujourdhui
     RemplirRecents(base, options, limite, liste);
 }
 
-int JoursRecents(const ListePersonne& liste) { return liste.FenetreJours; }
+int JoursRecents(const ListePersonne& liste) {
+    return liste.FenetreJours;
+}
 
 std::string CheminDeRangee(std::string_view rangee) {
     const auto p = rangee.find("  ");
@@ -441,7 +468,8 @@ std::string BulleRangee(const Base& base, const Options& o, const ListePersonne&
     if (g == Lettre(o.SymbSepu)) return detail(p.Sepulture, true);
     const Fami& f = FamiLue(base, n);
     const auto famille = [&](const Acte& a) {
-        return DetailPersonne(base, o, f.Mari) + " " + g + a.Date + " " + a.Lieu + " " + DetailPersonne(base, o, f.Femme);
+        return DetailPersonne(base, o, f.Mari) + " " + g + a.Date + " " + a.Lieu + " " +
+               DetailPersonne(base, o, f.Femme);
     };
     if (g == Lettre(o.SymbMari)) return famille(f.Mariage);
     if (g == Lettre(o.SymbCoMa)) return famille(f.Contrat);
@@ -468,7 +496,8 @@ Reaction DoubleClic(const Base& base, const Options& o, const ListePersonne& lis
     if (g == "notes" || g == "sources") {
         if (q.genre == 'N') return {ActionListe::OuvrirNote, q.numero, {}, true};
         if (q.genre == 'S') return {ActionListe::OuvrirSource, q.numero, {}, true};
-        if (SorteDuGenre(o, q.genre) == Sorte::Famille) return {ActionListe::Afficher, EpouxDeFamille(base, q.numero), {}, true};
+        if (SorteDuGenre(o, q.genre) == Sorte::Famille)
+            return {ActionListe::Afficher, EpouxDeFamille(base, q.numero), {}, true};
         return {ActionListe::Afficher, q.numero, {}, true};
     }
     return {};
@@ -491,7 +520,8 @@ Reaction ClicDroit(const Base& base, const Options& o, const ListePersonne& list
         const auto p = texte.find(lien);
         if (p != std::string::npos) {
             const auto fin = texte.find('@', p + 2);
-            const std::int32_t note = fin == std::string::npos ? 0 : LienExterne(texte.substr(p, fin - p + 1), kind);
+            const std::int32_t note =
+                fin == std::string::npos ? 0 : LienExterne(texte.substr(p, fin - p + 1), kind);
             if (note > 0) return {ouvrir, note, {}, false, personne(q.numero).numero};
         }
         return {};

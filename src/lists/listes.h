@@ -1,4 +1,5 @@
-// Le contenu des listes de la fenêtre Personne : personnes, familles, notes, sources, fichiers, fiches récentes, et ce que font leurs clics.
+// Le contenu des listes de la fenêtre Personne : personnes, familles, notes, sources, fichiers, fiches
+// récentes, et ce que font leurs clics.
 #pragma once
 
 #include <array>
@@ -35,14 +36,15 @@ using Inviter = std::function<bool(Invite&)>;  // faux : Annuler
 inline constexpr std::int32_t kSeuilListeCourte = 32766;
 
 struct ContexteListe {
-    ContexteListe(const Options& o, ReponsesListes& r, Inviter i = {}) : options(o), reponses(r), inviter(std::move(i)) {}
+    ContexteListe(const Options& o, ReponsesListes& r, Inviter i = {})
+        : options(o), reponses(r), inviter(std::move(i)) {}
     const Options& options;
     ReponsesListes& reponses;
-    Inviter inviter;                // peut manquer : aucune invite
-    std::string NomFiche;           // la personne de la fiche, pour les réponses par défaut
+    Inviter inviter;       // peut manquer : aucune invite
+    std::string NomFiche;  // la personne de la fiche, pour les réponses par défaut
     std::string PrenomsFiche;
-    std::int32_t ConjointFiche = 0; // conjoint de la rangée choisie de la liste Union
-    bool Renumeroter = false;       // Gedcom.OptRenum : numéro de la prochaine personne
+    std::int32_t ConjointFiche = 0;  // conjoint de la rangée choisie de la liste Union
+    bool Renumeroter = false;        // Gedcom.OptRenum : numéro de la prochaine personne
 };
 
 // Personnes (Genre "tous") ou familles (Genre "familles") : invite quand la liste
@@ -74,8 +76,8 @@ std::string Replier(std::string_view texte);  // minuscules sans accents : reche
 // Ce qu'un clic demande à la fenêtre.
 enum class ActionListe {
     Rien,
-    Afficher,           // numero dans NumPerso
-    NouvellePersonne,   // créer une personne et la montrer
+    Afficher,          // numero dans NumPerso
+    NouvellePersonne,  // créer une personne et la montrer
     AgrandirRecents,
     OuvrirFichier,      // chemin dans son programme (double clic)
     ProprietesFichier,  // chemin : montrer ses propriétés, puis puisAfficher dans NumPerso
@@ -86,13 +88,14 @@ struct Reaction {
     ActionListe action = ActionListe::Rien;
     std::int32_t numero = 0;
     std::string chemin;
-    bool fermer = false;  // la fenêtre se ferme d'abord
+    bool fermer = false;            // la fenêtre se ferme d'abord
     std::int32_t puisAfficher = 0;  // après l'action, la personne à montrer (0 : aucune)
     friend bool operator==(const Reaction&, const Reaction&) = default;
 };
 
 // Infobulle d'une rangée au simple clic (vide pour un numéro 0).
-std::string BulleRangee(const Base& base, const Options& options, const ListePersonne& liste, std::size_t rangee);
+std::string BulleRangee(const Base& base, const Options& options, const ListePersonne& liste,
+                        std::size_t rangee);
 Reaction DoubleClic(const Base& base, const Options& options, const ListePersonne& liste, std::size_t rangee);
 Reaction ClicDroit(const Base& base, const Options& options, const ListePersonne& liste, std::size_t rangee);
 

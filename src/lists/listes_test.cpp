@@ -7,9 +7,9 @@
 namespace arbolix {
 namespace {
 
-using essai::Dater;
 using essai::AjouterFamille;
 using essai::AjouterPersonne;
+using essai::Dater;
 
 std::vector<std::string> Textes(const ListePersonne& l) {
     std::vector<std::string> t;
@@ -42,11 +42,16 @@ TEST_F(Listes, PersonnesTrieesParNomPuisNaissanceLuesParLigneListe) {
     EXPECT_EQ(l.Titre, "Choisissez une personne");
     EXPECT_EQ(Textes(l), (std::vector<std::string>{
                              " Ajouter... P000007",
-                             "LAGARDE Anne \xB0" "1694 P000002",
-                             "MARTIN Pierre \xB0" "1690 P000001",
-                             "MARTIN Zo\xE9 \xB0" "1718 P000003",
-                             "MARTIN Jean \xB0" "1721 P000004",
-                             "\xC9TIENNE \xC9lisabeth \xB0" "1748 P000005",
+                             "LAGARDE Anne \xB0"
+                             "1694 P000002",
+                             "MARTIN Pierre \xB0"
+                             "1690 P000001",
+                             "MARTIN Zo\xE9 \xB0"
+                             "1718 P000003",
+                             "MARTIN Jean \xB0"
+                             "1721 P000004",
+                             "\xC9TIENNE \xC9lisabeth \xB0"
+                             "1748 P000005",
                          }));
     EXPECT_EQ(l.Rangees[4].valeur, 4);
 }
@@ -68,7 +73,9 @@ TEST_F(Listes, InviteDeLaListeCourte) {
     EXPECT_EQ(vues[0].Titre, "Liste des personnes...");
     EXPECT_EQ(vues[0].Valeurs, (std::vector<std::string>{"MARTIN", "Jean"}));  // la personne de la fiche
     // Code phonétique du nom, prénoms mis en casse : "z" trouve Zoé.
-    EXPECT_EQ(Textes(l), (std::vector<std::string>{" Ajouter... P000007", "MARTIN Zo\xE9 \xB0" "1718 P000003"}));
+    EXPECT_EQ(Textes(l), (std::vector<std::string>{" Ajouter... P000007",
+                                                   "MARTIN Zo\xE9 \xB0"
+                                                   "1718 P000003"}));
     // Deux réponses vides : pas de liste.
     EXPECT_FALSE(ChercherEtLister(b, ctx, QuoiListe::Persos, l));
     // Le nom entier : le code sans étoile ; prénoms vides deviennent "*" ; jamais hors sélection.
@@ -93,23 +100,31 @@ TEST_F(Listes, InviteAnnuleeEtAucunResultat) {
 TEST_F(Listes, FamillesEtLeurAnneeDeTri) {
     AjouterPersonne(b, 7, "ABEL", "Marc", 'M', "1800");
     AjouterPersonne(b, 8, "ZOLA", "Rose", 'F', "1700");
-    AjouterFamille(b, 3, 7, 8);           // année : naissance du mari, 1800
-    AjouterFamille(b, 4, 0, 8);           // sans mari : naissance de la femme + 30 = 1730
+    AjouterFamille(b, 3, 7, 8);  // année : naissance du mari, 1800
+    AjouterFamille(b, 4, 0, 8);  // sans mari : naissance de la femme + 30 = 1730
     ContexteListe ctx(o, reponses);
     ListePersonne l;
     ASSERT_TRUE(ChercherEtLister(b, ctx, QuoiListe::Famis, l));
     EXPECT_EQ(l.Genre, "familles");
     EXPECT_EQ(Textes(l), (std::vector<std::string>{
-                             " x ZOLA Rose \xB0" "1700 F000004",  // 1700 + 30 avant 1748 + 30
-                             " x \xC9TIENNE \xC9lisabeth \xB0" "1748 F000002",
-                             "ABEL Marc \xB0" "1800 x ZOLA Rose \xB0" "1700 F000003",
-                             "MARTIN Pierre \xB0" "1690 x14/01/1716 LAGARDE Anne \xB0" "1694 F000001",
+                             " x ZOLA Rose \xB0"
+                             "1700 F000004",  // 1700 + 30 avant 1748 + 30
+                             " x \xC9TIENNE \xC9lisabeth \xB0"
+                             "1748 F000002",
+                             "ABEL Marc \xB0"
+                             "1800 x ZOLA Rose \xB0"
+                             "1700 F000003",
+                             "MARTIN Pierre \xB0"
+                             "1690 x14/01/1716 LAGARDE Anne \xB0"
+                             "1694 F000001",
                          }));
 }
 
 TEST_F(Listes, NotesDesPersonnesEvenementsFamillesEtNotesExternes) {
     b.Persos[4].Notes = "Tisserand \xE0 Sarlat";
-    b.Persos[3].Naissance.Notes = "Ondoy\xE9" "e\r\n\xE0 la maison";
+    b.Persos[3].Naissance.Notes =
+        "Ondoy\xE9"
+        "e\r\n\xE0 la maison";
     b.Persos[1].Deces.Notes = "12/vend/03";   // date républicaine : pas une note
     b.Persos[6].Notes = "Hors s\xE9lection";  // jamais listée
     b.Familles[2].Mariage.Notes = "Sans mari";
@@ -122,8 +137,12 @@ TEST_F(Listes, NotesDesPersonnesEvenementsFamillesEtNotesExternes) {
     ASSERT_TRUE(ListeNotes(b, ctx, l));
     EXPECT_EQ(l.Genre, "notes");
     EXPECT_EQ(Textes(l), (std::vector<std::string>{
-                             "MARTIN Jean \xB0" "1721 Tisserand \xE0 Sarlat P000004",
-                             "MARTIN Zo\xE9 \xB0" "1718 Ondoy\xE9" "e \xE0 la maison \xB0" "000003",
+                             "MARTIN Jean \xB0"
+                             "1721 Tisserand \xE0 Sarlat P000004",
+                             "MARTIN Zo\xE9 \xB0"
+                             "1718 Ondoy\xE9"
+                             "e \xE0 la maison \xB0"
+                             "000003",
                              "Matricule Tu\xE9 \xE0 Verdun N000001",
                              "\xC9TIENNE \xC9lisabeth x Sans mari x000002",
                          }));
@@ -147,7 +166,8 @@ TEST_F(Listes, SourcesGardentLesDatesRepublicaines) {
     ListePersonne l;
     ASSERT_TRUE(ListeSources(b, ctx, l));
     EXPECT_EQ(l.Titre, "Choisissez une source");
-    EXPECT_EQ(Textes(l), (std::vector<std::string>{"MARTIN Pierre \xB0" "1690 12/vend/03 +000001",
+    EXPECT_EQ(Textes(l), (std::vector<std::string>{"MARTIN Pierre \xB0"
+                                                   "1690 12/vend/03 +000001",
                                                    "Registres de Sarlat S000002"}));
 }
 
@@ -164,7 +184,8 @@ TEST_F(Listes, FichiersEtLeurCheminRelu) {
     EXPECT_EQ(l.Rangees[0].texte, "Registre /actes/registre.png  /actes/registre.png M000001");
     EXPECT_EQ(l.Rangees[1].texte, "\xB0 1721 4 MARTIN Jean  /photos/jean  martin.jpg P000004");
     EXPECT_EQ(CheminDeRangee(l.Rangees[1].texte), "/photos/jean  martin.jpg");
-    EXPECT_EQ(DoubleClic(b, o, l, 1), (Reaction{ActionListe::OuvrirFichier, 4, "/photos/jean  martin.jpg", true}));
+    EXPECT_EQ(DoubleClic(b, o, l, 1),
+              (Reaction{ActionListe::OuvrirFichier, 4, "/photos/jean  martin.jpg", true}));
     const Reaction droit = ClicDroit(b, o, l, 0);
     EXPECT_EQ(droit.action, ActionListe::ProprietesFichier);
     EXPECT_EQ(droit.puisAfficher, 0);  // objet sans lien : la fiche vierge
@@ -176,13 +197,22 @@ TEST_F(Listes, RecentsElargitLaFenetreEtRevientAUnJour) {
     b.Persos[2].DateModif = 45330;    // il y a 7 jours
     b.Persos[5].DateModif = 45100;    // il y a 237 jours
     ListePersonne l;
-    OuvrirRecents(b, o, "Fiches modifi\xE9" "es r\xE9" "cemment", aujourdhui, l);
+    OuvrirRecents(b, o,
+                  "Fiches modifi\xE9"
+                  "es r\xE9"
+                  "cemment",
+                  aujourdhui, l);
     EXPECT_EQ(l.Genre, "recents");
-    EXPECT_EQ(Textes(l), (std::vector<std::string>{"Plus (Cette semaine) ...", "MARTIN Jean \xB0" "1721 P000004"}));
+    EXPECT_EQ(Textes(l), (std::vector<std::string>{"Plus (Cette semaine) ...",
+                                                   "MARTIN Jean \xB0"
+                                                   "1721 P000004"}));
     EXPECT_EQ(DoubleClic(b, o, l, 0).action, ActionListe::AgrandirRecents);
-    const std::pair<const char*, std::size_t> suite[] = {
-        {"Plus (Ces 2 derniers mois) ...", 3}, {"Plus (Cette ann\xE9" "e) ...", 3}, {"Aujourd'hui ...", 4},
-        {"Plus (Cette semaine) ...", 2}};
+    const std::pair<const char*, std::size_t> suite[] = {{"Plus (Ces 2 derniers mois) ...", 3},
+                                                         {"Plus (Cette ann\xE9"
+                                                          "e) ...",
+                                                          3},
+                                                         {"Aujourd'hui ...", 4},
+                                                         {"Plus (Cette semaine) ...", 2}};
     for (const auto& [tete, rangees] : suite) {
         AgrandirRecents(b, o, aujourdhui, l);
         EXPECT_EQ(l.Rangees[0].texte, tete);
@@ -197,15 +227,19 @@ TEST_F(Listes, RecentsMontrentUneFamilleChangeeSeuleParLeMari) {
     OuvrirRecents(b, o, "", 45337.6, l);
     AgrandirRecents(b, o, 45337.6, l);
     AgrandirRecents(b, o, 45337.6, l);  // 49 jours
-    EXPECT_EQ(Textes(l), (std::vector<std::string>{"Plus (Cette ann\xE9" "e) ...",
-                                                   "MARTIN Pierre \xB0" "1690 x14/01/1716 P000001"}));
+    EXPECT_EQ(Textes(l), (std::vector<std::string>{"Plus (Cette ann\xE9"
+                                                   "e) ...",
+                                                   "MARTIN Pierre \xB0"
+                                                   "1690 x14/01/1716 P000001"}));
     // Quand un époux a lui-même changé dans la fenêtre, c'est lui qui vient, pas la famille.
     b.Persos[2].DateModif = 45330;
     OuvrirRecents(b, o, "", 45337.6, l);
     AgrandirRecents(b, o, 45337.6, l);
     AgrandirRecents(b, o, 45337.6, l);
-    EXPECT_EQ(Textes(l), (std::vector<std::string>{"Plus (Cette ann\xE9" "e) ...",
-                                                   "LAGARDE Anne \xB0" "1694 x14/01/1716 P000002"}));
+    EXPECT_EQ(Textes(l), (std::vector<std::string>{"Plus (Cette ann\xE9"
+                                                   "e) ...",
+                                                   "LAGARDE Anne \xB0"
+                                                   "1694 x14/01/1716 P000002"}));
 }
 
 TEST_F(Listes, ClicsSelonLeGenre) {
@@ -230,7 +264,8 @@ TEST_F(Listes, ClicsSelonLeGenre) {
     b.Notes[1].Sel = kVrai;
     b.NbNotes = 1;
     ListeNotes(b, ctx, l);
-    ASSERT_EQ(Textes(l), (std::vector<std::string>{"Dispense N000001", "\xC9TIENNE \xC9lisabeth x @N1@ x000002"}));
+    ASSERT_EQ(Textes(l),
+              (std::vector<std::string>{"Dispense N000001", "\xC9TIENNE \xC9lisabeth x @N1@ x000002"}));
     EXPECT_EQ(DoubleClic(b, o, l, 0), (Reaction{ActionListe::OuvrirNote, 1, {}, true}));
     EXPECT_EQ(DoubleClic(b, o, l, 1).numero, 5);  // symbole de mariage : la famille, par l'épouse
     EXPECT_EQ(BulleRangee(b, o, l, 0), "Dispense");
@@ -241,7 +276,8 @@ TEST_F(Listes, ClicsSelonLeGenre) {
 
 TEST(SautLettre, PremierCaractereBrutSansReplierLesAccents) {
     ListePersonne l;
-    for (const char* t : {" Ajouter...", "Abel", "dupont", "Eve", "\xC9mile", "Zola"}) l.Rangees.push_back({t, 0});
+    for (const char* t : {" Ajouter...", "Abel", "dupont", "Eve", "\xC9mile", "Zola"})
+        l.Rangees.push_back({t, 0});
     EXPECT_EQ(SautLettre(l, 'e'), 3u);
     EXPECT_EQ(SautLettre(l, 'a'), 1u);
     EXPECT_EQ(SautLettre(l, 'z'), 4u);  // É (0xE9) n'est pas avant z : on s'y arrête
@@ -253,7 +289,9 @@ TEST(Recherche, MotifsEtRepli) {
     EXPECT_EQ(MotifPrenoms("jean-pierre", true), "Jean-Pierre*");
     EXPECT_EQ(MotifPrenoms("Jea*", true), "Jea*");
     EXPECT_EQ(MotifPrenoms("", true), "*");
-    EXPECT_EQ(Replier("\xC9lisabeth \x8C" "uvre"), "elisabeth oeuvre");
+    EXPECT_EQ(Replier("\xC9lisabeth \x8C"
+                      "uvre"),
+              "elisabeth oeuvre");
 }
 
 }  // namespace

@@ -62,7 +62,8 @@ std::size_t AjouterTriee(ListePersonne& liste, std::string texte, std::int32_t v
 }
 
 void AjouterTriees(ListePersonne& liste, std::vector<Rangee> rangees) {
-    std::stable_sort(rangees.begin(), rangees.end(), [](const Rangee& a, const Rangee& b) { return a.texte < b.texte; });
+    std::stable_sort(rangees.begin(), rangees.end(),
+                     [](const Rangee& a, const Rangee& b) { return a.texte < b.texte; });
     const std::size_t tete = liste.LigneDeTete ? 1 : 0;
     if (liste.Rangees.size() > tete) {
         for (auto& r : rangees) AjouterTriee(liste, std::move(r.texte), r.valeur);
@@ -72,9 +73,11 @@ void AjouterTriees(ListePersonne& liste, std::vector<Rangee> rangees) {
     for (auto& r : rangees) liste.Rangees.push_back(std::move(r));
 }
 
-void RemplissageTrie::Terminer(ListePersonne& liste, const std::function<std::string(std::int32_t)>& affichage) {
+void RemplissageTrie::Terminer(ListePersonne& liste,
+                               const std::function<std::string(std::int32_t)>& affichage) {
     // std::string compare les octets sans signe : l'ordre « simple » des caractères 1252.
-    std::stable_sort(cles_.begin(), cles_.end(), [](const Rangee& a, const Rangee& b) { return a.texte < b.texte; });
+    std::stable_sort(cles_.begin(), cles_.end(),
+                     [](const Rangee& a, const Rangee& b) { return a.texte < b.texte; });
     const std::size_t tete = liste.LigneDeTete ? 1 : 0;
     if (liste.Rangees.size() > tete) {
         // Liste non vidée : chaque clé prend sa place parmi les textes déjà là, comme

@@ -1,4 +1,5 @@
-// Les rangées de la fenêtre de liste : texte lu par l'utilisateur, queue " P000012" lue par le code, tri en deux passes.
+// Les rangées de la fenêtre de liste : texte lu par l'utilisateur, queue " P000012" lue par le code, tri en
+// deux passes.
 #pragma once
 
 #include <cstdint>
@@ -65,7 +66,9 @@ void AjouterTriees(ListePersonne& liste, std::vector<Rangee> rangees);
 class RemplissageTrie {
 public:
     explicit RemplissageTrie(std::size_t prevu = 0) { cles_.reserve(prevu); }
-    void Ajouter(std::string cleDeTri, std::int32_t valeur) { cles_.push_back({std::move(cleDeTri), valeur}); }
+    void Ajouter(std::string cleDeTri, std::int32_t valeur) {
+        cles_.push_back({std::move(cleDeTri), valeur});
+    }
     // Trie, puis ajoute à la liste chaque rangée avec affichage(valeur).
     void Terminer(ListePersonne& liste, const std::function<std::string(std::int32_t)>& affichage);
     std::size_t size() const { return cles_.size(); }

@@ -24,10 +24,10 @@
 #include "dates/calendrier_gregorien.h"
 #include "lists/rangees.h"
 #include "lists/selection.h"
-#include "store/chaines.h"
-#include "platform/ini.h"
 #include "platform/cp1252.h"
+#include "platform/ini.h"
 #include "platform/qt_texte.h"
+#include "store/chaines.h"
 #include "ui/editeur.h"
 #include "ui/gedcom.h"
 #include "ui/inputmsgbox.h"
@@ -52,14 +52,21 @@ struct IconeBarre {
 
 constexpr IconeBarre kIcones[] = {
     {0, "Configurer les options...", QStyle::SP_FileDialogDetailedView, &Fiche::MenuConfig, nullptr},
-    {1, "Cr\xE9" "er un nouveau fichier...", QStyle::SP_FileIcon, &Fiche::MenuNouveau, nullptr},
+    {1,
+     "Cr\xE9"
+     "er un nouveau fichier...",
+     QStyle::SP_FileIcon, &Fiche::MenuNouveau, nullptr},
     {2, "Ouvrir un fichier existant...", QStyle::SP_DialogOpenButton, &Fiche::MenuOuvrir, nullptr},
     {3, "Enregistrer le fichier", QStyle::SP_DialogSaveButton, nullptr, nullptr},
     {5, "Liste des personnes", QStyle::SP_FileDialogListView, &Fiche::MenuListePersos, nullptr},
     {6, "Liste des familles", QStyle::SP_DirHomeIcon, &Fiche::MenuListeFamis, &Ui::Fiche::MenuListeFamis},
     {7, "Liste des notes", QStyle::SP_FileDialogContentsView, &Fiche::MenuListeNotes, nullptr},
-    {8, "Fiches modifi\xE9" "es", QStyle::SP_BrowserReload, &Fiche::MenuFichesRecentes, &Ui::Fiche::MenuFichesRecentes},
-    {19, "Liste des fichiers", QStyle::SP_DirOpenIcon, &Fiche::MenuListeFichiers, &Ui::Fiche::MenuListeFichiers},
+    {8,
+     "Fiches modifi\xE9"
+     "es",
+     QStyle::SP_BrowserReload, &Fiche::MenuFichesRecentes, &Ui::Fiche::MenuFichesRecentes},
+    {19, "Liste des fichiers", QStyle::SP_DirOpenIcon, &Fiche::MenuListeFichiers,
+     &Ui::Fiche::MenuListeFichiers},
 };
 
 // Couleurs du bouton de sexe choisi (rouge-vert-bleu).
@@ -71,7 +78,9 @@ constexpr int kLargeurCadrePerso = 540;
 constexpr int kMargeActe = 8;
 
 // Un texte de la base vers une case à plusieurs lignes.
-QString Lignes(std::string_view texte) { return VersQString(texte).replace("\r\n", "\n"); }
+QString Lignes(std::string_view texte) {
+    return VersQString(texte).replace("\r\n", "\n");
+}
 
 // Jours depuis le 30/12/1899, maintenant.
 double Maintenant() {
@@ -102,26 +111,33 @@ Fiche::Fiche(QWidget* parent)
     connect(ui_->MenuConfig, &QAction::triggered, this, &Fiche::MenuConfig);
     connect(ui_->NumPerso, &QLineEdit::textChanged, this, &Fiche::AfficherFiche);
     ui_->NumPerso->installEventFilter(this);
-    for (QWidget* w : {static_cast<QWidget*>(ui_->Pere), static_cast<QWidget*>(ui_->Mere)}) w->installEventFilter(this);
+    for (QWidget* w : {static_cast<QWidget*>(ui_->Pere), static_cast<QWidget*>(ui_->Mere)})
+        w->installEventFilter(this);
     const std::pair<QAction*, void (Fiche::*)()> listes[] = {
-        {ui_->MenuListePersos, &Fiche::MenuListePersos},   {ui_->MenuListeFamis, &Fiche::MenuListeFamis},
-        {ui_->MenuListeNotes, &Fiche::MenuListeNotes},     {ui_->MenuListeSources, &Fiche::MenuListeSources},
-        {ui_->MenuListeFichiers, &Fiche::MenuListeFichiers}, {ui_->MenuFichesRecentes, &Fiche::MenuFichesRecentes}};
+        {ui_->MenuListePersos, &Fiche::MenuListePersos},
+        {ui_->MenuListeFamis, &Fiche::MenuListeFamis},
+        {ui_->MenuListeNotes, &Fiche::MenuListeNotes},
+        {ui_->MenuListeSources, &Fiche::MenuListeSources},
+        {ui_->MenuListeFichiers, &Fiche::MenuListeFichiers},
+        {ui_->MenuFichesRecentes, &Fiche::MenuFichesRecentes}};
     for (const auto& [action, commande] : listes) connect(action, &QAction::triggered, this, commande);
     connect(personne_, &Personne::Reagir, this, &Fiche::ReagirListe);
-    connect(ui_->Union, &QListWidget::itemClicked, this, [this](QListWidgetItem* i) { CliquerUnion(ui_->Union->row(i)); });
+    connect(ui_->Union, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* i) { CliquerUnion(ui_->Union->row(i)); });
     connect(ui_->Union, &QListWidget::itemDoubleClicked, this,
             [this](QListWidgetItem* i) { DoubleCliquerUnion(ui_->Union->row(i)); });
     connect(ui_->Enfant, &QListWidget::itemDoubleClicked, this,
             [this](QListWidgetItem* i) { DoubleCliquerListeNumero(ui_->Enfant, ui_->Enfant->row(i)); });
-    // Un clic montre le fichier dans l'aperçu ; un double clic l'ouvre. Le chemin est l'infobulle de la rangée.
+    // Un clic montre le fichier dans l'aperçu ; un double clic l'ouvre. Le chemin est l'infobulle de la
+    // rangée.
     connect(ui_->ListeDivers, &QListWidget::itemClicked, this, [this] { PoserPhoto(); });
     connect(ui_->ListeDivers, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* i) {
         OuvrirFichierLie(contenu_.Divers[static_cast<std::size_t>(ui_->ListeDivers->row(i))].bulle, false);
     });
     connect(ui_->BarreMenu_0, &QMenu::aboutToShow, this, [this] {
         if (ouvert_)
-            ui_->MenuSelInfo->setText(QString("%1 personnes et %2 familles").arg(base_.NbPersosReels).arg(base_.NbFamisReels));
+            ui_->MenuSelInfo->setText(
+                QString("%1 personnes et %2 familles").arg(base_.NbPersosReels).arg(base_.NbFamisReels));
     });
 }
 
@@ -139,7 +155,9 @@ void Fiche::CreerIcones() {
     }
 }
 
-bool Fiche::FichierOuvert() const { return ouvert_; }
+bool Fiche::FichierOuvert() const {
+    return ouvert_;
+}
 
 void Fiche::ActualiserTitre() {
     const std::string fichier = ouvert_ ? Utf8VersCp1252(gedcom_.Fichier) : std::string();
@@ -222,12 +240,17 @@ void Fiche::AfficherFiche() {
     std::int64_t n = ValeurNumerique(DepuisQString(texte));
     if (texte.startsWith('-')) n = -n;
     switch (ExaminerNumero(base_, n)) {
-        case EtatNumero::Ignorer: return;
+        case EtatNumero::Ignorer:
+            return;
         case EtatNumero::HorsTableau:
-            dialogue_->Message("Erreur m\xE9moire", "Erreur ! La personne demand\xE9" "e ne peut pas \xEAtre affich\xE9" "e.",
+            dialogue_->Message("Erreur m\xE9moire",
+                               "Erreur ! La personne demand\xE9"
+                               "e ne peut pas \xEAtre affich\xE9"
+                               "e.",
                                Icone::Stop);
             return;
-        case EtatNumero::Afficher: break;
+        case EtatNumero::Afficher:
+            break;
     }
     base_.NumCourant = static_cast<std::int32_t>(n < 0 ? -n : n);
     base_.Chargement = kVrai;
@@ -273,17 +296,24 @@ void Fiche::PoserContenu() {
     ColorerSexe();
     ui_->Metier->setEditText(VersQString(c.Metier));
     ui_->Ref->setText(VersQString(c.Ref));
-    const std::pair<QLabel*, const std::string*> actes[] = {
-        {ui_->Naissance, &c.Naissance}, {ui_->Bapteme, &c.Bapteme}, {ui_->Deces, &c.Deces}, {ui_->Sepulture, &c.Sepulture}};
+    const std::pair<QLabel*, const std::string*> actes[] = {{ui_->Naissance, &c.Naissance},
+                                                            {ui_->Bapteme, &c.Bapteme},
+                                                            {ui_->Deces, &c.Deces},
+                                                            {ui_->Sepulture, &c.Sepulture}};
     for (const auto& [label, texte] : actes) label->setText(VersQString(*texte));
     ui_->IntRech1->setChecked(c.IntRechAscendance);
     ui_->IntRech2->setChecked(c.IntRechDescendance);
     ui_->Notes->setPlainText(Lignes(c.Notes));
     ui_->Notes->setToolTip(VersQString(c.BulleNotes));
-    const std::pair<QLineEdit*, const std::string*> adresse[] = {
-        {ui_->Adresse1, &c.Adresse1}, {ui_->Adresse2, &c.Adresse2}, {ui_->Etat, &c.Etat},
-        {ui_->CP, &c.CP},             {ui_->Ville, &c.Ville},       {ui_->Pays, &c.Pays},
-        {ui_->Telephone, &c.Telephone}, {ui_->EMail, &c.EMail},     {ui_->URL, &c.URL}};
+    const std::pair<QLineEdit*, const std::string*> adresse[] = {{ui_->Adresse1, &c.Adresse1},
+                                                                 {ui_->Adresse2, &c.Adresse2},
+                                                                 {ui_->Etat, &c.Etat},
+                                                                 {ui_->CP, &c.CP},
+                                                                 {ui_->Ville, &c.Ville},
+                                                                 {ui_->Pays, &c.Pays},
+                                                                 {ui_->Telephone, &c.Telephone},
+                                                                 {ui_->EMail, &c.EMail},
+                                                                 {ui_->URL, &c.URL}};
     for (const auto& [champ, texte] : adresse) {
         champ->setText(VersQString(*texte));
         champ->setCursorPosition(0);
@@ -327,8 +357,8 @@ void Fiche::PoserPhoto() {
         chemin = contenu_.Divers[static_cast<std::size_t>(choisie)].bulle;
     ui_->Photo->clear();
     if (chemin.empty()) return;
-    const auto fichier = TrouverFichierLie(chemin, options_.Chemin[2],
-                                           std::filesystem::path(gedcom_.Fichier).parent_path());
+    const auto fichier =
+        TrouverFichierLie(chemin, options_.Chemin[2], std::filesystem::path(gedcom_.Fichier).parent_path());
     if (!fichier) return;
     const QPixmap image(QString::fromStdString(fichier->string()));
     if (image.isNull()) return;
@@ -339,7 +369,8 @@ void Fiche::PoserPhoto() {
 
 // Une palette plutôt qu'une feuille de style : la police du zoom reste celle des autres contrôles.
 void Fiche::ColorerSexe() {
-    const std::pair<QRadioButton*, const char*> boutons[] = {{ui_->Sexe1, kFondMasculin}, {ui_->Sexe2, kFondFeminin}};
+    const std::pair<QRadioButton*, const char*> boutons[] = {{ui_->Sexe1, kFondMasculin},
+                                                             {ui_->Sexe2, kFondFeminin}};
     for (const auto& [bouton, couleur] : boutons) {
         QPalette p = ui_->CadrePerso->palette();
         if (bouton->isChecked()) p.setColor(bouton->backgroundRole(), QColor(couleur));
@@ -366,8 +397,9 @@ void Fiche::AllerA(std::int32_t numero, bool selectionner) {
 
 bool Fiche::ToucheNumPerso(QKeyEvent* k) {
     const QString t = k->text();
-    if (t.size() != 1 || k->key() == Qt::Key_Backspace || k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter ||
-        k->key() == Qt::Key_Tab || k->key() == Qt::Key_Escape || k->key() == Qt::Key_Delete)
+    if (t.size() != 1 || k->key() == Qt::Key_Backspace || k->key() == Qt::Key_Return ||
+        k->key() == Qt::Key_Enter || k->key() == Qt::Key_Tab || k->key() == Qt::Key_Escape ||
+        k->key() == Qt::Key_Delete)
         return false;
     const QChar c = t.front();
     if (c.isDigit()) return false;
@@ -376,8 +408,9 @@ bool Fiche::ToucheNumPerso(QKeyEvent* k) {
         std::int32_t modele = 0;
         if (personne_->isVisible()) {
             const int r = personne_->RangeeChoisie();
-            const LectureQueue q = r > 0 ? LireQueue(personne_->Liste().Rangees[static_cast<std::size_t>(r)].texte)
-                                         : LectureQueue{};
+            const LectureQueue q =
+                r > 0 ? LireQueue(personne_->Liste().Rangees[static_cast<std::size_t>(r)].texte)
+                      : LectureQueue{};
             if (q.genre == 'P') modele = q.numero;
         }
         AllerA(NouvellePersonne(base_, true, gedcom_.OptRenum, modele), false);
@@ -385,8 +418,10 @@ bool Fiche::ToucheNumPerso(QKeyEvent* k) {
         ui_->Nom->setFocus();
         return true;
     }
-    const std::int32_t actuel = static_cast<std::int32_t>(ValeurNumerique(DepuisQString(ui_->NumPerso->text())));
-    if (const auto vers = arbolix::ToucheNumPerso(base_, actuel, DepuisQString(t).front())) AllerA(*vers, true);
+    const std::int32_t actuel =
+        static_cast<std::int32_t>(ValeurNumerique(DepuisQString(ui_->NumPerso->text())));
+    if (const auto vers = arbolix::ToucheNumPerso(base_, actuel, DepuisQString(t).front()))
+        AllerA(*vers, true);
     return true;  // toute autre touche est avalée
 }
 
@@ -411,7 +446,8 @@ void Fiche::DoubleCliquerListeNumero(QListWidget* liste, int rangee) {
 }
 
 bool Fiche::eventFilter(QObject* objet, QEvent* e) {
-    if (objet == ui_->NumPerso && e->type() == QEvent::KeyPress) return ToucheNumPerso(static_cast<QKeyEvent*>(e));
+    if (objet == ui_->NumPerso && e->type() == QEvent::KeyPress)
+        return ToucheNumPerso(static_cast<QKeyEvent*>(e));
     if (e->type() == QEvent::MouseButtonDblClick) {
         if (objet == ui_->Pere && contenu_.NumPere > 0) AllerA(contenu_.NumPere, true);
         if (objet == ui_->Mere && contenu_.NumMere > 0) AllerA(contenu_.NumMere, true);
@@ -425,9 +461,12 @@ void Fiche::resizeEvent(QResizeEvent* e) {
     if (!ouvert_) return;
     const ContexteFiche c = Contexte();
     const Perso& p = std::as_const(base_.Persos)[contenu_.Numero];
-    const std::pair<QLabel*, const Acte*> actes[] = {
-        {ui_->Naissance, &p.Naissance}, {ui_->Bapteme, &p.Bapteme}, {ui_->Deces, &p.Deces}, {ui_->Sepulture, &p.Sepulture}};
-    for (const auto& [label, acte] : actes) label->setText(VersQString(LigneActe(base_, *acte, true, c.LargeurActe)));
+    const std::pair<QLabel*, const Acte*> actes[] = {{ui_->Naissance, &p.Naissance},
+                                                     {ui_->Bapteme, &p.Bapteme},
+                                                     {ui_->Deces, &p.Deces},
+                                                     {ui_->Sepulture, &p.Sepulture}};
+    for (const auto& [label, acte] : actes)
+        label->setText(VersQString(LigneActe(base_, *acte, true, c.LargeurActe)));
 }
 
 // ---- Listes ----
@@ -459,16 +498,26 @@ void Fiche::RemplirListe(bool (*remplir)(const Base&, ContexteListe&, ListePerso
 }
 
 void Fiche::MenuListePersos() {
-    RemplirListe([](const Base& b, ContexteListe& c, ListePersonne& l) { return ChercherEtLister(b, c, QuoiListe::Persos, l); });
+    RemplirListe([](const Base& b, ContexteListe& c, ListePersonne& l) {
+        return ChercherEtLister(b, c, QuoiListe::Persos, l);
+    });
 }
 
 void Fiche::MenuListeFamis() {
-    RemplirListe([](const Base& b, ContexteListe& c, ListePersonne& l) { return ChercherEtLister(b, c, QuoiListe::Famis, l); });
+    RemplirListe([](const Base& b, ContexteListe& c, ListePersonne& l) {
+        return ChercherEtLister(b, c, QuoiListe::Famis, l);
+    });
 }
 
-void Fiche::MenuListeNotes() { RemplirListe(ListeNotes); }
-void Fiche::MenuListeSources() { RemplirListe(ListeSources); }
-void Fiche::MenuListeFichiers() { RemplirListe(ListeFichiers); }
+void Fiche::MenuListeNotes() {
+    RemplirListe(ListeNotes);
+}
+void Fiche::MenuListeSources() {
+    RemplirListe(ListeSources);
+}
+void Fiche::MenuListeFichiers() {
+    RemplirListe(ListeFichiers);
+}
 
 void Fiche::MenuFichesRecentes() {
     QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -481,12 +530,14 @@ void Fiche::MenuFichesRecentes() {
 
 void Fiche::ReagirListe(const Reaction& r) {
     switch (r.action) {
-        case ActionListe::Rien: break;
+        case ActionListe::Rien:
+            break;
         case ActionListe::Afficher:
             if (r.numero > 0) AllerA(r.numero, true);
             break;
         case ActionListe::NouvellePersonne: {
-            const std::int32_t modele = personne_->Liste().Rangees.empty() ? 0 : personne_->Liste().Rangees[0].valeur;
+            const std::int32_t modele =
+                personne_->Liste().Rangees.empty() ? 0 : personne_->Liste().Rangees[0].valeur;
             AllerA(NouvellePersonne(base_, true, gedcom_.OptRenum, modele), true);
             ActualiserTitre();
             break;
@@ -496,12 +547,15 @@ void Fiche::ReagirListe(const Reaction& r) {
             personne_->Rafraichir();
             personne_->Choisir(0);
             break;
-        case ActionListe::OuvrirFichier: OuvrirFichierLie(r.chemin, false); break;
+        case ActionListe::OuvrirFichier:
+            OuvrirFichierLie(r.chemin, false);
+            break;
         case ActionListe::ProprietesFichier:
             if (OuvrirFichierLie(r.chemin, true)) {
                 AllerA(r.puisAfficher, true);
                 // La rangée du fichier est choisie dans la liste de la fiche.
-                const auto trouve = ui_->ListeDivers->findItems(VersQString(SansBlancs(r.chemin)), Qt::MatchContains);
+                const auto trouve =
+                    ui_->ListeDivers->findItems(VersQString(SansBlancs(r.chemin)), Qt::MatchContains);
                 if (!trouve.isEmpty()) ui_->ListeDivers->setCurrentItem(trouve.front());
             }
             break;
@@ -526,7 +580,8 @@ void Fiche::MontrerTexte(const NoteExt& note, std::string_view titre) {
 // Ouvre le fichier dans son programme, ou son dossier pour ses propriétés ; faux
 // (après le message des règles) quand il est introuvable.
 bool Fiche::OuvrirFichierLie(const std::string& chemin, bool proprietes) {
-    const auto fichier = TrouverFichierLie(chemin, options_.Chemin[2], std::filesystem::path(gedcom_.Fichier).parent_path());
+    const auto fichier =
+        TrouverFichierLie(chemin, options_.Chemin[2], std::filesystem::path(gedcom_.Fichier).parent_path());
     if (!fichier) {
         dialogue_->Message("Fichier introuvable", MessageFichierIntrouvable(chemin, false), Icone::Attention);
         return false;
@@ -649,14 +704,16 @@ void Fiche::ChargerTextes(const std::filesystem::path& dossier) {
     textes_.Agrandissement = texte(556, textes_.Agrandissement);
     gedcomForm_->FixerTitreParcourir(texte(550, "Choisissez un fichier Gedcom"));
     const PassageTextes passage = ReglerPassage(kCodeLangue, ARBOLIX_VERSION_MAJEURE);
-    for (QWidget* f : {static_cast<QWidget*>(this), static_cast<QWidget*>(gedcomForm_),
-                       static_cast<QWidget*>(editeur_), static_cast<QWidget*>(personne_),
-                       static_cast<QWidget*>(invite_)})
+    for (QWidget* f :
+         {static_cast<QWidget*>(this), static_cast<QWidget*>(gedcomForm_), static_cast<QWidget*>(editeur_),
+          static_cast<QWidget*>(personne_), static_cast<QWidget*>(invite_)})
         TraduireFenetre(*f, messages_, passage, *dialogue_);
     if (passage.traduire) TraduireMenus(*this, messages_);
 }
 
-void Fiche::MenuNouveau() { OuvrirGedcom(ModeGedcom::Nouveau); }
+void Fiche::MenuNouveau() {
+    OuvrirGedcom(ModeGedcom::Nouveau);
+}
 
 void Fiche::MenuOuvrir() {
     if (gedcom_.Fichier.empty()) gedcom_.Fichier = options_.FichierDefaut;
@@ -671,7 +728,9 @@ bool Fiche::MenuFermer() {
     return true;
 }
 
-void Fiche::MenuQuitter() { close(); }
+void Fiche::MenuQuitter() {
+    close();
+}
 
 void Fiche::closeEvent(QCloseEvent* e) {
     if (ouvert_ && !MenuFermer()) {
@@ -710,7 +769,8 @@ void Fiche::Demarrer(const std::string& ligneCommande, const std::string& execut
     ChargerTextes(dossier);
     if (QScreen* ecran = screen()) {
         const QSize taille = ecran->size();
-        AppliquerZoom(TesterZoom(options_.ZoomFen, options_.PourcentZoom, taille.width(), taille.height()).zoom);
+        AppliquerZoom(
+            TesterZoom(options_.ZoomFen, options_.PourcentZoom, taille.width(), taille.height()).zoom);
     }
     PlacerPersonne();
     recents_ = LireFichiersRecents(ini_, options_, false);

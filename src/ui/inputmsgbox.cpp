@@ -39,7 +39,8 @@ bool InputMsgBox::Demander(Invite& invite) {
     adjustSize();
     const bool ok = exec() == QDialog::Accepted;
     invite.Valeurs.clear();
-    for (std::size_t i = 0; i < invite.Libelles.size() && i < 4; ++i) invite.Valeurs.push_back(DepuisQString(textes[i]->text()));
+    for (std::size_t i = 0; i < invite.Libelles.size() && i < 4; ++i)
+        invite.Valeurs.push_back(DepuisQString(textes[i]->text()));
     return ok;
 }
 

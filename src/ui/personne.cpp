@@ -19,7 +19,8 @@ Personne::Personne(const Base& base, const Options& options, QWidget* parent)
     ui_->Liste->setModel(modele_);
     ui_->Liste->installEventFilter(this);
     connect(ui_->Liste, &QListView::clicked, this, [this](const QModelIndex& i) { Cliquer(i.row()); });
-    connect(ui_->Liste, &QListView::doubleClicked, this, [this](const QModelIndex& i) { DoubleCliquer(i.row()); });
+    connect(ui_->Liste, &QListView::doubleClicked, this,
+            [this](const QModelIndex& i) { DoubleCliquer(i.row()); });
     connect(ui_->Liste, &QListView::customContextMenuRequested, this, [this](const QPoint& p) {
         const QModelIndex i = ui_->Liste->indexAt(p);
         CliquerDroit(i.isValid() ? i.row() : modele_->rowCount() - 1);
@@ -28,7 +29,9 @@ Personne::Personne(const Base& base, const Options& options, QWidget* parent)
 
 Personne::~Personne() = default;
 
-QString Personne::Genre() const { return VersQString(liste_.Genre); }
+QString Personne::Genre() const {
+    return VersQString(liste_.Genre);
+}
 
 void Personne::Montrer() {
     setWindowTitle(VersQString(liste_.Titre));

@@ -1,4 +1,5 @@
-// Personne : la fenêtre de liste, seul sélecteur du programme ; ses clics vont selon Genre et la queue des rangées.
+// Personne : la fenêtre de liste, seul sélecteur du programme ; ses clics vont selon Genre et la queue des
+// rangées.
 #pragma once
 
 #include <QDialog>

@@ -4,8 +4,8 @@
 #include <initializer_list>
 #include <string>
 
-#include "store/aides_texte.h"
 #include "dates/cle_date.h"
+#include "store/aides_texte.h"
 #include "store/base.h"
 #include "store/chaines.h"
 
@@ -15,13 +15,15 @@ namespace arbolix::essai {
 inline void Dater(Acte& a, const std::string& date, const std::string& lieu = {}) {
     a.Date = date;
     a.DateTri = date.empty() ? std::string() : CleDate(date);
-    a.Annee = static_cast<std::int16_t>(date.size() >= 4 ? ValeurNumerique(Remplacer(Droite(date, 4), "/", "")) : 0);
+    a.Annee = static_cast<std::int16_t>(
+        date.size() >= 4 ? ValeurNumerique(Remplacer(Droite(date, 4), "/", "")) : 0);
     a.Lieu = lieu;
 }
 
 // Une personne sélectionnée, avec ses clés de nom.
-inline Perso& AjouterPersonne(Base& b, std::int32_t n, const std::string& nom, const std::string& prenoms, char sexe = ' ',
-                       const std::string& naissance = {}, const std::string& deces = {}) {
+inline Perso& AjouterPersonne(Base& b, std::int32_t n, const std::string& nom, const std::string& prenoms,
+                              char sexe = ' ', const std::string& naissance = {},
+                              const std::string& deces = {}) {
     Perso& p = b.Persos[n];
     p.Nom = nom;
     p.Prenoms = prenoms;
@@ -37,8 +39,9 @@ inline Perso& AjouterPersonne(Base& b, std::int32_t n, const std::string& nom, c
 }
 
 // Une famille sélectionnée, liée dans les deux sens à ses époux et à ses enfants.
-inline Fami& AjouterFamille(Base& b, std::int32_t f, std::int32_t mari, std::int32_t femme, const std::string& mariage = {},
-                     std::initializer_list<std::int32_t> enfants = {}) {
+inline Fami& AjouterFamille(Base& b, std::int32_t f, std::int32_t mari, std::int32_t femme,
+                            const std::string& mariage = {},
+                            std::initializer_list<std::int32_t> enfants = {}) {
     Fami& fam = b.Familles[f];
     fam.Mari = mari;
     fam.Femme = femme;

@@ -1,4 +1,7 @@
-// La fiche et la fenêtre de liste : touches du numéro, listes, clics, sur l'exemple et sur une base écrite à la main.
+// La fiche et la fenêtre de liste : touches du numéro, listes, clics, sur l'exemple et sur une base écrite à
+// la main.
+#include "ui/personne.h"
+
 #include <QComboBox>
 #include <QDir>
 #include <QImage>
@@ -14,14 +17,17 @@
 #include "platform/progression.h"
 #include "platform/qt_texte.h"
 #include "ui/fiche.h"
-#include "ui/personne.h"
 
 using namespace arbolix;
 
 namespace {
 
-QLineEdit* Numero(Fiche& f) { return f.findChild<QLineEdit*>("NumPerso"); }
-QString Prenoms(Fiche& f) { return f.findChild<QComboBox*>("Prenoms")->currentText(); }
+QLineEdit* Numero(Fiche& f) {
+    return f.findChild<QLineEdit*>("NumPerso");
+}
+QString Prenoms(Fiche& f) {
+    return f.findChild<QComboBox*>("Prenoms")->currentText();
+}
 
 QColor Fond(Fiche& f, const char* nom) {
     const auto* b = f.findChild<QRadioButton*>(nom);
@@ -38,8 +44,8 @@ void Taper(Fiche& f, const QString& texte) {
 // Double clic de la souris sur la rangée qui contient le texte.
 bool DoubleCliquerRangee(Personne& p, const QString& texte) {
     auto* vue = p.findChild<QListView*>("Liste");
-    const QModelIndexList trouve = vue->model()->match(vue->model()->index(0, 0), Qt::DisplayRole, texte, 1,
-                                                       Qt::MatchStartsWith);
+    const QModelIndexList trouve =
+        vue->model()->match(vue->model()->index(0, 0), Qt::DisplayRole, texte, 1, Qt::MatchStartsWith);
     if (trouve.isEmpty()) return false;
     vue->scrollTo(trouve.front());
     const QPoint centre = vue->visualRect(trouve.front()).center();
@@ -120,7 +126,8 @@ private slots:
 
         Taper(fiche, "7");
         QCOMPARE(fiche.Contenu().Numero, 7);
-        QCOMPARE(fiche.findChild<QLineEdit*>("Pere")->text(), QString::fromUtf8("Jean MARTIN ° 03/03/1718 + 1779"));
+        QCOMPARE(fiche.findChild<QLineEdit*>("Pere")->text(),
+                 QString::fromUtf8("Jean MARTIN ° 03/03/1718 + 1779"));
         QTest::keyClick(Numero(fiche), 'f');
         QCOMPARE(Numero(fiche)->text(), QString("3"));
         QCOMPARE(Numero(fiche)->selectedText(), QString("3"));  // prêt pour un autre numéro
@@ -130,7 +137,8 @@ private slots:
         QVERIFY(unions->item(0)->text().startsWith("x 20/02/1744 Marguerite FAURE"));
         QCOMPARE(fiche.findChild<QLabel*>("LabelEnfants")->text(), QString("1 enfant F000003"));
         // Un clic sur la seconde union montre ses enfants (aucun).
-        QTest::mouseClick(unions->viewport(), Qt::LeftButton, {}, unions->visualItemRect(unions->item(1)).center());
+        QTest::mouseClick(unions->viewport(), Qt::LeftButton, {},
+                          unions->visualItemRect(unions->item(1)).center());
         QCOMPARE(fiche.findChild<QLabel*>("LabelEnfants")->text(), QString("Aucun enfant F000002"));
         DoubleCliquerItem(unions, 1);
         QCOMPARE(Numero(fiche)->text(), QString("6"));
@@ -180,7 +188,8 @@ private slots:
         QTest::keyClick(liste.findChild<QListView*>("Liste"), Qt::Key_Return);
         QCOMPARE(Numero(fiche)->text(), QString("8"));
         QCOMPARE(fiche.base().NbPersosReels, 8);
-        QVERIFY(fiche.windowTitle().endsWith(QString::fromUtf8(" (modifié)")) || fiche.base().FichierModifie == kVrai);
+        QVERIFY(fiche.windowTitle().endsWith(QString::fromUtf8(" (modifié)")) ||
+                fiche.base().FichierModifie == kVrai);
 
         // Familles : la fenêtre dit son genre et mène à l'époux.
         fiche.options().ListePersosCourte = false;
