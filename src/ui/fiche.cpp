@@ -402,7 +402,8 @@ bool Fiche::ToucheNumPerso(QKeyEvent* k) {
         k->key() == Qt::Key_Delete)
         return false;
     const QChar c = t.front();
-    if (c.isDigit()) return false;
+    // Chiffres et raccourcis (copier, coller) passent ; les autres caractères sont des commandes.
+    if (c.isDigit() || (k->modifiers() & Qt::ControlModifier)) return false;
     if (!ouvert_) return true;
     if (c == ' ') {
         std::int32_t modele = 0;
