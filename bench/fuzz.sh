@@ -18,7 +18,8 @@ for cible in "${cibles[@]}"; do
     [ -f "$f" ] || continue
     { printf '\xff\x07'; head -c 200000 "$f"; } > "$corpus/graine-$(basename "$f")"
   done
+  mkdir -p "build/fuzz/artefacts-$cible"
   echo "== $cible : $secondes s"
-  build/fuzz/fuzz/"$cible" -max_total_time="$secondes" -max_len=65536 -timeout=10 -rss_limit_mb=3000 \
-      -print_final_stats=1 "$corpus" 2>&1 | grep -E "^#|stat::|ERROR|SUMMARY|cov:" | tail -8
+  build/fuzz/fuzz/"$cible" -max_total_time="$secondes" -seed="${FUZZ_GRAINE:-0}" -max_len=65536 -timeout=10 -rss_limit_mb=3000 \
+      -print_final_stats=1 -artifact_prefix="build/fuzz/artefacts-$cible/" "$corpus" 2>&1 | grep -E "^#|stat::|ERROR|SUMMARY|cov:|Test unit written" | tail -12
 done
