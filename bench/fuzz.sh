@@ -4,6 +4,13 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 secondes="${1:-60}"; shift || true
 command -v clang++ >/dev/null || { echo "clang++ absent : fuzzing sauté"; exit 0; }
+# libFuzzer vient avec le runtime de clang : sans lui, rien à lancer.
+sonde=$(mktemp -d)
+printf 'extern "C" int LLVMFuzzerTestOneInput(const unsigned char*, unsigned long) { return 0; }\n' > "$sonde/s.cpp"
+if ! clang++ -fsanitize=fuzzer,address "$sonde/s.cpp" -o "$sonde/s" 2>/dev/null; then
+  rm -rf "$sonde"; echo "libFuzzer absent : fuzzing sauté"; exit 0
+fi
+rm -rf "$sonde"
 export CCACHE_DIR="${CCACHE_DIR:-$PWD/.ccache}"
 cmake -S . -B build/fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
       -DARBOLIX_FUZZ=ON -DARBOLIX_GUI=OFF -DARBOLIX_TESTS=OFF >/dev/null
