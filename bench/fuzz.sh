@@ -4,6 +4,13 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 secondes="${1:-60}"; shift || true
 command -v clang++ >/dev/null || { echo "clang++ absent : fuzzing sauté"; exit 0; }
+# libFuzzer vient avec le runtime de clang : sans lui, rien à lancer.
+sonde=$(mktemp -d)
+printf 'extern "C" int LLVMFuzzerTestOneInput(const unsigned char*, unsigned long) { return 0; }\n' > "$sonde/s.cpp"
+if ! clang++ -fsanitize=fuzzer,address "$sonde/s.cpp" -o "$sonde/s" 2>/dev/null; then
+  rm -rf "$sonde"; echo "libFuzzer absent : fuzzing sauté"; exit 0
+fi
+rm -rf "$sonde"
 export CCACHE_DIR="${CCACHE_DIR:-$PWD/.ccache}"
 cmake -S . -B build/fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
       -DARBOLIX_FUZZ=ON -DARBOLIX_GUI=OFF -DARBOLIX_TESTS=OFF >/dev/null
@@ -18,7 +25,8 @@ for cible in "${cibles[@]}"; do
     [ -f "$f" ] || continue
     { printf '\xff\x07'; head -c 200000 "$f"; } > "$corpus/graine-$(basename "$f")"
   done
+  mkdir -p "build/fuzz/artefacts-$cible"
   echo "== $cible : $secondes s"
-  build/fuzz/fuzz/"$cible" -max_total_time="$secondes" -max_len=65536 -timeout=10 -rss_limit_mb=3000 \
-      -print_final_stats=1 "$corpus" 2>&1 | grep -E "^#|stat::|ERROR|SUMMARY|cov:" | tail -8
+  build/fuzz/fuzz/"$cible" -max_total_time="$secondes" -seed="${FUZZ_GRAINE:-0}" -max_len=65536 -timeout=10 -rss_limit_mb=3000 \
+      -print_final_stats=1 -artifact_prefix="build/fuzz/artefacts-$cible/" "$corpus" 2>&1 | grep -E "^#|stat::|ERROR|SUMMARY|cov:|Test unit written" | tail -12
 done

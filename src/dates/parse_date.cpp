@@ -1,5 +1,8 @@
 #include "dates/parse_date.h"
 
+#include <algorithm>
+#include <array>
+
 #include <exception>
 #include <optional>
 
@@ -133,11 +136,18 @@ bool LireRepublicaine(Lecture& l, const ContexteDate& ctx) {
 
 // Le mot "après" mis par l'étape précédente n'est pas un mois : "apr" y resterait.
 void RemplacerMois(Lecture& l) {
+    // Mois et mots d'intervalle sont des lettres : une date de chiffres et de "/" passe vite.
     const std::size_t debut = l.t.starts_with(kApres) ? kApres.size() : 0;
-    std::string reste = l.t.substr(debut);
-    for (int i = 1; i <= 12; ++i) reste = Remplacer(reste, MoisGedcom[i], Zeros(i, 2));
-    l.t = l.t.substr(0, debut) + reste;
-    for (const auto& r : kIntervalles) l.t = Remplacer(l.t, r[0], r[1]);
+    const auto chiffreOuBarre = [](char c) { return EstChiffre(c) || c == '/'; };
+    if (std::all_of(l.t.begin() + static_cast<std::ptrdiff_t>(debut), l.t.end(), chiffreOuBarre)) return;
+    static const std::array<std::string, 13> kNumeros = [] {
+        std::array<std::string, 13> n;
+        for (int i = 1; i <= 12; ++i) n[static_cast<std::size_t>(i)] = Zeros(i, 2);
+        return n;
+    }();
+    for (int i = 1; i <= 12; ++i)
+        RemplacerTout(l.t, MoisGedcom[static_cast<std::size_t>(i)], kNumeros[static_cast<std::size_t>(i)], debut);
+    for (const auto& r : kIntervalles) RemplacerTout(l.t, r[0], r[1]);
 }
 
 // Formes reconnues du tableau des dates : jamais signalées.

@@ -6,22 +6,28 @@ namespace arbolix {
 
 Base::Base() { Vider(*this, true); }
 
+namespace {
+
+// Les cinq tableaux ont toujours la même borne haute.
+template <typename Action>
+void PourChaqueTableau(Base& base, Action&& action) {
+    action(base.Persos);
+    action(base.Familles);
+    action(base.Notes);
+    action(base.Sources);
+    action(base.Medias);
+}
+
+}  // namespace
+
 void RedimensionnerBase(Base& base, std::int32_t maxFiches) {
     base.MaxFiches = maxFiches;
-    base.Persos.Redimensionner(maxFiches);
-    base.Familles.Redimensionner(maxFiches);
-    base.Notes.Redimensionner(maxFiches);
-    base.Sources.Redimensionner(maxFiches);
-    base.Medias.Redimensionner(maxFiches);
+    PourChaqueTableau(base, [maxFiches](auto& t) { t.Redimensionner(maxFiches); });
 }
 
 void Vider(Base& base, bool recharger) {
     base.MaxFiches = kFichesDepart;
-    base.Persos.Dimensionner(kFichesDepart);
-    base.Familles.Dimensionner(kFichesDepart);
-    base.Notes.Dimensionner(kFichesDepart);
-    base.Sources.Dimensionner(kFichesDepart);
-    base.Medias.Dimensionner(kFichesDepart);
+    PourChaqueTableau(base, [](auto& t) { t.Dimensionner(kFichesDepart); });
     base.Listes.clear();
     if (!recharger) return;
     base.NbPersos = base.NbFamis = base.NbNotes = base.NbSources = base.NbMedias = 0;

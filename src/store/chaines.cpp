@@ -40,6 +40,7 @@ std::string_view Depuis(std::string_view s, std::size_t debut) {
 
 std::size_t Chercher(std::string_view s, std::string_view motif, std::size_t depuis) {
     if (depuis > s.size() || motif.empty()) return std::string_view::npos;
+    if (s.size() - depuis < 256) return s.find(motif, depuis);  // un texte court : find suffit
     // memmem (algorithme à deux sens) : bien plus rapide que find quand le
     // premier caractère du motif, souvent un blanc, revient à chaque ligne.
     const void* p = memmem(s.data() + depuis, s.size() - depuis, motif.data(), motif.size());
