@@ -1,34 +1,178 @@
 #include "ui/editeur.h"
 
-#include <QDialogButtonBox>
-#include <QPushButton>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "gedcom/lecture_liens.h"
 #include "platform/qt_texte.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 
-Editeur::Editeur(QWidget* parent) : QDialog(parent), texte_(new QPlainTextEdit(this)) {
+namespace {
+
+// Les textes de la base séparent les lignes par CR LF, le contrôle par LF.
+QString VersControle(std::string_view texte) {
+    QString t = VersQString(texte);
+    t.replace("\r\n", "\n");
+    return t;
+}
+
+std::string DepuisControle(const QString& texte) {
+    QString t = texte;
+    t.replace("\r\n", "\n");
+    t.replace("\n", "\r\n");
+    return DepuisQString(t);
+}
+
+QPushButton* NouveauBouton(const char* nom, const char* texte, QWidget* parent) {
+    auto* b = new QPushButton(VersQString(texte), parent);
+    b->setObjectName(nom);
+    b->setAutoDefault(false);
+    return b;
+}
+
+}  // namespace
+
+Editeur::Editeur(QWidget* parent)
+    : QDialog(parent),
+      titre_(new QLineEdit(this)),
+      texte_(new QPlainTextEdit(this)),
+      numNote_(new QLineEdit(this)),
+      labelNS_(new QLabel(this)),
+      labelTitre_(new QLabel("Titre", this)),
+      ok_(NouveauBouton("BoutonOK", "OK", this)),
+      annuler_(NouveauBouton("BoutonAnnuler", "Annuler", this)),
+      ouvrir_(NouveauBouton("BoutonOuvrir", "Ouvrir...", this)),
+      enreg_(NouveauBouton("BoutonEnreg", "Enregistrer", this)),
+      liens_(NouveauBouton("BoutonLiens", "Liens vers", this)) {
     setObjectName("Editeur");
+    setWindowTitle(VersQString("\xC9" "diteur de notes"));
+    titre_->setObjectName("Titre");
     texte_->setObjectName("Texte");
-    texte_->setReadOnly(true);
+    numNote_->setObjectName("NumNote");
+    labelNS_->setObjectName("LabelNS");
+    labelTitre_->setObjectName("LabelTitre");
     texte_->setLineWrapMode(QPlainTextEdit::WidgetWidth);
-    auto* boutons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    boutons->button(QDialogButtonBox::Close)->setText("Fermer");
-    connect(boutons, &QDialogButtonBox::rejected, this, &QDialog::accept);
+    numNote_->setMaximumWidth(80);
+    // La liste des liens n'est pas encore faite : le bouton reste grisé.
+    liens_->setEnabled(false);
+
+    auto* haut = new QHBoxLayout;
+    haut->addWidget(labelNS_);
+    haut->addWidget(numNote_);
+    haut->addWidget(labelTitre_);
+    haut->addWidget(titre_, 1);
+    auto* bas = new QHBoxLayout;
+    for (QPushButton* b : {ouvrir_, enreg_, liens_}) bas->addWidget(b);
+    bas->addStretch(1);
+    bas->addWidget(ok_);
+    bas->addWidget(annuler_);
     auto* disposition = new QVBoxLayout(this);
-    disposition->addWidget(texte_);
-    disposition->addWidget(boutons);
+    disposition->addLayout(haut);
+    disposition->addWidget(texte_, 1);
+    disposition->addLayout(bas);
     resize(760, 480);
+
+    connect(ok_, &QPushButton::clicked, this, &Editeur::BoutonOK);
+    connect(annuler_, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ouvrir_, &QPushButton::clicked, this, &Editeur::BoutonOuvrir);
+    connect(enreg_, &QPushButton::clicked, this, &Editeur::BoutonEnreg);
+    connect(numNote_, &QLineEdit::editingFinished, this, &Editeur::NumNoteChange);
+}
+
+void Editeur::Preparer(Mode mode, Base* base, Dialogue* dialogue) {
+    mode_ = mode;
+    base_ = base;
+    dialogue_ = dialogue;
+    const bool externe = mode == Mode::Externe;
+    texte_->setReadOnly(mode == Mode::Journal);
+    for (QWidget* w : {static_cast<QWidget*>(titre_), static_cast<QWidget*>(labelTitre_),
+                       static_cast<QWidget*>(numNote_), static_cast<QWidget*>(labelNS_),
+                       static_cast<QWidget*>(liens_)})
+        w->setVisible(externe);
+    ouvrir_->setVisible(mode != Mode::Journal);
+    enreg_->setVisible(mode != Mode::Journal);
+    annuler_->setVisible(mode != Mode::Journal);
 }
 
 void Editeur::Montrer(const QString& titre, std::string_view texte) {
+    Preparer(Mode::Journal, nullptr, nullptr);
     setWindowTitle(titre);
-    QString t = VersQString(texte);
-    t.replace("\r\n", "\n");
-    texte_->setPlainText(t);
+    titre_->clear();
+    texte_->setPlainText(VersControle(texte));
     show();
     raise();
+}
+
+bool Editeur::OuvrirNote(Base& base, std::int32_t numero, int type, bool avecBoutons, Dialogue& dialogue) {
+    if (type != 1 && type != 2) {
+        dialogue.Message("Note/source externe",
+                         "Impossible d'afficher la note/source " + std::to_string(numero) +
+                             " car son type n'a pas \xE9t\xE9 d\xE9tect\xE9.",
+                         Icone::Attention);
+        return false;
+    }
+    Preparer(Mode::Externe, &base, &dialogue);
+    genre_ = type == 2 ? 'S' : 'N';
+    labelNS_->setText(genre_ == 'S' ? "@S" : "@N");
+    const bool fichier = numero == -1;
+    liens_->setVisible(avecBoutons && !fichier);
+    ouvrir_->setVisible(!fichier);
+    numNote_->setEnabled(!fichier);
+    ChargerNote(numero);
+    return true;
+}
+
+bool Editeur::OuvrirChamp(Base& base, const ChampLien& champ, Dialogue& dialogue) {
+    const arbolix::Texte& texte = TexteDuChamp(base, champ);
+    const char genre = GenreDuChamp(champ);
+    if (const std::int32_t n = NumeroDuLien(texte, genre); n > 0 && n <= NotesDuGenre(base, genre).Haut())
+        return OuvrirNote(base, n, genre == 'S' ? 2 : 1, true, dialogue);
+    Preparer(Mode::Champ, &base, &dialogue);
+    champ_ = champ;
+    texte_->setPlainText(VersControle(texte));
+    return true;
+}
+
+void Editeur::ChargerNote(std::int32_t numero) {
+    numero_ = numero;
+    const NoteExt& e = std::as_const(NotesDuGenre(*base_, genre_))[numero];
+    numNote_->setText(QString::number(numero));
+    titre_->setText(VersQString(e.Titre));
+    texte_->setPlainText(VersControle(e.Texte));
+}
+
+void Editeur::NumNoteChange() {
+    if (mode_ != Mode::Externe || numero_ == -1) return;
+    const std::int32_t n = static_cast<std::int32_t>(ValeurNumerique(DepuisQString(numNote_->text())));
+    const std::int32_t haut = genre_ == 'S' ? base_->NbSources : base_->NbNotes;
+    if (n >= 1 && n <= haut && n != numero_)
+        ChargerNote(n);
+    else
+        numNote_->setText(QString::number(numero_));
+}
+
+void Editeur::BoutonOK() {
+    if (mode_ == Mode::Externe)
+        ModifierNote(*base_, genre_, numero_, DepuisQString(titre_->text()), DepuisControle(texte_->toPlainText()));
+    else if (mode_ == Mode::Champ)
+        ChangerChamp(*base_, champ_, DepuisControle(texte_->toPlainText()), dialogue_);
+    if (mode_ != Mode::Journal) base_->FichierModifie = kVrai;
+    accept();
+}
+
+void Editeur::BoutonOuvrir() {
+    const auto chemin = dialogue_->ChoisirFichierOuvrir("Lire un fichier texte...", "Fichiers texte (*.txt)", "");
+    if (!chemin) return;
+    if (const auto contenu = LireFichierTexte(*chemin)) texte_->setPlainText(VersControle(*contenu));
+}
+
+void Editeur::BoutonEnreg() {
+    const std::string defaut = "note_" + std::to_string(numero_) + ".txt";
+    const auto chemin =
+        dialogue_->ChoisirFichierEnregistrer("Enregistrer un fichier texte...", "Fichiers texte (*.txt)", defaut);
+    if (chemin) EcrireFichierTexte(*chemin, DepuisControle(texte_->toPlainText()));
 }
 
 }  // namespace arbolix

@@ -1,21 +1,65 @@
-// L'éditeur de texte : ici, le journal de lecture d'un fichier.
+// L'éditeur de notes : une note ou source externe, la note du fichier, le texte d'un champ, le journal de lecture.
 #pragma once
 
 #include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
+
+#include <cstdint>
+#include <string_view>
+
+#include "card/notes.h"
+#include "platform/dialogue.h"
+#include "store/base.h"
 
 namespace arbolix {
 
+// Rien n'est écrit dans la base avant BoutonOK ; Annuler ferme sans rien changer.
 class Editeur : public QDialog {
     Q_OBJECT
 public:
     explicit Editeur(QWidget* parent);
-    // Montre un texte 1252 (lignes CR LF) en lecture seule, sous un titre.
+
+    // Montre un texte 1252 (lignes CR LF) en lecture seule, sous un titre : le journal de lecture.
     void Montrer(const QString& titre, std::string_view texte);
     QString Texte() const { return texte_->toPlainText(); }
 
+    // OuvrirNote : type 1 une note, 2 une source ; numéro -1 la note du fichier, sans
+    // BoutonLiens ni BoutonOuvrir. Un autre type est refusé par un message. La base et
+    // le Dialogue doivent vivre tant que l'éditeur est ouvert.
+    bool OuvrirNote(Base& base, std::int32_t numero, int type, bool avecBoutons, Dialogue& dialogue);
+    // Le texte d'un champ de note ou de source ; un champ qui porte un lien ouvre sa note.
+    bool OuvrirChamp(Base& base, const ChampLien& champ, Dialogue& dialogue);
+
 private:
+    enum class Mode { Journal, Externe, Champ };
+
+    void Preparer(Mode mode, Base* base, Dialogue* dialogue);
+    void ChargerNote(std::int32_t numero);
+    void BoutonOK();
+    void BoutonOuvrir();
+    void BoutonEnreg();
+    void NumNoteChange();
+
+    QLineEdit* titre_;
     QPlainTextEdit* texte_;
+    QLineEdit* numNote_;
+    QLabel* labelNS_;
+    QLabel* labelTitre_;
+    QPushButton* ok_;
+    QPushButton* annuler_;
+    QPushButton* ouvrir_;
+    QPushButton* enreg_;
+    QPushButton* liens_;
+
+    Mode mode_ = Mode::Journal;
+    Base* base_ = nullptr;
+    Dialogue* dialogue_ = nullptr;
+    char genre_ = 'N';
+    std::int32_t numero_ = 0;
+    ChampLien champ_;
 };
 
 }  // namespace arbolix

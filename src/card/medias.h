@@ -1,0 +1,83 @@
+// Fichiers liés et objets médias d'une personne : liste de la fiche, ajout, retrait, ouverture.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/dialogue.h"
+#include "store/base.h"
+
+namespace arbolix {
+
+// Extensions des images, sans casse, entre ";" (le "0" de tête n'en est pas une).
+inline constexpr std::string_view kExtensionsImages = "0;png;jpg;jpeg;gif;bmp;webp;";
+
+// Vrai quand l'extension du chemin est dans la liste.
+bool EstImage(std::string_view chemin, std::string_view extensions = kExtensionsImages);
+
+// Une ligne de ListeDivers : le chemin puis " P" et le rang du fichier de la personne,
+// ou " M" et le numéro de l'objet média, sur six chiffres.
+struct LigneDivers {
+    std::string texte;
+    char genre = 'P';
+    std::int32_t numero = 0;
+    std::string chemin;
+};
+
+// Les fichiers de la personne (rangs 1 à 9), puis ceux de chacun de ses objets médias.
+std::vector<LigneDivers> LignesDivers(const Base& base, std::int32_t p);
+// Le genre, le numéro et le chemin d'une ligne de la liste ; vide si la fin n'a pas cette forme.
+std::optional<LigneDivers> LireLigneDivers(std::string_view ligne);
+
+// Lien entre la personne p (acte 0) ou l'un de ses évènements (1..4) et l'objet m,
+// avec le retour de lien de l'objet. Faux quand les neuf places de la personne sont prises.
+bool LierMedia(Base& base, std::int32_t p, int acte, std::int32_t m);
+void DelierMedia(Base& base, std::int32_t p, int acte, std::int32_t m);
+
+// Nouvel objet média partagé au-dessus du plus haut numéro, portant chemin en Fichiers(1).
+std::int32_t NouvelObjetMedia(Base& base, std::string_view chemin);
+
+// Le chemin prend le premier rang libre de Fichiers ; plein, un message le refuse.
+bool AjouterFichier(Base& base, std::int32_t p, std::string_view chemin, Dialogue& dialogue);
+// BoutonAjouterDivers : choix du fichier depuis le dossier du dernier fichier lié ou
+// celui des images, puis AjouterFichier. Rend le chemin ajouté.
+std::optional<std::string> AjouterFichierChoisi(Base& base, std::int32_t p, std::string_view dernierFichier,
+                                                std::string_view dossierImages, Dialogue& dialogue);
+
+// MenuSupprLienImage : un fichier de la personne quitte son rang et les suivants
+// remontent ; un objet média perd le lien de la personne, puis la question de
+// l'objet sans lien est posée quand un Dialogue est donné.
+void SupprimerLienDivers(Base& base, std::int32_t p, const LigneDivers& ligne, Dialogue* dialogue);
+// MenuModifLienImage : le nouveau chemin remplace l'ancien (dans l'objet, au rang qui le porte).
+void ModifierLienDivers(Base& base, std::int32_t p, const LigneDivers& ligne, std::string_view nouveau);
+
+// Où chercher un fichier qui n'est plus à son chemin : dossier des images, puis
+// dossier du fichier GEDCOM ("/" final ou non).
+struct LieuxFichiers {
+    std::string dossierImages;
+    std::string dossierGedcom;
+};
+
+// Le chemin tel quel s'il existe ; sinon, relatif, sous chacun des dossiers ; sinon
+// son seul nom de fichier sous chacun d'eux.
+std::optional<std::string> TrouverFichier(std::string_view chemin, const LieuxFichiers& lieux);
+
+enum class Ouverture { Ouvert, PasUneImage, Introuvable, SupprimerLien };
+struct ResultatOuverture {
+    Ouverture etat = Ouverture::Introuvable;
+    std::string chemin;  // le chemin trouvé
+};
+
+// OuvrirFichier : mode 1 ouvre dans le programme par défaut, mode 3 rend le chemin
+// d'une image à montrer. Un fichier introuvable fait demander s'il faut supprimer le lien.
+ResultatOuverture OuvrirFichier(std::string_view chemin, int mode, const LieuxFichiers& lieux,
+                                Dialogue& dialogue);
+
+// La première image trouvée de la liste de la personne, pour Photo.
+std::optional<std::string> PhotoDePersonne(const Base& base, std::int32_t p, const LieuxFichiers& lieux,
+                                           std::string_view extensions = kExtensionsImages);
+
+}  // namespace arbolix

@@ -1,0 +1,82 @@
+// Notes et sources externes (@N12@, @S12@) : création, liens et retours de liens, suppression, édition.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/dialogue.h"
+#include "store/base.h"
+
+namespace arbolix {
+
+// Un champ qui peut porter un lien. Une personne : sa note (acte 0), puis la note
+// et la source de ses évènements 1 naissance, 2 baptême, 3 décès, 4 sépulture.
+// Une famille : la note et la source de 1 contrat, 2 mariage, 3 divorce.
+struct ChampLien {
+    bool famille = false;
+    std::int32_t numero = 0;  // personne ou famille
+    int acte = 0;
+    bool source = false;  // le champ Source de l'évènement, qui porte un lien @S..@
+};
+
+// 'N' pour un champ de note, 'S' pour un champ de source.
+inline char GenreDuChamp(const ChampLien& c) { return c.source ? 'S' : 'N'; }
+
+// L'évènement n (1..4 pour une personne, 1..3 pour une famille), nul hors bornes.
+Acte* ActeDe(Perso& p, int n);
+Acte* ActeDe(Fami& f, int n);
+const Acte* ActeDe(const Perso& p, int n);
+const Acte* ActeDe(const Fami& f, int n);
+constexpr int kActesPerso = 4;
+constexpr int kActesFami = 3;
+
+// Le texte du champ ; un champ qui n'existe pas (note de famille, source de personne) lève out_of_range.
+const Texte& TexteDuChamp(const Base& base, const ChampLien& c);
+
+// Notes ('N') ou sources ('S').
+Tableau<NoteExt>& NotesDuGenre(Base& base, char genre);
+const Tableau<NoteExt>& NotesDuGenre(const Base& base, char genre);
+
+// Remplace le texte d'un champ en tenant les retours de liens : l'ancien lien perd
+// sa place, le nouveau en prend une. Une note ou source qui n'a plus de lien fait
+// poser la question de SupprimerOrpheline quand un Dialogue est donné.
+void ChangerChamp(Base& base, const ChampLien& c, std::string_view texte, Dialogue* dialogue);
+
+// Nouvelle note ou source au-dessus du plus haut numéro, sélectionnée (elle sera écrite).
+std::int32_t NouvelleNote(Base& base, char genre);
+
+// Une note ('N'), source ('S') ou objet média ('M') sans aucun lien : demande s'il
+// faut la supprimer ; Oui l'efface. Rend vrai quand elle a été effacée.
+bool SupprimerOrpheline(Base& base, char genre, std::int32_t numero, Dialogue& dialogue);
+
+// Le bouton OK de l'éditeur sur la note ou source numero (-1 : la note du fichier).
+// Un titre qui nomme un fichier texte existant fait lire ce fichier dans le texte,
+// coupé en lignes de 75 caractères, 9 lignes au plus. Sel suit la personne affichée.
+void ModifierNote(Base& base, char genre, std::int32_t numero, std::string_view titre, std::string_view texte);
+
+// Coupe un texte en lignes d'au plus largeur caractères aux blancs (CR LF entre
+// les lignes), maxLignes lignes au plus. Un mot plus long que la ligne est coupé.
+std::string CouperLignes(std::string_view texte, std::size_t largeur, std::size_t maxLignes);
+
+// Lecture et écriture d'un fichier texte, octets tels quels ; vide si impossible.
+std::optional<std::string> LireFichierTexte(const std::string& chemin);
+bool EcrireFichierTexte(const std::string& chemin, std::string_view texte);
+
+// Lignes du choix d'une note (ou source) : "  Ajouter... N000000", puis les 150
+// premiers caractères du titre (du texte à défaut), " N" et six chiffres.
+// Les fiches effacées (sans titre ni texte) ne sont pas proposées.
+std::vector<std::string> LignesChoixNotes(const Base& base, char genre);
+
+// Retours de liens refaits en parcourant les champs de toutes les personnes et
+// familles : ceux des notes et sources, et les personnes des objets médias.
+// Chaque lien prend la première place libre ; au-delà de neuf, le lien reste sans retour.
+void ReconstruireLiens(Base& base);
+
+// Pour l'objet média m, la personne p (ou la famille) prend ou rend sa place selon
+// qu'elle le cite encore. Interne aux liens médias, exposé pour eux.
+void AccorderRetour(Base& base, char genre, std::int32_t numero, bool famille, std::int32_t qui);
+
+}  // namespace arbolix
