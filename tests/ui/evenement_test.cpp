@@ -1,6 +1,7 @@
 // Essais de la fenêtre Evenement sans écran (offscreen) : saisie de la date, témoins, annulation.
 #include "ui/evenement.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -79,9 +80,16 @@ private slots:
         FenetreEvenement f(base, o, d, Services());
         QVERIFY(f.OuvrirActe('N', 1, 0, "Naissance de Jean DUPONT"));
         f.show();
+        f.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&f));
         auto* date = Controle<QLineEdit>(f, "Date");
         date->setFocus();
-        QTest::keyClicks(date, "12031750");
+        QTest::keyClicks(date, "1203175");
+        QCOMPARE(QApplication::focusWidget(), date);
+        // Le huitième chiffre passe au lieu, qui est vide.
+        QTest::keyClicks(date, "0");
+        QVERIFY(Controle<QComboBox>(f, "Lieu")->isAncestorOf(QApplication::focusWidget()) ||
+                QApplication::focusWidget() == Controle<QComboBox>(f, "Lieu"));
         // Quitter le champ met la date en forme et montre le jour.
         emit date->editingFinished();
         QCOMPARE(date->text(), QStringLiteral("12/03/1750"));
