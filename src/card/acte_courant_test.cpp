@@ -37,36 +37,6 @@ TEST(Temoins, EcrireRemplitDepuisUnEtVideLeReste) {
     EXPECT_TRUE(a.Liens().RolesTemoins.empty());
 }
 
-TEST(Temoins, LectureSArreteAuPremierVide) {
-    Acte a;
-    a.LiensModif().Temoins.Fixer(1, 5);
-    a.LiensModif().Temoins.Fixer(3, 6);
-    EXPECT_EQ(LireTemoins(a).size(), 1u);
-}
-
-TEST(GenreActe, ChampsParLettre) {
-    Base base;
-    base.NbPersos = 1;
-    base.NbFamis = 1;
-    EXPECT_EQ(ActeDuGenre(base, 'B', 1, 0), &base.Persos[1].Bapteme);
-    EXPECT_EQ(ActeDuGenre(base, 'C', 1, 1), &base.Familles[1].Contrat);
-    EXPECT_EQ(ActeDuGenre(base, 'X', 1, 1), &base.Familles[1].Divorce);
-    EXPECT_EQ(ActeDuGenre(base, 'Z', 1, 1), nullptr);
-    EXPECT_EQ(ActeDuGenre(base, 'M', 1, 0), nullptr);
-    EXPECT_EQ(TrouverGenre('S')->titre, "S\xE9pulture de ");
-    EXPECT_TRUE(AgeModifiable('X'));
-    EXPECT_FALSE(AgeModifiable('S'));
-}
-
-TEST(GenreActe, AgeAffiche) {
-    Acte naissance, deces;
-    Dater(naissance, "1700", 1700);
-    Dater(deces, "1780", 1780);
-    EXPECT_EQ(AgeAffiche('D', naissance, deces), "80");
-    EXPECT_EQ(AgeAffiche('N', naissance, deces), "");
-    EXPECT_EQ(AgeAffiche('D', Acte{}, deces), "");
-}
-
 TEST(EnregistrerActe, MariageReordonneLesUnionsDesDeuxConjoints) {
     Base base;
     base.NbPersos = 2;
