@@ -1,0 +1,236 @@
+#include "ui/evenement.h"
+
+#include <QKeyEvent>
+
+#include "card/acte_courant.h"
+#include "platform/qt_texte.h"
+#include "store/chaines.h"
+#include "ui_evenement.h"
+
+namespace arbolix {
+
+namespace {
+
+// Les notes gardent CR LF dans la base ; la case de texte veut des LF.
+QString VersCase(std::string_view texte) {
+    return VersQString(texte).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+std::string DepuisCase(const QString& texte) {
+    QString t = texte;
+    return DepuisQString(t.replace(QStringLiteral("\n"), QStringLiteral("\r\n")));
+}
+
+void Remplir(QComboBox& liste, const ListeChoix& valeurs, std::string_view texte) {
+    liste.clear();
+    for (const auto& v : valeurs.Triee()) liste.addItem(VersQString(v));
+    liste.setEditText(VersQString(texte));
+}
+
+// Une ligne d'objet média : son premier titre, à défaut son premier fichier, et son numéro.
+QString LigneMedia(const Base& base, std::int32_t m) {
+    const ObjetMedia& o = base.Medias[m];
+    const Texte& texte = o.Titres(1).empty() ? o.Fichiers(1) : o.Titres(1);
+    return VersQString(texte.str() + " M" + Zeros(m, 6));
+}
+
+constexpr int kRoleNumero = Qt::UserRole;
+
+}  // namespace
+
+FenetreEvenement::FenetreEvenement(Base& base, const Options& options, Dialogue& dialogue,
+                                   ServicesEvenement services, QWidget* parent)
+    : QDialog(parent),
+      ui_(std::make_unique<Ui::Evenement>()),
+      base_(base),
+      options_(options),
+      dialogue_(dialogue),
+      services_(std::move(services)) {
+    ui_->setupUi(this);
+    connect(ui_->BoutonOK, &QPushButton::clicked, this, &FenetreEvenement::BoutonOK);
+    connect(ui_->BoutonAnnuler, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ui_->BoutonAjouterTemoin, &QPushButton::clicked, this, &FenetreEvenement::BoutonAjouterTemoin);
+    connect(ui_->BoutonModifTemoin, &QPushButton::clicked, this, &FenetreEvenement::BoutonModifTemoin);
+    connect(ui_->BoutonEnleverTemoin, &QPushButton::clicked, this, &FenetreEvenement::BoutonEnleverTemoin);
+    connect(ui_->Temoins, &QListWidget::itemDoubleClicked, this, &FenetreEvenement::AllerAuTemoin);
+    connect(ui_->Date, &QLineEdit::textEdited, this, &FenetreEvenement::DateModifiee);
+    connect(ui_->Date, &QLineEdit::editingFinished, this, &FenetreEvenement::QuitterDate);
+    connect(ui_->Age, &QLineEdit::editingFinished, this, &FenetreEvenement::QuitterAge);
+    // Le bouton de recherche sur le web et la conversion républicaine ne sont pas encore là : rien ne les montre.
+}
+
+FenetreEvenement::~FenetreEvenement() = default;
+
+bool FenetreEvenement::OuvrirActe(char genre, std::int32_t p, std::int32_t f, const std::string& titre) {
+    const Acte* acte = ActeDuGenre(base_, genre, p, f);
+    if (!acte) return false;
+    base_.Chargement = kVrai;
+    genre_ = genre;
+    personne_ = p;
+    famille_ = f;
+    personneDemandee_ = 0;
+    base_.ActeCourant = *acte;
+    const Acte& a = base_.ActeCourant;
+    setWindowTitle(VersQString(titre));
+    ui_->LabelDate->setText(VersQString(titre));
+    ui_->Date->setText(VersQString(a.Date.vue()));
+    dateTapee_ = false;
+    Remplir(*ui_->Lieu, base_.Listes.Lieu, a.Lieu.vue());
+    ui_->Notes->setPlainText(VersCase(a.Notes.vue()));
+    Remplir(*ui_->Source, base_.Listes.Source, a.Source.vue());
+    ui_->Notes->setToolTip(Comme(a.Notes.vue(), "@*@") ? QStringLiteral("Double-clic ou Entrée pour aller à la note externe.")
+                                                       : QStringLiteral("Touche Espace pour ajouter une note externe."));
+    ui_->Source->setToolTip(Comme(a.Source.vue(), "@*@")
+                                ? QStringLiteral("Clic puis Entrée pour aller à la source externe.")
+                                : QStringLiteral("Touche Espace pour ajouter une source externe."));
+    ui_->Temoins->clear();
+    for (const auto& t : LireTemoins(a))
+        AjouterLigneTemoin(LigneTemoin(services_.ligneCourte ? services_.ligneCourte(t.numero) : "", t.role, t.numero));
+    // Pour un baptême le cadre montre les parrains.
+    ui_->CadreTemoins->setTitle(genre == 'B' ? QStringLiteral("&Parrain et marraine") : QStringLiteral("&Témoin"));
+    ui_->Medias->clear();
+    for (const auto& [rang, m] : a.Liens().Medias)
+        if (m > 0 && m <= base_.Medias.Haut()) ui_->Medias->addItem(LigneMedia(base_, m));
+    ui_->LabelMedias->setVisible(ui_->Medias->count() > 0);
+    ui_->Medias->setVisible(ui_->Medias->count() > 0);
+    const Acte& naissance = base_.Persos[p].Naissance;
+    const bool ageVisible = genre != 'N' && naissance.Annee != 0;
+    ui_->Age->setVisible(ageVisible);
+    ui_->LabelAge->setVisible(ageVisible);
+    ui_->Age->setEnabled(AgeModifiable(genre));
+    ui_->Age->setText(VersQString(AgeAffiche(genre, naissance, a)));
+    ui_->Date->setFocus();
+    base_.Chargement = kFaux;
+    return true;
+}
+
+ContexteSaisie FenetreEvenement::Contexte() const {
+    ContexteSaisie ctx;
+    ctx.genre = genre_;
+    ctx.naissance = &std::as_const(base_.Persos)[personne_].Naissance;
+    ctx.numCourant = personne_;
+    ctx.nbFamis = base_.NbFamis;
+    ctx.convCalRep = options_.OptConvCalRep;
+    ctx.ageMaxiDeces = options_.AgeMaxiDeces;
+    return ctx;
+}
+
+ChampsDate FenetreEvenement::LireChamps() const {
+    return {DepuisQString(ui_->Date->text()), DepuisCase(ui_->Notes->toPlainText()), DepuisQString(ui_->Age->text()),
+            DepuisQString(ui_->LabelDate->text())};
+}
+
+void FenetreEvenement::MontrerChamps(const ChampsDate& champs) {
+    ui_->Date->setText(VersQString(champs.Date));
+    ui_->Notes->setPlainText(VersCase(champs.Notes));
+    ui_->Age->setText(VersQString(champs.Age));
+    ui_->LabelDate->setText(VersQString(champs.LabelDate));
+}
+
+void FenetreEvenement::DateModifiee(const QString& texte) {
+    if (base_.Chargement) return;
+    dateTapee_ = true;
+    // Huit chiffres tapés : la date est complète, on passe au lieu.
+    if (ui_->Lieu->currentText().isEmpty() && DateSaisieComplete(DepuisQString(texte)) && isVisible())
+        ui_->Lieu->setFocus();
+}
+
+void FenetreEvenement::QuitterDate() {
+    if (base_.Chargement || !dateTapee_ || ui_->Date->text().isEmpty()) return;
+    ChampsDate champs = LireChamps();
+    arbolix::QuitterDate(champs, base_.ActeCourant, Contexte());
+    MontrerChamps(champs);
+    dateTapee_ = false;
+}
+
+void FenetreEvenement::QuitterAge() {
+    if (base_.Chargement || ui_->Age->text().isEmpty()) return;
+    ChampsDate champs = LireChamps();
+    const bool avant = champs.Date.empty();
+    arbolix::QuitterAge(champs, Contexte(), ui_->Age->isEnabled());
+    if (avant && !champs.Date.empty()) {
+        MontrerChamps(champs);
+        dateTapee_ = true;
+    }
+}
+
+void FenetreEvenement::AjouterLigneTemoin(const std::string& ligne) {
+    auto* item = new QListWidgetItem(VersQString(ligne), ui_->Temoins);
+    item->setData(kRoleNumero, TemoinDeLigne(ligne).numero);
+}
+
+void FenetreEvenement::BoutonAjouterTemoin() {
+    if (ui_->Date->text().isEmpty()) {
+        dialogue_.Message("Impossible d'ajouter un t\xE9moin",
+                          "L'acte doit avoir une date et un lieu pour ajouter des t\xE9moins.", Icone::Attention);
+        return;
+    }
+    // 21 emplacements dont le 0 : le vingtième témoin est le dernier, sans message.
+    if (ui_->Temoins->count() >= kMaxTemoins || !services_.choisir) return;
+    const auto liste =
+        CandidatsTemoin(base_, options_, DepuisQString(ui_->Date->text()), services_.ligneCourte);
+    const auto choix = services_.choisir(liste);
+    if (!choix || NumeroDeLigne(*choix) <= 0) return;
+    AjouterLigneTemoin(LigneTemoinChoisi(*choix));
+    ui_->Temoins->setCurrentRow(ui_->Temoins->count() - 1);
+    BoutonModifTemoin();
+}
+
+void FenetreEvenement::BoutonModifTemoin() {
+    QListWidgetItem* item = ui_->Temoins->currentItem();
+    if (!item) return;
+    const std::string ligne = DepuisQString(item->text());
+    const Temoin t = TemoinDeLigne(ligne);
+    const auto role = dialogue_.Saisie(DepuisQString(windowTitle()),
+                                       "Entrez l'intitul\xE9 de la relation entre le t\xE9moin et le sujet de l'acte :",
+                                       t.role);
+    if (!role || role->empty()) return;
+    // La personne est ce qui précède " : " ; seul le rôle change.
+    const std::string personne = ligne.substr(0, ligne.find(" : "));
+    item->setText(VersQString(LigneTemoin(personne, *role, t.numero)));
+}
+
+void FenetreEvenement::BoutonEnleverTemoin() {
+    delete ui_->Temoins->currentItem();
+}
+
+void FenetreEvenement::AllerAuTemoin() {
+    QListWidgetItem* item = ui_->Temoins->currentItem();
+    if (!item) return;
+    personneDemandee_ = item->data(kRoleNumero).toInt();
+    reject();
+}
+
+void FenetreEvenement::BoutonOK() {
+    ChampsDate champs = LireChamps();
+    Acte& a = base_.ActeCourant;
+    ValiderDate(champs, a, Contexte(), dateTapee_ && !champs.Date.empty());
+    MontrerChamps(champs);
+    dateTapee_ = false;
+    a.Lieu = DepuisQString(ui_->Lieu->currentText());
+    a.Notes = champs.Notes;
+    a.Source = DepuisQString(ui_->Source->currentText());
+    base_.Listes.Lieu.Ajouter(a.Lieu.vue());
+    base_.Listes.Source.Ajouter(a.Source.vue());
+    std::vector<Temoin> temoins;
+    for (int i = 0; i < ui_->Temoins->count(); ++i) temoins.push_back(TemoinDeLigne(DepuisQString(ui_->Temoins->item(i)->text())));
+    EcrireTemoins(a, temoins);
+    // La vérification de cohérence de la date viendra ici, avec les règles de cohérence.
+    EnregistrerActe(base_, genre_, personne_, famille_, champs.Age, services_.maintenant ? services_.maintenant() : 0);
+    accept();
+}
+
+void FenetreEvenement::keyPressEvent(QKeyEvent* evenement) {
+    const bool entree = evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter;
+    if (!entree) {
+        QDialog::keyPressEvent(evenement);
+        return;
+    }
+    // Entrée vaut Tab, sauf sur OK et dans les notes.
+    QWidget* actif = focusWidget();
+    if (actif == ui_->BoutonOK)
+        BoutonOK();
+    else if (actif != ui_->Notes)
+        focusNextChild();
+}
+
+}  // namespace arbolix
