@@ -92,12 +92,15 @@ void SupprimerUnion(Base& base, std::int32_t f, std::int32_t p, Dialogue* dialog
         for (int i = 1; i <= kMaxLiens; ++i)
             if (liens(i) == f) liens.Fixer(i, 0);
     };
-    for (std::int32_t n = 1; n <= base.NbNotes; ++n)
+    base.Notes.PourChaqueEcrit(1, base.NbNotes, [&](std::int32_t n) {
         if (!std::as_const(base.Notes)[n].LiensFamis.empty()) detacher(base.Notes[n].LiensFamis);
-    for (std::int32_t n = 1; n <= base.NbSources; ++n)
+    });
+    base.Sources.PourChaqueEcrit(1, base.NbSources, [&](std::int32_t n) {
         if (!std::as_const(base.Sources)[n].LiensFamis.empty()) detacher(base.Sources[n].LiensFamis);
-    for (std::int32_t n = 1; n <= base.NbMedias; ++n)
+    });
+    base.Medias.PourChaqueEcrit(1, base.NbMedias, [&](std::int32_t n) {
         if (!std::as_const(base.Medias)[n].LiensFamis.empty()) detacher(base.Medias[n].LiensFamis);
+    });
     fa = Fami{};
     --base.NbFamisReels;
     if (f == base.NbFamis) --base.NbFamis;

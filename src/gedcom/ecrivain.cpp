@@ -123,9 +123,10 @@ void EcrivainGedcom::Vider(bool toujours) {
 
 bool EcrivainGedcom::EcrireGedcom() {
     // Sans flux tout reste en mémoire : une estimation évite les recopies d'un tampon qui double.
+    // Elle suit les fiches réelles : un numéro isolé très haut ne doit pas réserver des gigaoctets.
     tampon_.reserve(flux_ ? kBloc + kBloc / 4
-                          : 4096 + 128 * static_cast<std::size_t>(std::max(base_.NbPersos, 0)) +
-                                64 * static_cast<std::size_t>(std::max(base_.NbFamis, 0)));
+                          : 4096 + 128 * static_cast<std::size_t>(std::max(base_.NbPersosReels, 0)) +
+                                64 * static_cast<std::size_t>(std::max(base_.NbFamisReels, 0)));
     Ajouter(ctx_.entete);
     Ligne("1 DATE ", DateGedcom(ctx_.aujourdhui.empty() ? DateDuJour() : ctx_.aujourdhui, cases_.Dates));
     const Texte& noteFichier = Fiche(base_.Notes, -1).Texte;

@@ -568,3 +568,24 @@ TEST(Ecrivain, PertesAnnonceesALaRelecture) {
 
 }  // namespace
 }  // namespace arbolix
+
+namespace arbolix {
+namespace {
+
+// Trouvé par le fuzzing : l'écriture en mémoire réservait d'après le plus grand numéro,
+// soit des gigaoctets pour une seule personne au numéro démesuré.
+TEST(Ecrivain, NumeroDemesureNeReservePasLaMemoire) {
+    Base base;
+    Options options;
+    OptionsGedcom cases;
+    Progression muette;
+    ContexteLecture lecture{options, cases, muette};
+    ASSERT_TRUE(LireGedcomTexte(base, lecture, "0 HEAD\r\n0 @I99999990@ INDI\r\n1 NAME A /B/\r\n0 TRLR\r\n").Lu);
+    const ContexteEcriture ecriture{cases, EnteteArbolix(), "01/01/2000"};
+    const std::string texte = EcrireGedcomTexte(base, ecriture);
+    EXPECT_NE(texte.find("0 @I99999990@ INDI\r\n1 NAME A /B/"), std::string::npos);
+    EXPECT_LT(texte.capacity(), 100'000'000u);
+}
+
+}  // namespace
+}  // namespace arbolix

@@ -14,6 +14,14 @@ void SansFinDeLigneDeTete(Texte& t) {
     if (t.vue().substr(0, 2) == "\r\n") t = t.vue().substr(2);
 }
 
+// Les notes ou sources d'un tableau, en ne touchant que celles qui commencent par une fin de ligne :
+// une page jamais écrite ne prend pas de mémoire.
+void SansFinDeLigneDeTete(Tableau<NoteExt>& t, std::int32_t nombre) {
+    t.PourChaqueEcrit(0, nombre, [&](std::int32_t n) {
+        if (std::as_const(t)[n].Texte.vue().substr(0, 2) == "\r\n") SansFinDeLigneDeTete(t[n].Texte);
+    });
+}
+
 // Un code postal de cinq chiffres en tête d'Adresse2 part dans CP, le reste dans Ville.
 void RangerVille(PersoSuite& s) {
     const std::string_view a2 = s.Adresse2;
@@ -44,8 +52,8 @@ bool AUneDonnee(const Perso& p) {
 void LecteurGedcom::Nettoyer() {
     Base& b = base_;
     const Options& o = contexte_.options;
-    for (std::int32_t n = 0; n <= b.NbNotes; ++n) SansFinDeLigneDeTete(b.Notes[n].Texte);
-    for (std::int32_t n = 0; n <= b.NbSources; ++n) SansFinDeLigneDeTete(b.Sources[n].Texte);
+    SansFinDeLigneDeTete(b.Notes, b.NbNotes);
+    SansFinDeLigneDeTete(b.Sources, b.NbSources);
     const std::string& defaut = o.NomPrenomParDefaut;
     for (std::int32_t n = 1; n <= b.NbPersos; ++n) {
         if (n % 100 == 0) {
@@ -84,6 +92,10 @@ void LecteurGedcom::Nettoyer() {
         if (p.Unions[2] > 0) TrierUnions(b, n);
     }
     for (std::int32_t f = 1; f <= b.NbFamis; ++f) {
+        if (b.Familles.PageVierge(f)) {
+            f = b.Familles.FinDePage(f);
+            continue;
+        }
         Fami& fa = b.Familles[f];
         if (!fa.Enfants.empty()) TrierEnfants(b, f);
         SansFinDeLigneDeTete(fa.Mariage.Notes);
@@ -111,6 +123,7 @@ void LecteurGedcom::NormaliserCasse() {
         for (Acte* a : {&p.Naissance, &p.Bapteme, &p.Deces, &p.Sepulture}) casse(a->Lieu, 3);
     }
     for (std::int32_t f = 1; f <= b.NbFamis; ++f) {
+        if (b.Familles.PageVierge(f)) continue;
         Fami& fa = b.Familles[f];
         for (Acte* a : {&fa.Contrat, &fa.Mariage, &fa.Divorce}) casse(a->Lieu, 3);
     }

@@ -58,3 +58,20 @@ TEST(Nettoyage, AvecRenumerotationLesFichesVidesRestentVides) {
 
 }  // namespace
 }  // namespace arbolix
+
+namespace arbolix {
+namespace {
+
+// Trouvé par le fuzzing : le nettoyage touchait chaque note jusqu'au plus grand numéro,
+// et prenait la mémoire de cent millions de fiches vides.
+TEST(Nettoyage, NoteAuNumeroDemesureNePrendPasDeMemoire) {
+    essai::Lecture l;
+    l.cases.OptNettoie = true;
+    l.Lire("0 @I1@ INDI|1 NAME A /B/|0 @N99999990@ NOTE|1 CONC |2 CONT texte");
+    EXPECT_EQ(l.base.NbNotes, 99999990);
+    EXPECT_EQ(std::as_const(l.base.Notes)[99999990].Texte, " \r\ntexte");
+    EXPECT_LE(l.base.Notes.FichesEnMemoire(), 2u * 1024u);
+}
+
+}  // namespace
+}  // namespace arbolix

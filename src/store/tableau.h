@@ -1,6 +1,7 @@
 // Tableau à borne basse (-1 ou 0) et borne haute logique, qui ne prend de mémoire que pour ce qu'on écrit.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <stdexcept>
@@ -61,6 +62,19 @@ public:
     // Dernier numéro de la page de i : les parcours sautent une page vierge d'un coup.
     std::int32_t FinDePage(std::int32_t i) const {
         return bas_ + static_cast<std::int32_t>((Page(i) + 1) * kTaillePage) - 1;
+    }
+
+    // Appelle action(n) pour chaque numéro de de à a dont la page a été écrite :
+    // les parcours sautent les grands trous d'un fichier aux numéros épars.
+    template <typename Action>
+    void PourChaqueEcrit(std::int32_t de, std::int32_t a, Action&& action) const {
+        for (std::int32_t n = std::max(de, bas_); n <= std::min(a, haut_); ++n) {
+            if (PageVierge(n)) {
+                n = FinDePage(n);
+                continue;
+            }
+            action(n);
+        }
     }
 
     // Mémoire réellement prise, en fiches.

@@ -18,8 +18,7 @@ std::string LireEtEcrire(const std::string& texte, OptionsGedcom cases) {
     Progression muette;
     ContexteLecture lecture{options, cases, muette};
     if (!LireGedcomTexte(base, lecture, texte).Lu) __builtin_trap();
-    ContexteEcriture ecriture{cases};
-    ecriture.aujourdhui = "01/01/2000";
+    const ContexteEcriture ecriture{cases, EnteteArbolix(), "01/01/2000"};
     return EcrireGedcomTexte(base, ecriture);
 }
 
