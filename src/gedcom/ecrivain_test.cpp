@@ -581,6 +581,7 @@ TEST(Ecrivain, NumeroDemesureNeReservePasLaMemoire) {
     Progression muette;
     ContexteLecture lecture{options, cases, muette};
     ASSERT_TRUE(LireGedcomTexte(base, lecture, "0 HEAD\r\n0 @I99999990@ INDI\r\n1 NAME A /B/\r\n0 TRLR\r\n").Lu);
+    ToutSelectionner(base);  // comme après toute ouverture
     const ContexteEcriture ecriture{cases, EnteteArbolix(), "01/01/2000"};
     const std::string texte = EcrireGedcomTexte(base, ecriture);
     EXPECT_NE(texte.find("0 @I99999990@ INDI\r\n1 NAME A /B/"), std::string::npos);

@@ -6,6 +6,7 @@
 
 #include "gedcom/ecrivain.h"
 #include "gedcom/lecteur.h"
+#include "lists/selection.h"
 #include "platform/progression.h"
 
 using namespace arbolix;
@@ -18,6 +19,7 @@ std::string LireEtEcrire(const std::string& texte, OptionsGedcom cases) {
     Progression muette;
     ContexteLecture lecture{options, cases, muette};
     if (!LireGedcomTexte(base, lecture, texte).Lu) __builtin_trap();
+    ToutSelectionner(base);  // comme après toute ouverture
     const ContexteEcriture ecriture{cases, EnteteArbolix(), "01/01/2000"};
     return EcrireGedcomTexte(base, ecriture);
 }
