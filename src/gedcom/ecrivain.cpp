@@ -209,7 +209,7 @@ void EcrivainGedcom::EcrirePersonne(std::int32_t n) {
     if (p.Interet & 2) Ligne("1 DESI @SUB1@");
     for (int i = 1; i <= kMaxUnions; ++i) {
         const std::int32_t u = p.Unions[i];
-        if (u > 0 && F(u).Sel != 0) Ligne("1 FAMS @F", u, "@");
+        if (u > 0 && FamilleEcrite(u)) Ligne("1 FAMS @F", u, "@");
     }
     EcrireParents(p);
     if (cases_.Notes && !p.Notes.empty()) {
@@ -240,7 +240,8 @@ void EcrivainGedcom::EcrireParents(const Perso& p) {
     if (p.NumParents <= 0) return;
     const Fami& f = F(p.NumParents);
     if (f.Sel != 0) {
-        Ligne("1 FAMC @F", p.NumParents, "@");
+        // Jamais de pointeur vers une famille absente du fichier : il serait refusé à la relecture.
+        if (FamilleEcrite(p.NumParents)) Ligne("1 FAMC @F", p.NumParents, "@");
         return;
     }
     // Des parents hors de la sélection restent nommés en toutes lettres.
@@ -311,15 +312,22 @@ void EcrivainGedcom::EcrireActe(const Acte& a, std::string_view balise, std::int
     }
 }
 
-void EcrivainGedcom::EcrireFamille(std::int32_t n) {
+bool EcrivainGedcom::FamilleEcrite(std::int32_t n) const {
     const Fami& f = F(n);
+    if (f.Sel == 0) return false;
     int enfants = 0;
     for (const auto& [i, c] : f.Enfants) enfants += i >= 1 && c > 0;
     // Une famille sans conjoint nommé n'a de sens que par une fratrie.
-    if (P(f.Mari).Nom.empty() && P(f.Femme).Nom.empty() && enfants < 2) return;
+    return !(P(f.Mari).Nom.empty() && P(f.Femme).Nom.empty() && enfants < 2);
+}
+
+void EcrivainGedcom::EcrireFamille(std::int32_t n) {
+    const Fami& f = F(n);
+    if (!FamilleEcrite(n)) return;
     Ligne("0 @F", n, "@ FAM");
-    if (f.Mari > 0) Ligne("1 HUSB @I", f.Mari, "@");
-    if (f.Femme > 0) Ligne("1 WIFE @I", f.Femme, "@");
+    // Un conjoint hors du fichier écrit n'est pas nommé : pas de pointeur dans le vide.
+    if (f.Mari > 0 && P(f.Mari).Sel != 0) Ligne("1 HUSB @I", f.Mari, "@");
+    if (f.Femme > 0 && P(f.Femme).Sel != 0) Ligne("1 WIFE @I", f.Femme, "@");
     if (ActeRempli(f.Mariage)) EcrireActe(f.Mariage, "MARR", 0);
     if (ActeRempli(f.Contrat)) EcrireActe(f.Contrat, "MARC", 0);
     if (ActeRempli(f.Divorce)) EcrireActe(f.Divorce, "DIV", 0);

@@ -57,6 +57,8 @@ private:
     void EcrireParents(const Perso& p);
     void EcrireFichiersPersonne(const Perso& p);
     void EcrireFamille(std::int32_t f);
+    // Une famille est écrite quand elle est sélectionnée et a un conjoint nommé ou une fratrie.
+    bool FamilleEcrite(std::int32_t f) const;
     void EcrireNotes(const Tableau<NoteExt>& notes, std::int32_t nombre, char lettre,
                      std::string_view balise);
     void EcrireMedia(std::int32_t m);

@@ -49,7 +49,7 @@ void Texte::MettreLong(char* p, std::size_t n) noexcept {
 
 void Texte::Initialiser(std::string_view s) {
     if (s.size() <= kCourtMax) {
-        std::memcpy(b_, s.data(), s.size());
+        if (!s.empty()) std::memcpy(b_, s.data(), s.size());
         MettreCourt(s.size());
         return;
     }
@@ -84,7 +84,7 @@ Texte& Texte::operator=(Texte&& autre) noexcept {
 Texte& Texte::operator=(std::string_view s) {
     if (s.size() <= Capacite()) {  // memmove : s peut être une partie de nous-mêmes
         char* d = Long() ? Pointeur() : b_;
-        std::memmove(d, s.data(), s.size());
+        if (!s.empty()) std::memmove(d, s.data(), s.size());  // une vue vide peut n'avoir aucune adresse
         if (Long()) MettreLong(d, s.size()); else MettreCourt(s.size());
         return *this;
     }
@@ -95,6 +95,7 @@ Texte& Texte::operator=(std::string_view s) {
 Texte& Texte::operator+=(std::string_view s) {
     const std::size_t n = size();
     const std::size_t total = n + s.size();
+    if (s.empty()) return *this;
     if (total <= Capacite()) {
         char* d = Long() ? Pointeur() : b_;
         std::memmove(d + n, s.data(), s.size());
