@@ -244,13 +244,16 @@ void EcrivainGedcom::EcrireParents(const Perso& p) {
         if (FamilleEcrite(p.NumParents)) Ligne("1 FAMC @F", p.NumParents, "@");
         return;
     }
-    // Des parents hors de la sélection restent nommés en toutes lettres.
+    // Des parents hors de la sélection restent nommés en toutes lettres. Sans blanc final,
+    // que la relecture retirerait : la ligne se relit et se réécrit à l'identique.
     if (!cases_.Notes) return;
     const bool pere = f.Mari > 0, mere = f.Femme > 0;
     const Perso& m = P(f.Mari);
     const Perso& fe = P(f.Femme);
-    Ligne("1 NOTE enfant de ", m.Nom, pere ? " " : "", m.Prenoms, " ", pere && mere ? "et " : "", fe.Nom,
-          mere ? " " : "", fe.Prenoms);
+    std::string note = "enfant de " + m.Nom + (pere ? " " : "") + m.Prenoms + " " + (pere && mere ? "et " : "") +
+                       fe.Nom + (mere ? " " : "") + fe.Prenoms;
+    note.resize(SansBlancsDroite(note).size());
+    if (note != "enfant de") Ligne("1 NOTE ", note);
 }
 
 void EcrivainGedcom::EcrireFichiersPersonne(const Perso& p) {

@@ -244,11 +244,14 @@ TEST(Ecrivain, EnfantDeAvecUnSeulParentConnu) {
         return debut == std::string::npos ? std::string()
                                           : f.substr(debut, f.find("\r\n", debut) + 2 - debut);
     };
-    // Le blanc final reste : il est dans la règle, pas dans les données.
-    EXPECT_EQ(notes(), "1 NOTE enfant de Dupont Pierre \r\n");
+    // Pas de blanc final : la relecture l'ôterait et la note ne se réécrirait pas à l'identique.
+    EXPECT_EQ(notes(), "1 NOTE enfant de Dupont Pierre\r\n");
     b.Familles[1].Mari = 0;
     b.Familles[1].Femme = 3;
     EXPECT_EQ(notes(), "1 NOTE enfant de  Leroy Anne\r\n");
+    // Sans parent nommé, rien à dire.
+    b.Familles[1].Femme = 0;
+    EXPECT_EQ(notes(), "");
 }
 
 // Un évènement seul, écrit comme au milieu d'une personne.
