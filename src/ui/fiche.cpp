@@ -18,6 +18,7 @@
 #include <filesystem>
 
 #include "app/demarrage.h"
+#include "gedcom/enregistrement.h"
 #include "app/reglages.h"
 #include "card/fichiers_lies.h"
 #include "card/navigation.h"
@@ -57,7 +58,7 @@ constexpr IconeBarre kIcones[] = {
      "er un nouveau fichier...",
      QStyle::SP_FileIcon, &Fiche::MenuNouveau, nullptr},
     {2, "Ouvrir un fichier existant...", QStyle::SP_DialogOpenButton, &Fiche::MenuOuvrir, nullptr},
-    {3, "Enregistrer le fichier", QStyle::SP_DialogSaveButton, nullptr, nullptr},
+    {3, "Enregistrer le fichier", QStyle::SP_DialogSaveButton, &Fiche::MenuEnregistrer, &Ui::Fiche::MenuEnregistrer},
     {5, "Liste des personnes", QStyle::SP_FileDialogListView, &Fiche::MenuListePersos, nullptr},
     {6, "Liste des familles", QStyle::SP_DirHomeIcon, &Fiche::MenuListeFamis, &Ui::Fiche::MenuListeFamis},
     {7, "Liste des notes", QStyle::SP_FileDialogContentsView, &Fiche::MenuListeNotes, nullptr},
@@ -134,7 +135,9 @@ Fiche::Fiche(QWidget* parent)
     connect(ui_->ListeDivers, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* i) {
         OuvrirFichierLie(contenu_.Divers[static_cast<std::size_t>(ui_->ListeDivers->row(i))].bulle, false);
     });
+    connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
     connect(ui_->BarreMenu_0, &QMenu::aboutToShow, this, [this] {
+        ActualiserEnregistrer();
         if (ouvert_)
             ui_->MenuSelInfo->setText(
                 QString("%1 personnes et %2 familles").arg(base_.NbPersosReels).arg(base_.NbFamisReels));
@@ -162,6 +165,49 @@ bool Fiche::FichierOuvert() const {
 void Fiche::ActualiserTitre() {
     const std::string fichier = ouvert_ ? Utf8VersCp1252(gedcom_.Fichier) : std::string();
     setWindowTitle(VersQString(TitreFiche(fichier, base_.FichierModifie != 0)));
+    ActualiserEnregistrer();
+}
+
+// Enregistrer n'a de sens que pour un fichier ouvert et modifié.
+void Fiche::ActualiserEnregistrer() {
+    const bool actif = ouvert_ && base_.FichierModifie != 0;
+    ui_->MenuEnregistrer->setEnabled(actif);
+    if (auto* a = findChild<QAction*>("IcoCommande3")) a->setEnabled(actif);
+}
+
+void Fiche::MenuEnregistrer() { Enregistrer(); }
+
+bool Fiche::Enregistrer() {
+    if (!ouvert_) return false;
+    // Toute la base est sélectionnée tant que les commandes de sélection n'existent pas.
+    const ChoixEnregistrement choix = PreparerEnregistrement(base_, gedcom_, true, *dialogue_);
+    bool enregistre = false;
+    gedcomForm_->Preparer(ModeGedcom::Enregistrer, VersQString(messages_(409)), gedcom_, recents_,
+                          [this, &choix, &enregistre](Gedcom& g) {
+                              gedcom_ = g.Valeurs();
+                              if (gedcom_.Defaut) {
+                                  options_.FichierDefaut = gedcom_.Fichier;
+                                  EcrireIni(ini_, "Chemins", "Fichier", gedcom_.Fichier);
+                              }
+                              ContexteEnregistrement ctx{base_, gedcom_, options_, *dialogue_, &g, EnteteArbolix(), {}};
+                              const ResultatEnregistrement r = EnregistrerGedcom(ctx, choix);
+                              if (!r.Enregistre) {
+                                  dialogue_->Message(DepuisQString(g.windowTitle()), r.Erreur, Icone::Stop);
+                                  return false;
+                              }
+                              for (const auto& a : r.Avertissements)
+                                  dialogue_->Message(DepuisQString(g.windowTitle()), a, Icone::Attention);
+                              enregistre = true;
+                              return true;
+                          });
+    gedcomForm_->exec();
+    if (!enregistre) return false;
+    RetenirFichier();
+    ActualiserEnregistrer();
+    // Le titre dit que le fichier vient d'être enregistré, sous son nom peut-être nouveau.
+    if (base_.FichierModifie == 0)
+        setWindowTitle(VersQString(TitreEnregistre(TitreFiche(Utf8VersCp1252(gedcom_.Fichier), true))));
+    return true;
 }
 
 void Fiche::Vider(bool recharger) {
@@ -722,9 +768,8 @@ void Fiche::MenuOuvrir() {
 }
 
 bool Fiche::MenuFermer() {
-    // L'enregistrement n'existe pas encore dans cette version : refuser de
-    // fermer plutôt que de perdre les modifications.
-    if (!DemanderFermeture(base_, *dialogue_, [] { return false; })) return false;
+    // Oui enregistre ; un enregistrement annulé ou manqué laisse le fichier ouvert.
+    if (!DemanderFermeture(base_, *dialogue_, [this] { return Enregistrer(); })) return false;
     Vider(true);
     return true;
 }

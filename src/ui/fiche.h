@@ -60,6 +60,9 @@ public slots:
     void MenuNouveau();
     void MenuOuvrir();
     bool MenuFermer();
+    void MenuEnregistrer();
+    // Enregistre par le dialogue Gedcom ; faux si l'utilisateur annule ou si l'écriture échoue.
+    bool Enregistrer();
     void MenuQuitter();
     void MenuConfig();
     void AfficherFiche();
@@ -82,6 +85,7 @@ private:
     void ChargerTextes(const std::filesystem::path& dossier);
     void RetenirFichier();
     void ActualiserTitre();
+    void ActualiserEnregistrer();
     void OuvrirGedcom(ModeGedcom mode);
     void CreerFichierVide();
     std::int32_t PremierePersonne(std::int32_t proposee) const;

@@ -1,12 +1,16 @@
 // La fenêtre principale : ouvrir le fichier d'exemple, titre, fermeture avec modifications.
 #include <QLineEdit>
 #include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QTimer>
 #include <QtTest>
 
 #include "aides/dialogue_factice.h"
 #include "platform/progression.h"
 #include "platform/qt_texte.h"
 #include "ui/fiche.h"
+#include "ui/gedcom.h"
 
 using namespace arbolix;
 
@@ -51,6 +55,37 @@ private slots:
         QVERIFY(fiche.MenuFermer());
         QVERIFY(!fiche.FichierOuvert());
         QCOMPARE(fiche.windowTitle(), QString("Arbolix"));
+    }
+
+    void EnregistrerPuisRelireDonneLaMemeBase() {
+        Fiche fiche;
+        DialogueFactice d;
+        fiche.RemplacerDialogue(&d);
+        fiche.FormGedcom().RemplacerDialogue(&d);
+        fiche.Vider(false);
+        fiche.gedcom().Fichier = ARBOLIX_SHARE "/exemple.ged";
+        Progression muette;
+        QVERIFY(fiche.ChargerFichier(muette));
+        const std::int32_t personnes = fiche.base().NbPersosReels;
+        fiche.base().FichierModifie = kVrai;
+        const QString sortie = QDir::temp().filePath("arbolix-fiche-enregistree.ged");
+        QFile::remove(sortie);
+        fiche.gedcom().Fichier = sortie.toStdString();
+        // Le dialogue Gedcom est modal : OK est pressé dès qu'il s'ouvre.
+        QTimer::singleShot(0, &fiche.FormGedcom(), [&] { fiche.FormGedcom().BoutonOK(); });
+        QVERIFY(fiche.Enregistrer());
+        QVERIFY(d.messages.empty());
+        QCOMPARE(fiche.base().FichierModifie, kFaux);
+        QVERIFY(fiche.windowTitle().endsWith(QString::fromUtf8("(enregistré)")));
+        Base relue;
+        Options options;
+        OptionsGedcom cases;
+        cases.Fichier = sortie.toStdString();
+        ContexteLecture ctx{options, cases, muette};
+        QVERIFY(LireGedcom(relue, ctx).Lu);
+        QCOMPARE(relue.NbPersosReels, personnes);
+        QCOMPARE(VersQString(std::as_const(relue.Persos)[8].Prenoms), QString::fromUtf8("Élisabeth"));
+        QFile::remove(sortie);
     }
 
     void FichierIntrouvableLeDit() {
