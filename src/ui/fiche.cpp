@@ -18,6 +18,7 @@
 #include <filesystem>
 
 #include "app/demarrage.h"
+#include "card/acte_courant.h"
 #include "gedcom/enregistrement.h"
 #include "app/reglages.h"
 #include "card/fichiers_lies.h"
@@ -29,7 +30,9 @@
 #include "platform/ini.h"
 #include "platform/qt_texte.h"
 #include "store/chaines.h"
+#include "ui/choix_rangee.h"
 #include "ui/editeur.h"
+#include "ui/evenement.h"
 #include "ui/gedcom.h"
 #include "ui/inputmsgbox.h"
 #include "ui/options.h"
@@ -136,6 +139,12 @@ Fiche::Fiche(QWidget* parent)
         OuvrirFichierLie(contenu_.Divers[static_cast<std::size_t>(ui_->ListeDivers->row(i))].bulle, false);
     });
     connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
+    const std::pair<QPushButton*, char> boutonsActes[] = {{ui_->BoutonNaissance, 'N'}, {ui_->BoutonBapteme, 'B'},
+                                                          {ui_->BoutonDeces, 'D'},     {ui_->BoutonSepulture, 'S'},
+                                                          {ui_->ActeFami0, 'C'},       {ui_->ActeFami1, 'M'},
+                                                          {ui_->ActeFami2, 'X'}};
+    for (const auto& [bouton, genre] : boutonsActes)
+        connect(bouton, &QPushButton::clicked, this, [this, g = genre] { OuvrirEvenement(g); });
     connect(ui_->BarreMenu_0, &QMenu::aboutToShow, this, [this] {
         ActualiserEnregistrer();
         if (ouvert_)
@@ -176,6 +185,32 @@ void Fiche::ActualiserEnregistrer() {
 }
 
 void Fiche::MenuEnregistrer() { Enregistrer(); }
+
+// Un évènement de la personne (N B D S) ou de l'union choisie (C M X) dans l'éditeur d'évènement.
+void Fiche::OuvrirEvenement(char genre) {
+    const std::int32_t p = ui_->NumPerso->text().toInt();
+    if (!ouvert_ || p <= 0 || !PersonneExiste(base_, p)) return;
+    std::int32_t f = 0;
+    if (std::string_view("CMX").find(genre) != std::string_view::npos) {
+        const int rangee = std::max(ui_->Union->currentRow(), 0);
+        if (static_cast<std::size_t>(rangee) >= contenu_.Unions.size()) return;
+        f = LireQueue(contenu_.Unions[static_cast<std::size_t>(rangee)].texte).numero;
+        if (f <= 0) return;
+    }
+    ServicesEvenement services{[this](std::int32_t n) { return LigneCourte(base_, options_, n); },
+                               [this](const ListeCandidats& l) { return ChoisirRangee(this, l); },
+                               [] { return Maintenant(); }};
+    FenetreEvenement fenetre(base_, options_, *dialogue_, services, this);
+    const GenreActe* g = TrouverGenre(genre);
+    const Perso& pe = std::as_const(base_.Persos)[p];
+    const std::string titre = std::string(g ? g->titre : "") + " " + pe.Prenoms + " " + pe.Nom;
+    if (!fenetre.OuvrirActe(genre, p, f, titre)) return;
+    const int resultat = fenetre.exec();
+    if (resultat == QDialog::Accepted) base_.FichierModifie = kVrai;
+    AfficherFiche();
+    ActualiserTitre();
+    if (fenetre.PersonneDemandee() > 0) AllerA(fenetre.PersonneDemandee(), true);
+}
 
 bool Fiche::Enregistrer() {
     if (!ouvert_) return false;

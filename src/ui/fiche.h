@@ -61,6 +61,7 @@ public slots:
     void MenuOuvrir();
     bool MenuFermer();
     void MenuEnregistrer();
+    void OuvrirEvenement(char genre);
     // Enregistre par le dialogue Gedcom ; faux si l'utilisateur annule ou si l'écriture échoue.
     bool Enregistrer();
     void MenuQuitter();

@@ -1,7 +1,9 @@
 // La fenêtre principale : ouvrir le fichier d'exemple, titre, fermeture avec modifications.
 #include <QLineEdit>
 #include <QComboBox>
+#include <QApplication>
 #include <QDir>
+#include <QPushButton>
 #include <QFile>
 #include <QTimer>
 #include <QtTest>
@@ -86,6 +88,35 @@ private slots:
         QCOMPARE(relue.NbPersosReels, personnes);
         QCOMPARE(VersQString(std::as_const(relue.Persos)[8].Prenoms), QString::fromUtf8("Élisabeth"));
         QFile::remove(sortie);
+    }
+
+    void BoutonNaissanceOuvreLEvenementEtRangeLaDate() {
+        Fiche fiche;
+        DialogueFactice d;
+        fiche.RemplacerDialogue(&d);
+        fiche.Vider(false);
+        fiche.gedcom().Fichier = ARBOLIX_SHARE "/exemple.ged";
+        Progression muette;
+        QVERIFY(fiche.ChargerFichier(muette));
+        fiche.findChild<QLineEdit*>("NumPerso")->setText("2");
+        // La fenêtre d'évènement est modale : la date est tapée et OK pressé dès qu'elle s'ouvre.
+        QTimer::singleShot(0, [] {
+            QWidget* evenement = QApplication::activeModalWidget();
+            QVERIFY(evenement);
+            auto* date = evenement->findChild<QLineEdit*>("Date");
+            QVERIFY(date);
+            date->clear();
+            QTest::keyClicks(date, "12031750");
+            QTest::keyClick(date, Qt::Key_Tab);
+            QTest::mouseClick(evenement->findChild<QPushButton*>("BoutonOK"), Qt::LeftButton);
+        });
+        QTest::mouseClick(fiche.findChild<QPushButton*>("BoutonNaissance"), Qt::LeftButton);
+        const Acte& naissance = std::as_const(fiche.base().Persos)[2].Naissance;
+        QCOMPARE(VersQString(naissance.Date), QString("12/03/1750"));
+        QCOMPARE(VersQString(naissance.DateTri), QString("1750/03/12"));
+        QCOMPARE(naissance.Annee, std::int16_t{1750});
+        QCOMPARE(fiche.base().FichierModifie, kVrai);
+        QVERIFY(fiche.windowTitle().endsWith(QString::fromUtf8("(modifié)")));
     }
 
     void FichierIntrouvableLeDit() {

@@ -1,0 +1,15 @@
+// Choix modal d'une rangée dans une liste de candidats (témoin, parents...).
+#pragma once
+
+#include <QWidget>
+#include <optional>
+#include <string>
+
+#include "card/candidats.h"
+
+namespace arbolix {
+
+// Rend la rangée choisie telle quelle (avec sa queue " P000012"), ou rien si l'on renonce.
+std::optional<std::string> ChoisirRangee(QWidget* parent, const ListeCandidats& liste);
+
+}  // namespace arbolix
