@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <string>
 
+#include "card/notes.h"
 #include "gedcom/lecteur_gedcom.h"
 #include "platform/progression.h"
 #include "store/chaines.h"
@@ -67,6 +68,9 @@ void LecteurGedcom::ControlesApresLecture() {
     b.Persos[0].Unions[0] = 0;
     b.Familles[0].Enfants.Fixer(1, 0);
     CoderNoms();
+    // Les retours de liens des notes, sources et médias suivent exactement les textes de liens
+    // gardés dans les fiches (une ligne lue mais non gardée ne laisse pas de retour).
+    ReconstruireLiens(b);
 }
 
 }  // namespace arbolix

@@ -128,3 +128,26 @@ TEST(LectureCorpus, NomsEtLieuxConvertisDansLaPage1252) {
 
 }  // namespace
 }  // namespace arbolix
+
+#include "aides/invariant_liens.h"
+
+namespace arbolix {
+namespace {
+
+// Les retours de liens que fait la lecture sont ceux que demandent les textes de liens.
+TEST(LectureCorpus, RetoursDeLiensCoherentsApresLecture) {
+    const std::filesystem::path dossier = std::filesystem::path(ARBOLIX_CORPUS) / "gedcom";
+    if (!std::filesystem::is_directory(dossier)) GTEST_SKIP() << "corpus absent";
+    for (const auto& entree : std::filesystem::directory_iterator(dossier)) {
+        if (EnMinuscules(entree.path().extension().string()) != ".ged") continue;
+        std::ifstream f(entree.path(), std::ios::binary);
+        std::ostringstream o;
+        o << f.rdbuf();
+        essai::Lecture l;
+        l.LireTout(o.str());
+        EXPECT_EQ(essais::InvariantLiens(l.base).Ecarts(), "") << entree.path().filename();
+    }
+}
+
+}  // namespace
+}  // namespace arbolix

@@ -19,7 +19,8 @@ TEST(LectureFamille, FamilleLueAvantSesMembres) {
               "Mariage.Temoins=5,6(Parrain/Marraine); Divorce.Date=1760; Enfants=3,4; DateModif=4");
     EXPECT_EQ(l.P(1), "Nom=Dupont; Prenoms=Jean; Unions=1");
     EXPECT_EQ(l.P(3), "Nom=Dupont; Prenoms=Luc; NumParents=1");
-    EXPECT_EQ(l.N(1), "Texte=Note de famille; LiensFamis=1");
+    // La note du mariage n'est pas un lien à elle seule (elle porte aussi du texte) : pas de retour.
+    EXPECT_EQ(l.N(1), "Texte=Note de famille");
     EXPECT_EQ(l.S(1), "LiensFamis=1");
     EXPECT_EQ(l.M(1), "Fichiers=photo.jpg; Actif=-1; TypeActe=2");
     EXPECT_EQ(l.base.NbPersosReels, 7);

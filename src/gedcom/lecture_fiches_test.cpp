@@ -73,7 +73,9 @@ TEST(LectureFiches, LimitesDUnObjetMedia) {
     EXPECT_EQ(o.Titres.Nombre(), 9u);
     EXPECT_EQ(o.LiensPersos.Nombre(), 9u);
     EXPECT_EQ(o.LiensFamis.Nombre(), 9u);
-    EXPECT_EQ(o.LiensPersos(9), 9);
+    // Les retours suivent les ObjetsMedia des personnes : la personne 1, déjà pleine, n'y est pas.
+    EXPECT_EQ(o.LiensPersos(1), 2);
+    EXPECT_EQ(o.LiensPersos(9), 10);
     EXPECT_NE(l.Journal().find(" : impossible d'ajouter l'objet m\xE9"
                                "dia 10 \xE0 la personne 1 car il y a d\xE9j\xE0 9 "
                                "objets m\xE9"
