@@ -31,6 +31,7 @@
 #include "platform/qt_texte.h"
 #include "store/chaines.h"
 #include "ui/choix_rangee.h"
+#include "tools/import_medias.h"
 #include "ui/editeur.h"
 #include "ui/evenement.h"
 #include "ui/gedcom.h"
@@ -139,6 +140,8 @@ Fiche::Fiche(QWidget* parent)
         OuvrirFichierLie(contenu_.Divers[static_cast<std::size_t>(ui_->ListeDivers->row(i))].bulle, false);
     });
     connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
+    connect(ui_->MenuNotesFichier, &QAction::triggered, this, &Fiche::MenuNotesFichier);
+    connect(ui_->MenuImportFichiers, &QAction::triggered, this, [this] { MenuImportFichiers({}); });
     const std::pair<QPushButton*, char> boutonsActes[] = {{ui_->BoutonNaissance, 'N'}, {ui_->BoutonBapteme, 'B'},
                                                           {ui_->BoutonDeces, 'D'},     {ui_->BoutonSepulture, 'S'},
                                                           {ui_->ActeFami0, 'C'},       {ui_->ActeFami1, 'M'},
@@ -185,6 +188,30 @@ void Fiche::ActualiserEnregistrer() {
 }
 
 void Fiche::MenuEnregistrer() { Enregistrer(); }
+
+// La note du fichier lui-même, dans l'éditeur de notes.
+void Fiche::MenuNotesFichier() {
+    if (!ouvert_) return;
+    if (editeur_->OuvrirNote(base_, -1, 1, false, *dialogue_)) {
+        editeur_->exec();
+        ActualiserTitre();
+    }
+}
+
+// Des fichiers déposés (ou un dossier à choisir quand la liste est vide) deviennent objets médias ou personnes.
+void Fiche::MenuImportFichiers(const std::vector<std::string>& deposes) {
+    if (!ouvert_) return;
+    ImportFichiers demande;
+    demande.deposes = deposes;
+    demande.dossierDepart = options_.Chemin[2];
+    demande.derniereDate = derniereDateImport_;
+    demande.reutiliserLibres = gedcom_.OptRenum;
+    const ResultatImport r = arbolix::MenuImportFichiers(base_, demande, *dialogue_);
+    derniereDateImport_ = r.date;
+    if (r.crees > 0) base_.FichierModifie = kVrai;
+    AfficherFiche();
+    ActualiserTitre();
+}
 
 // Un évènement de la personne (N B D S) ou de l'union choisie (C M X) dans l'éditeur d'évènement.
 void Fiche::OuvrirEvenement(char genre) {
@@ -254,6 +281,8 @@ void Fiche::Vider(bool recharger) {
         if (auto* a = findChild<QAction*>(QString("IcoCommande%1").arg(i))) a->setEnabled(false);
     ui_->MenuEnregistrer->setEnabled(false);
     ui_->MenuFermer->setEnabled(false);
+    ui_->MenuNotesFichier->setEnabled(false);
+    ui_->MenuImportFichiers->setEnabled(false);
     ui_->BarreMenu_1->setEnabled(false);
     for (QAction* a : {ui_->MenuListePersos, ui_->MenuListeFamis, ui_->MenuListeNotes, ui_->MenuListeSources,
                        ui_->MenuListeFichiers, ui_->MenuFichesRecentes})
@@ -297,6 +326,8 @@ void Fiche::MettreEnPlaceFichier(std::int32_t premiere) {
         w->show();
     ui_->NumPerso->show();
     ui_->MenuFermer->setEnabled(true);
+    ui_->MenuNotesFichier->setEnabled(true);
+    ui_->MenuImportFichiers->setEnabled(true);
     // « Toute la base » : la case de la sélection ne se change pas sur la fiche.
     ui_->Sel->setEnabled(false);
     ui_->BarreMenu_1->setEnabled(true);
@@ -825,7 +856,8 @@ void Fiche::closeEvent(QCloseEvent* e) {
 
 void Fiche::dragEnterEvent(QDragEnterEvent* e) {
     const auto urls = e->mimeData()->urls();
-    if (!urls.isEmpty() && urls.first().toLocalFile().endsWith(".ged", Qt::CaseInsensitive)) {
+    // Un .ged s'ouvre ; d'autres fichiers s'importent dans un fichier ouvert.
+    if (!urls.isEmpty() && (ouvert_ || urls.first().toLocalFile().endsWith(".ged", Qt::CaseInsensitive))) {
         setCursor(Qt::DragCopyCursor);
         e->acceptProposedAction();
     }
@@ -836,8 +868,13 @@ void Fiche::dropEvent(QDropEvent* e) {
     const auto urls = e->mimeData()->urls();
     if (urls.isEmpty()) return;
     const QString chemin = urls.first().toLocalFile();
-    if (!chemin.endsWith(".ged", Qt::CaseInsensitive)) return;
     e->acceptProposedAction();
+    if (!chemin.endsWith(".ged", Qt::CaseInsensitive)) {
+        std::vector<std::string> deposes;
+        for (const QUrl& u : urls) deposes.push_back(u.toLocalFile().toStdString());
+        MenuImportFichiers(deposes);
+        return;
+    }
     if (ouvert_ && !MenuFermer()) return;
     gedcom_.Fichier = chemin.toStdString();
     MenuOuvrir();

@@ -62,6 +62,8 @@ public slots:
     bool MenuFermer();
     void MenuEnregistrer();
     void OuvrirEvenement(char genre);
+    void MenuNotesFichier();
+    void MenuImportFichiers(const std::vector<std::string>& deposes);
     // Enregistre par le dialogue Gedcom ; faux si l'utilisateur annule ou si l'écriture échoue.
     bool Enregistrer();
     void MenuQuitter();
@@ -136,6 +138,7 @@ private:
     int largeurPerso_ = 0;  // largeur de conception du cadre de la personne
     QFont policeConception_;
     bool ouvert_ = false;
+    std::string derniereDateImport_;
 };
 
 }  // namespace arbolix

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QApplication>
 #include <QDir>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QFile>
 #include <QTimer>
@@ -117,6 +118,26 @@ private slots:
         QCOMPARE(naissance.Annee, std::int16_t{1750});
         QCOMPARE(fiche.base().FichierModifie, kVrai);
         QVERIFY(fiche.windowTitle().endsWith(QString::fromUtf8("(modifié)")));
+    }
+
+    void NotesDuFichierModifieesParLEditeur() {
+        Fiche fiche;
+        DialogueFactice d;
+        fiche.RemplacerDialogue(&d);
+        fiche.Vider(false);
+        fiche.gedcom().Fichier = ARBOLIX_SHARE "/exemple.ged";
+        Progression muette;
+        QVERIFY(fiche.ChargerFichier(muette));
+        QVERIFY(VersQString(std::as_const(fiche.base().Notes)[-1].Texte).startsWith("Famille Martin"));
+        QTimer::singleShot(0, [] {
+            QWidget* editeur = QApplication::activeModalWidget();
+            QVERIFY(editeur);
+            editeur->findChild<QPlainTextEdit*>("Texte")->setPlainText(QString::fromUtf8("Arbre des Martin, révisé."));
+            QTest::mouseClick(editeur->findChild<QPushButton*>("BoutonOK"), Qt::LeftButton);
+        });
+        fiche.MenuNotesFichier();
+        QCOMPARE(VersQString(std::as_const(fiche.base().Notes)[-1].Texte), QString::fromUtf8("Arbre des Martin, révisé."));
+        QCOMPARE(fiche.base().FichierModifie, kVrai);
     }
 
     void FichierIntrouvableLeDit() {
