@@ -1,5 +1,7 @@
 #include "card/medias.h"
 
+#include "card/fichiers_lies.h"
+
 #include <filesystem>
 #include <utility>
 
@@ -30,11 +32,6 @@ const ListeMedias& MediasDe(const Perso& p, int acte) {
 ListeMedias& MediasModif(Perso& p, int acte) {
     Acte* a = ActeDe(p, acte);
     return a ? a->LiensModif().Medias : p.SuiteModif().ObjetsMedia;
-}
-
-bool Existe(const fs::path& p) {
-    std::error_code ec;
-    return fs::exists(p, ec);
 }
 
 }  // namespace
@@ -160,27 +157,18 @@ void ModifierLienDivers(Base& base, std::int32_t p, const LigneDivers& ligne, st
 }
 
 std::optional<std::string> TrouverFichier(std::string_view chemin, const LieuxFichiers& lieux) {
-    if (chemin.empty()) return std::nullopt;
-    const fs::path donne(chemin);
-    if (Existe(donne)) return donne.string();
-    for (const std::string* dossier : {&lieux.dossierImages, &lieux.dossierGedcom}) {
-        if (dossier->empty()) continue;
-        const fs::path d(*dossier);
-        if (donne.is_relative() && Existe(d / donne)) return (d / donne).string();
-        if (Existe(d / donne.filename())) return (d / donne.filename()).string();
-    }
-    return std::nullopt;
+    // Une seule recherche pour la fiche et l'éditeur : texte 1252 rendu en chemin du système.
+    const auto trouve = TrouverFichierLie(chemin, lieux.dossierImages, lieux.dossierGedcom);
+    if (!trouve) return std::nullopt;
+    return trouve->string();
 }
 
 ResultatOuverture OuvrirFichier(std::string_view chemin, int mode, const LieuxFichiers& lieux,
                                 Dialogue& dialogue) {
     const auto trouve = TrouverFichier(chemin, lieux);
     if (!trouve) {
-        const std::string texte = "Le fichier est introuvable :\r\n" + std::string(chemin) +
-                                  "\r\nCe fichier a \xE9t\xE9 d\xE9plac\xE9 ou supprim\xE9,\r\n"
-                                  "ou bien vous n'avez pas les droits d'acc\xE8s.\r\n"
-                                  "Voulez-vous supprimer le lien ?";
-        const Bouton b = dialogue.Message("Fichier introuvable", texte, Icone::Question, Boutons::OuiNon);
+        const Bouton b = dialogue.Message("Fichier introuvable", MessageFichierIntrouvable(chemin, true),
+                                          Icone::Question, Boutons::OuiNon);
         return {b == Bouton::Oui ? Ouverture::SupprimerLien : Ouverture::Introuvable, {}};
     }
     if (mode == 3 && !EstImage(*trouve)) return {Ouverture::PasUneImage, *trouve};
