@@ -230,7 +230,7 @@ void Fiche::OuvrirEvenement(char genre) {
     FenetreEvenement fenetre(base_, options_, *dialogue_, services, this);
     const GenreActe* g = TrouverGenre(genre);
     const Perso& pe = std::as_const(base_.Persos)[p];
-    const std::string titre = std::string(g ? g->titre : "") + " " + pe.Prenoms + " " + pe.Nom;
+    const std::string titre = std::string(SansBlancsDroite(g ? g->titre : "")) + " " + pe.Prenoms + " " + pe.Nom;
     if (!fenetre.OuvrirActe(genre, p, f, titre)) return;
     const int resultat = fenetre.exec();
     if (resultat == QDialog::Accepted) base_.FichierModifie = kVrai;
