@@ -93,6 +93,8 @@ void LirePrefixe(Lecture& l) {
     }
     const std::string mot = l.t.substr(0, p);
     l.t.erase(0, p + 1);
+    // « ABT  1825 » : les blancs en trop après le mot deviendraient des "/".
+    l.t.erase(0, std::min(l.t.find_first_not_of(' '), l.t.size()));
     for (const auto& r : kMotsPrefixes)
         if (mot == r.mot) l.prefixe = r.prefixe;
 }
@@ -192,7 +194,8 @@ bool Lire(Lecture& l, const ContexteDate& ctx) {
 
 const Texte& ParseDate(std::string_view texte, Acte& a, const ContexteDate& ctx) {
     Lecture l;
-    l.t = std::string(texte);
+    // Des blancs autour de la date (« 2 DATE        1831 ») deviendraient des "/" : on les ôte.
+    l.t = std::string(SansBlancs(texte));
     l.notes = a.Notes.str();
     try {
         if (!l.t.empty() && !Lire(l, ctx)) {

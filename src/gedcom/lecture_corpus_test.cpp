@@ -151,3 +151,58 @@ TEST(LectureCorpus, RetoursDeLiensCoherentsApresLecture) {
 
 }  // namespace
 }  // namespace arbolix
+
+#include "gedcom/ecrivain.h"
+#include "lists/selection.h"
+
+namespace arbolix {
+namespace {
+
+std::string LireEtEcrire(const std::string& texte, const OptionsGedcom& cases) {
+    essai::Lecture l;
+    l.cases = cases;
+    l.LireTout(texte);
+    ToutSelectionner(l.base);
+    const ContexteEcriture ecriture{cases, EnteteArbolix(), "01/01/2000"};
+    return EcrireGedcomTexte(l.base, ecriture);
+}
+
+// Lire, écrire, relire, réécrire : dès la deuxième écriture le fichier ne bouge plus.
+// La première relecture perd encore ce que la règle d'accord entre écriture et lecture
+// annonce : le mois d'une date « MAR 1750 », le « de » d'une date « DE 1750 À 1760 ».
+TEST(LectureCorpus, AllerRetourStableSurChaqueFichier) {
+    const std::filesystem::path dossier = std::filesystem::path(ARBOLIX_CORPUS) / "gedcom";
+    if (!std::filesystem::is_directory(dossier)) GTEST_SKIP() << "corpus absent";
+    // Ce qui bouge encore après deux relectures, à reprendre, avec la raison.
+    const std::map<std::string, std::string> aReprendre = {
+        {"bourbon.ged", "note de date républicaine ajoutée par la lecture, qui change à la relecture"},
+        {"ftw-ansi-a31486.ged", "note de date républicaine ajoutée par la lecture"},
+        {"paf5-burzyn-sample3.ged", "note de date républicaine ajoutée par la lecture"},
+        {"US-Presidents-broskeep-ibmpc.ged", "note de date républicaine ajoutée par la lecture"},
+        {"Queen.ged", "familles non écrites : les numéros des suivantes se décalent à la relecture"},
+        {"pres2020.ged", "familles non écrites : les numéros des suivantes se décalent à la relecture"},
+        {"willis-unicode-littleendian.ged", "une fiche sans prénom n'est plus écrite à la deuxième relecture"},
+    };
+    OptionsGedcom cases;
+    // Un fichier lié sous une personne devient à chaque relecture un objet média de plus :
+    // c'est la règle de lecture des fichiers, laissée de côté ici.
+    cases.Fichiers = false;
+    for (const auto& entree : std::filesystem::directory_iterator(dossier)) {
+        if (EnMinuscules(entree.path().extension().string()) != ".ged") continue;
+        if (aReprendre.count(entree.path().filename().string())) continue;
+        std::ifstream f(entree.path(), std::ios::binary);
+        std::ostringstream o;
+        o << f.rdbuf();
+        const std::string premier = LireEtEcrire(LireEtEcrire(o.str(), cases), cases);
+        const std::string second = LireEtEcrire(premier, cases);
+        if (premier == second) continue;
+        std::size_t i = 0;
+        while (i < premier.size() && i < second.size() && premier[i] == second[i]) ++i;
+        ADD_FAILURE() << entree.path().filename() << " : premier écart vers\n"
+                      << premier.substr(i < 200 ? 0 : i - 200, 300) << "\n---\n"
+                      << second.substr(i < 200 ? 0 : i - 200, 300);
+    }
+}
+
+}  // namespace
+}  // namespace arbolix
