@@ -170,7 +170,8 @@ bool EcrivainGedcom::EcrireGedcom() {
     if (cases_.Sources) EcrireNotes(base_.Sources, base_.NbSources, 'S', "SOUR");
     if (cases_.Fichiers) {
         const std::int32_t nbMedias = std::min(base_.NbMedias, base_.Medias.Haut());
-        for (std::int32_t m = 1; m <= nbMedias; ++m) EcrireMedia(m);
+        // Seules les pages écrites : un numéro isolé très haut ne fait pas parcourir des millions de fiches.
+        base_.Medias.PourChaqueEcrit(1, nbMedias, [this](std::int32_t m) { EcrireMedia(m); });
     }
     Ligne("0 TRLR");
     Vider(true);
@@ -343,6 +344,10 @@ void EcrivainGedcom::EcrireNotes(const Tableau<NoteExt>& notes, std::int32_t nom
                                  std::string_view balise) {
     const std::int32_t fin = std::min(nombre, notes.Haut());
     for (std::int32_t n = 1; n <= fin; ++n) {
+        if (notes.PageVierge(n)) {
+            n = notes.FinDePage(n);
+            continue;
+        }
         const NoteExt& e = notes[n];
         if (e.Sel == 0) continue;
         Ligne("0 @", lettre, n, "@ ", balise);

@@ -593,3 +593,24 @@ TEST(Ecrivain, NumeroDemesureNeReservePasLaMemoire) {
 
 }  // namespace
 }  // namespace arbolix
+
+namespace arbolix {
+namespace {
+
+// Trouvé par le fuzzing : une note au numéro démesuré faisait parcourir à l'écriture des
+// dizaines de millions de notes vides (dix secondes sous les sanitizers).
+TEST(Ecrivain, NoteAuNumeroDemesureSansParcourirLesTrous) {
+    Base base;
+    Options options;
+    OptionsGedcom cases;
+    Progression muette;
+    ContexteLecture lecture{options, cases, muette};
+    ASSERT_TRUE(LireGedcomTexte(base, lecture, "0 HEAD\r\n0 @N77777777@ NOTE\r\n1 CONC texte\r\n0 TRLR\r\n").Lu);
+    ToutSelectionner(base);
+    const ContexteEcriture ecriture{cases, EnteteArbolix(), "01/01/2000"};
+    EXPECT_NE(EcrireGedcomTexte(base, ecriture).find("0 @N77777777@ NOTE\r\n1 TITL \r\n1 TEXT texte"),
+              std::string::npos);
+}
+
+}  // namespace
+}  // namespace arbolix
