@@ -1,5 +1,7 @@
 #include "card/medias.h"
 
+#include "aides/dossier_essai.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -27,7 +29,7 @@ struct BaseMedias {
 // Un dossier temporaire propre à un test, effacé à la fin.
 struct Dossier {
     fs::path d;
-    explicit Dossier(const std::string& nom) : d(fs::temp_directory_path() / nom) {
+    explicit Dossier(const std::string& nom) : d(essais::DossierEssai(nom)) {
         fs::remove_all(d);
         fs::create_directories(d);
     }

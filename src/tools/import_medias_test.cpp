@@ -1,5 +1,7 @@
 #include "tools/import_medias.h"
 
+#include "aides/dossier_essai.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -16,7 +18,7 @@ namespace fs = std::filesystem;
 struct Essai {
     Base b;
     DialogueFactice d;
-    fs::path dossier = fs::temp_directory_path() / "arbolix_import";
+    fs::path dossier = essais::DossierEssai("import");
     Essai() {
         Vider(b, true);
         NouvellePersonne(b, true, false);
