@@ -22,6 +22,23 @@ struct ErreurExecution : std::runtime_error {
     int numero;
 };
 
+// Un évènement d'une fiche (personne ou famille) choisi par la balise du contexte,
+// et le type qu'il donne à un objet média qui s'y attache.
+template <typename Fiche>
+struct ActeDuContexte {
+    std::string_view balise;
+    Acte Fiche::*acte;
+    std::int32_t typeActe;
+};
+
+// La rangée de la table pour ce contexte, nulle s'il n'y en a pas.
+template <typename Fiche, std::size_t N>
+const ActeDuContexte<Fiche>* ChercherActe(const ActeDuContexte<Fiche> (&table)[N], std::string_view contexte) {
+    for (const auto& r : table)
+        if (r.balise == contexte) return &r;
+    return nullptr;
+}
+
 // Plus grand numéro d'enregistrement accepté : au-delà, la mémoire ne suivrait plus.
 constexpr std::int64_t kNumeroMaximal = 99'999'999;
 

@@ -18,22 +18,14 @@ constexpr std::string_view kAlerteFinFamille =
     "incomplet.";
 
 // Évènements d'une famille choisis par la balise du contexte, et leur type pour un objet média.
-struct ActeFamille {
-    std::string_view balise;
-    Acte Fami::*acte;
-    std::int32_t typeActe;
-};
+using ActeFamille = ActeDuContexte<Fami>;
 constexpr ActeFamille kActesFamille[] = {
     {"MARR", &Fami::Mariage, 2},
     {"MARC", &Fami::Contrat, 6},
     {"DIV", &Fami::Divorce, 7},
 };
 
-const ActeFamille* LigneActe(std::string_view contexte) {
-    for (const auto& r : kActesFamille)
-        if (r.balise == contexte) return &r;
-    return nullptr;
-}
+const ActeFamille* LigneActe(std::string_view contexte) { return ChercherActe(kActesFamille, contexte); }
 
 // Date et lieu ne vont qu'à l'évènement nommé par le contexte.
 Acte* ActeDate(Fami& f, std::string_view contexte) {

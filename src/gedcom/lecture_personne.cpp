@@ -18,21 +18,13 @@ constexpr std::string_view kAlerteFinPersonne =
 
 // Évènements d'une personne choisis par la balise du contexte, et leur type pour un objet média.
 // BAPM est le baptême de bien des logiciels : il va au même évènement que CHR.
-struct ActePersonne {
-    std::string_view balise;
-    Acte Perso::*acte;
-    std::int32_t typeActe;
-};
+using ActePersonne = ActeDuContexte<Perso>;
 constexpr ActePersonne kActesPersonne[] = {
     {"BIRT", &Perso::Naissance, 1}, {"CHR", &Perso::Bapteme, 4},    {"BAPM", &Perso::Bapteme, 4},
     {"DEAT", &Perso::Deces, 3},     {"BURI", &Perso::Sepulture, 5},
 };
 
-const ActePersonne* LigneActe(std::string_view contexte) {
-    for (const auto& r : kActesPersonne)
-        if (r.balise == contexte) return &r;
-    return nullptr;
-}
+const ActePersonne* LigneActe(std::string_view contexte) { return ChercherActe(kActesPersonne, contexte); }
 
 Acte* ActeDe(Perso& p, std::string_view contexte) {
     const ActePersonne* r = LigneActe(contexte);

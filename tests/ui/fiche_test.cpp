@@ -17,18 +17,35 @@
 
 using namespace arbolix;
 
+namespace {
+
+// Une fiche dont les boîtes passent par un faux Dialogue, prête à ouvrir un fichier.
+struct FicheEssai {
+    Fiche fiche;
+    DialogueFactice d;
+    Progression muette;
+    FicheEssai() {
+        fiche.RemplacerDialogue(&d);
+        fiche.FormGedcom().RemplacerDialogue(&d);
+        fiche.Vider(false);
+    }
+    bool Ouvrir(const std::string& chemin = ARBOLIX_SHARE "/exemple.ged") {
+        fiche.gedcom().Fichier = chemin;
+        return fiche.ChargerFichier(muette);
+    }
+};
+
+}  // namespace
+
 class EssaiFiche : public QObject {
     Q_OBJECT
 private slots:
     void OuvrirLeFichierExempleMontreLaPremierePersonne() {
-        Fiche fiche;
-        DialogueFactice d;
-        fiche.RemplacerDialogue(&d);
-        fiche.Vider(false);
+        FicheEssai e;
+        Fiche& fiche = e.fiche;
+        DialogueFactice& d = e.d;
         QCOMPARE(fiche.windowTitle(), QString("Arbolix"));
-        fiche.gedcom().Fichier = ARBOLIX_SHARE "/exemple.ged";
-        Progression muette;
-        QVERIFY(fiche.ChargerFichier(muette));
+        QVERIFY(e.Ouvrir());
         QVERIFY(fiche.FichierOuvert());
         QCOMPARE(fiche.windowTitle(), QString("Arbolix - " ARBOLIX_SHARE "/exemple.ged"));
         auto* num = fiche.findChild<QLineEdit*>("NumPerso");
@@ -40,13 +57,10 @@ private slots:
     }
 
     void FermerAvecModificationsDemandeFermer() {
-        Fiche fiche;
-        DialogueFactice d;
-        fiche.RemplacerDialogue(&d);
-        fiche.Vider(false);
-        fiche.gedcom().Fichier = ARBOLIX_SHARE "/exemple.ged";
-        Progression muette;
-        QVERIFY(fiche.ChargerFichier(muette));
+        FicheEssai e;
+        Fiche& fiche = e.fiche;
+        DialogueFactice& d = e.d;
+        QVERIFY(e.Ouvrir());
         fiche.base().FichierModifie = kVrai;
         d.ReponseSuivante(Bouton::Annuler);
         QVERIFY(!fiche.close());
@@ -61,14 +75,10 @@ private slots:
     }
 
     void EnregistrerPuisRelireDonneLaMemeBase() {
-        Fiche fiche;
-        DialogueFactice d;
-        fiche.RemplacerDialogue(&d);
-        fiche.FormGedcom().RemplacerDialogue(&d);
-        fiche.Vider(false);
-        fiche.gedcom().Fichier = ARBOLIX_SHARE "/exemple.ged";
-        Progression muette;
-        QVERIFY(fiche.ChargerFichier(muette));
+        FicheEssai e;
+        Fiche& fiche = e.fiche;
+        DialogueFactice& d = e.d;
+        QVERIFY(e.Ouvrir());
         const std::int32_t personnes = fiche.base().NbPersosReels;
         fiche.base().FichierModifie = kVrai;
         const QString sortie = QDir::temp().filePath("arbolix-fiche-enregistree.ged");
@@ -84,7 +94,7 @@ private slots:
         Options options;
         OptionsGedcom cases;
         cases.Fichier = sortie.toStdString();
-        ContexteLecture ctx{options, cases, muette};
+        ContexteLecture ctx{options, cases, e.muette};
         QVERIFY(LireGedcom(relue, ctx).Lu);
         QCOMPARE(relue.NbPersosReels, personnes);
         QCOMPARE(VersQString(std::as_const(relue.Persos)[8].Prenoms), QString::fromUtf8("Élisabeth"));
@@ -92,13 +102,9 @@ private slots:
     }
 
     void BoutonNaissanceOuvreLEvenementEtRangeLaDate() {
-        Fiche fiche;
-        DialogueFactice d;
-        fiche.RemplacerDialogue(&d);
-        fiche.Vider(false);
-        fiche.gedcom().Fichier = ARBOLIX_SHARE "/exemple.ged";
-        Progression muette;
-        QVERIFY(fiche.ChargerFichier(muette));
+        FicheEssai e;
+        Fiche& fiche = e.fiche;
+        QVERIFY(e.Ouvrir());
         fiche.findChild<QLineEdit*>("NumPerso")->setText("2");
         // La fenêtre d'évènement est modale : la date est tapée et OK pressé dès qu'elle s'ouvre.
         QTimer::singleShot(0, [] {
@@ -121,13 +127,9 @@ private slots:
     }
 
     void NotesDuFichierModifieesParLEditeur() {
-        Fiche fiche;
-        DialogueFactice d;
-        fiche.RemplacerDialogue(&d);
-        fiche.Vider(false);
-        fiche.gedcom().Fichier = ARBOLIX_SHARE "/exemple.ged";
-        Progression muette;
-        QVERIFY(fiche.ChargerFichier(muette));
+        FicheEssai e;
+        Fiche& fiche = e.fiche;
+        QVERIFY(e.Ouvrir());
         QVERIFY(VersQString(std::as_const(fiche.base().Notes)[-1].Texte).startsWith("Famille Martin"));
         QTimer::singleShot(0, [] {
             QWidget* editeur = QApplication::activeModalWidget();
@@ -141,12 +143,10 @@ private slots:
     }
 
     void FichierIntrouvableLeDit() {
-        Fiche fiche;
-        DialogueFactice d;
-        fiche.RemplacerDialogue(&d);
-        fiche.gedcom().Fichier = "/nulle/part/absent.ged";
-        Progression muette;
-        QVERIFY(!fiche.ChargerFichier(muette));
+        FicheEssai e;
+        Fiche& fiche = e.fiche;
+        DialogueFactice& d = e.d;
+        QVERIFY(!e.Ouvrir("/nulle/part/absent.ged"));
         QCOMPARE(d.messages.size(), std::size_t{1});
         QCOMPARE(VersQString(d.messages[0].texte), QString("Le fichier /nulle/part/absent.ged est introuvable."));
         QVERIFY(!fiche.FichierOuvert());
