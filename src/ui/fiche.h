@@ -98,6 +98,7 @@ private:
     void PoserContenu();
     void PoserEnfants();
     void PoserPhoto();
+    void BrancherDivers();  // fiche_divers.cpp
     void ColorerSexe();
     void VerrouillerSaisie();
     void AllerA(std::int32_t numero, bool selectionner);
