@@ -1,6 +1,7 @@
 #include "store/base.h"
 
 #include "platform/progression.h"
+#include "store/aides_texte.h"
 
 namespace arbolix {
 
@@ -70,6 +71,9 @@ std::int32_t NouvellePersonne(Base& base, bool creer, bool reutiliserLibres, std
         p.Prenoms = m.Prenoms;
         p.Sexe = m.Sexe;
     }
+    // Les clés suivent le nom dès la création : une fiche neuve quittée sans frappe se trie sous "N".
+    p.CodeNom = CodeSon(p.Nom.vue());
+    p.NomTri = NomTri(p.Nom.vue());
     return n;
 }
 
