@@ -5,6 +5,7 @@
 #include "card/acte_courant.h"
 #include "platform/qt_texte.h"
 #include "store/chaines.h"
+#include "ui/listes_qt.h"
 #include "ui_evenement.h"
 
 namespace arbolix {
@@ -18,12 +19,6 @@ QString VersCase(std::string_view texte) {
 std::string DepuisCase(const QString& texte) {
     QString t = texte;
     return DepuisQString(t.replace(QStringLiteral("\n"), QStringLiteral("\r\n")));
-}
-
-void Remplir(QComboBox& liste, const ListeChoix& valeurs, std::string_view texte) {
-    liste.clear();
-    for (const auto& v : valeurs.Triee()) liste.addItem(VersQString(v));
-    liste.setEditText(VersQString(texte));
 }
 
 // Une ligne d'objet média : son premier titre, à défaut son premier fichier, et son numéro.
@@ -74,9 +69,9 @@ bool FenetreEvenement::OuvrirActe(char genre, std::int32_t p, std::int32_t f, co
     ui_->LabelDate->setText(VersQString(titre));
     ui_->Date->setText(VersQString(a.Date.vue()));
     dateTapee_ = false;
-    Remplir(*ui_->Lieu, base_.Listes.Lieu, a.Lieu.vue());
+    RemplirCombo(*ui_->Lieu, base_.Listes.Lieu, a.Lieu.vue());
     ui_->Notes->setPlainText(VersCase(a.Notes.vue()));
-    Remplir(*ui_->Source, base_.Listes.Source, a.Source.vue());
+    RemplirCombo(*ui_->Source, base_.Listes.Source, a.Source.vue());
     ui_->Notes->setToolTip(Comme(a.Notes.vue(), "@*@") ? QStringLiteral("Double-clic ou Entrée pour aller à la note externe.")
                                                        : QStringLiteral("Touche Espace pour ajouter une note externe."));
     ui_->Source->setToolTip(Comme(a.Source.vue(), "@*@")

@@ -28,6 +28,7 @@
 #include "lists/selection.h"
 #include "platform/cp1252.h"
 #include "platform/ini.h"
+#include "platform/qt_horloge.h"
 #include "platform/qt_texte.h"
 #include "store/chaines.h"
 #include "ui/choix_rangee.h"
@@ -87,13 +88,6 @@ QString Lignes(std::string_view texte) {
     return VersQString(texte).replace("\r\n", "\n");
 }
 
-// Jours depuis le 30/12/1899, maintenant.
-double Maintenant() {
-    const QDateTime t = QDateTime::currentDateTime();
-    const QDate d = t.date();
-    return NumeroJour({d.day(), d.month(), d.year()}) + t.time().msecsSinceStartOfDay() / 86400000.0;
-}
-
 }  // namespace
 
 Fiche::Fiche(QWidget* parent)
@@ -105,10 +99,11 @@ Fiche::Fiche(QWidget* parent)
     personne_ = new Personne(base_, options_, this);
     invite_ = new InputMsgBox(this);
     inviter_ = [this](Invite& i) { return invite_->Demander(i); };
+    choisir_ = [this](const ListeCandidats& l) { return ChoisirRangee(this, l); };
     largeurPerso_ = kLargeurCadrePerso;
     policeConception_ = font();
     CreerIcones();
-    VerrouillerSaisie();
+    BrancherSaisie();
     connect(ui_->MenuNouveau, &QAction::triggered, this, &Fiche::MenuNouveau);
     connect(ui_->MenuOuvrir, &QAction::triggered, this, &Fiche::MenuOuvrir);
     connect(ui_->MenuFermer, &QAction::triggered, this, [this] { MenuFermer(); });
@@ -186,6 +181,7 @@ void Fiche::MenuEnregistrer() { Enregistrer(); }
 
 // La note du fichier lui-même, dans l'éditeur de notes.
 void Fiche::MenuNotesFichier() {
+    EnregistrerFiche();
     if (!ouvert_) return;
     if (editeur_->OuvrirNote(base_, -1, 1, false, *dialogue_)) {
         editeur_->exec();
@@ -195,6 +191,7 @@ void Fiche::MenuNotesFichier() {
 
 // Des fichiers déposés (ou un dossier à choisir quand la liste est vide) deviennent objets médias ou personnes.
 void Fiche::MenuImportFichiers(const std::vector<std::string>& deposes) {
+    EnregistrerFiche();
     if (!ouvert_) return;
     ImportFichiers demande;
     demande.deposes = deposes;
@@ -210,6 +207,7 @@ void Fiche::MenuImportFichiers(const std::vector<std::string>& deposes) {
 
 // Un évènement de la personne (N B D S) ou de l'union choisie (C M X) dans l'éditeur d'évènement.
 void Fiche::OuvrirEvenement(char genre) {
+    EnregistrerFiche();
     const std::int32_t p = ui_->NumPerso->text().toInt();
     if (!ouvert_ || p <= 0 || !PersonneExiste(base_, p)) return;
     std::int32_t f = 0;
@@ -220,7 +218,7 @@ void Fiche::OuvrirEvenement(char genre) {
         if (f <= 0) return;
     }
     ServicesEvenement services{[this](std::int32_t n) { return LigneCourte(base_, options_, n); },
-                               [this](const ListeCandidats& l) { return ChoisirRangee(this, l); },
+                               choisir_,
                                [] { return Maintenant(); }};
     FenetreEvenement fenetre(base_, options_, *dialogue_, services, this);
     const GenreActe* g = TrouverGenre(genre);
@@ -235,6 +233,7 @@ void Fiche::OuvrirEvenement(char genre) {
 }
 
 bool Fiche::Enregistrer() {
+    EnregistrerFiche();
     if (!ouvert_) return false;
     // Toute la base est sélectionnée tant que les commandes de sélection n'existent pas.
     const ChoixEnregistrement choix = PreparerEnregistrement(base_, gedcom_, true, *dialogue_);
@@ -269,6 +268,7 @@ bool Fiche::Enregistrer() {
 
 void Fiche::Vider(bool recharger) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
+    base_.Chargement = kVrai;  // vider les champs n'est pas une frappe
     ui_->MenuSelInfo->setText({});
     findChild<QAction*>("IcoCommande1")->setVisible(true);
     findChild<QAction*>("IcoCommande2")->setToolTip("Ouvrir un fichier existant...");
@@ -296,6 +296,7 @@ void Fiche::Vider(bool recharger) {
                        static_cast<QWidget*>(ui_->CadreUnions), static_cast<QWidget*>(ui_->CadreEnfants),
                        static_cast<QWidget*>(ui_->CadreDivers), static_cast<QWidget*>(ui_->Photo)})
         w->hide();
+    base_.Chargement = kFaux;
     QApplication::restoreOverrideCursor();
     if (recharger) {
         arbolix::Vider(base_, true);
@@ -335,6 +336,7 @@ void Fiche::MettreEnPlaceFichier(std::int32_t premiere) {
     findChild<QAction*>("IcoCommande2")->setToolTip("Importer un fichier...");
     base_.FicheModifiee = base_.FichierModifie = kFaux;
     ouvert_ = true;
+    RemplirListesSaisie();
     ui_->NumPerso->blockSignals(true);
     ui_->NumPerso->setText(QString::number(premiere));
     ui_->NumPerso->blockSignals(false);
@@ -343,6 +345,8 @@ void Fiche::MettreEnPlaceFichier(std::int32_t premiere) {
 }
 
 void Fiche::AfficherFiche() {
+    // Quitter une fiche l'enregistre, avant que NumCourant ne change.
+    EnregistrerFiche();
     const QString texte = ui_->NumPerso->text().trimmed();
     std::int64_t n = ValeurNumerique(DepuisQString(texte));
     if (texte.startsWith('-')) n = -n;
@@ -444,6 +448,7 @@ void Fiche::PoserContenu() {
         item->setToolTip(VersQString(r.bulle));
     }
     PoserPhoto();
+    ActiverBoutonsLiens();
     ui_->DefilV->verticalScrollBar()->setValue(0);
 }
 
@@ -454,6 +459,7 @@ void Fiche::PoserEnfants() {
         auto* item = new QListWidgetItem(VersQString(r.texte), ui_->Enfant);
         item->setToolTip(VersQString(r.bulle));
     }
+    ActiverBoutonsLiens();
 }
 
 // Une palette plutôt qu'une feuille de style : la police du zoom reste celle des autres contrôles.
@@ -464,18 +470,6 @@ void Fiche::ColorerSexe() {
         QPalette p = ui_->CadrePerso->palette();
         if (bouton->isChecked()) p.setColor(bouton->backgroundRole(), QColor(couleur));
         bouton->setPalette(p);
-    }
-}
-
-// La saisie sur la fiche vient avec l'enregistrement de la fiche : d'ici là les
-// champs se lisent sans se modifier, pour qu'aucune frappe ne se perde.
-void Fiche::VerrouillerSaisie() {
-    for (QComboBox* c : {ui_->Nom, ui_->Prenoms, ui_->Metier}) c->lineEdit()->setReadOnly(true);
-    for (QWidget* w : {static_cast<QWidget*>(ui_->Sel), static_cast<QWidget*>(ui_->Sexe1),
-                       static_cast<QWidget*>(ui_->Sexe2), static_cast<QWidget*>(ui_->IntRech1),
-                       static_cast<QWidget*>(ui_->IntRech2)}) {
-        w->setAttribute(Qt::WA_TransparentForMouseEvents);
-        w->setFocusPolicy(Qt::NoFocus);
     }
 }
 
@@ -525,8 +519,18 @@ void Fiche::CliquerUnion(int rangee) {
 void Fiche::DoubleCliquerUnion(int rangee) {
     if (rangee < 0 || static_cast<std::size_t>(rangee) >= contenu_.Unions.size()) return;
     const std::int32_t conjoint = ConjointDeRangee(contenu_.Unions[static_cast<std::size_t>(rangee)].texte);
-    // Une union sans conjoint : la création d'une fiche viendra avec l'édition des unions.
-    if (PersonneExiste(base_, conjoint)) AllerA(conjoint, true);
+    if (PersonneExiste(base_, conjoint)) {
+        AllerA(conjoint, true);
+        return;
+    }
+    // Union sans conjoint : la fiche qui manque peut être créée.
+    EnregistrerFiche();
+    const std::int32_t f = LireQueue(contenu_.Unions[static_cast<std::size_t>(rangee)].texte).numero;
+    Edition e = Editer();
+    const std::int32_t nouveau = AjouterConjointManquant(e, base_.NumCourant, f);
+    if (nouveau <= 0) return;
+    ApresLien(nouveau);
+    ui_->Nom->setFocus();
 }
 
 void Fiche::DoubleCliquerListeNumero(QListWidget* liste, int rangee) {
@@ -536,6 +540,7 @@ void Fiche::DoubleCliquerListeNumero(QListWidget* liste, int rangee) {
 }
 
 bool Fiche::eventFilter(QObject* objet, QEvent* e) {
+    if (FiltrerSaisie(objet, e)) return true;
     if (objet == ui_->NumPerso && e->type() == QEvent::KeyPress)
         return ToucheNumPerso(static_cast<QKeyEvent*>(e));
     if (e->type() == QEvent::MouseButtonDblClick) {
@@ -580,6 +585,7 @@ ContexteListe Fiche::ContexteDesListes() {
 }
 
 void Fiche::RemplirListe(bool (*remplir)(const Base&, ContexteListe&, ListePersonne&)) {
+    EnregistrerFiche();
     ContexteListe c = ContexteDesListes();
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const bool rempli = remplir(base_, c, personne_->Liste());
@@ -610,6 +616,7 @@ void Fiche::MenuListeFichiers() {
 }
 
 void Fiche::MenuFichesRecentes() {
+    EnregistrerFiche();
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const std::string titre = DepuisQString(ui_->MenuFichesRecentes->text().remove('&'));
     OuvrirRecents(base_, options_, titre, Maintenant(), personne_->Liste());
@@ -761,6 +768,7 @@ void Fiche::RetenirFichier() {
 }
 
 void Fiche::MenuConfig() {
+    EnregistrerFiche();
     FenetreOptions fenetre(options_, recents_, ini_, *dialogue_, ARBOLIX_VERSION_MAJEURE, this);
     connect(&fenetre, &FenetreOptions::ZoomChange, this, &Fiche::AppliquerZoom);
     fenetre.DefinirFichierPresent(ouvert_ ? gedcom_.Fichier : std::string());
@@ -798,6 +806,7 @@ void Fiche::MenuOuvrir() {
 }
 
 bool Fiche::MenuFermer() {
+    EnregistrerFiche();
     // Oui enregistre ; un enregistrement annulé ou manqué laisse le fichier ouvert.
     if (!DemanderFermeture(base_, *dialogue_, [this] { return Enregistrer(); })) return false;
     Vider(true);

@@ -8,18 +8,24 @@
 
 #include "app/messages.h"
 #include "app/zoom.h"
+#include "card/candidats.h"
 #include "card/contenu_fiche.h"
+#include "card/edition_liens.h"
+#include "card/enregistrer_fiche.h"
 #include "gedcom/lecteur.h"
 #include "gedcom/options_gedcom.h"
 #include "lists/listes.h"
 #include "store/base.h"
 #include "store/options.h"
+#include "ui/choix_rangee.h"
 #include "ui/dialogue_qt.h"
 
 namespace Ui {
 class Fiche;
 }
 
+class QKeyEvent;
+class QLineEdit;
 class QListWidget;
 
 namespace arbolix {
@@ -49,6 +55,7 @@ public:
     // Pour les tests : un autre Dialogue (faux) à la place des boîtes Qt, une autre invite.
     void RemplacerDialogue(Dialogue* d) { dialogue_ = d; }
     void RemplacerInviter(Inviter i) { inviter_ = std::move(i); }
+    void RemplacerChoisir(Choisir c) { choisir_ = std::move(c); }
 
     // Lit le fichier gedcom().Fichier avec ses cases ; rend faux s'il n'a pas pu l'être.
     bool ChargerFichier(Progression& progression);
@@ -69,6 +76,14 @@ public slots:
     void MenuQuitter();
     void MenuConfig();
     void AfficherFiche();
+    // Copie la fiche modifiée dans la personne : en la quittant et avant toute commande.
+    void EnregistrerFiche();
+    void BoutonAjouterParents();
+    void BoutonEnleverParents();
+    void AjouterUnion();
+    void EnleverUnion();
+    void AjouterEnfant();
+    void EnleverEnfant();
     void MenuListePersos();
     void MenuListeFamis();
     void MenuListeNotes();
@@ -100,7 +115,25 @@ private:
     void PoserPhoto();
     void BrancherDivers();  // fiche_divers.cpp
     void ColorerSexe();
-    void VerrouillerSaisie();
+
+    // Saisie et liens (fiche_edition.cpp).
+    struct ChampFrappe {
+        QObject* objet;    // le contrôle qui reçoit la touche
+        QLineEdit* ligne;  // sa ligne de texte
+        ChampSaisi champ;
+    };
+    void BrancherSaisie();
+    void Modifier();
+    bool FiltrerSaisie(QObject* objet, QEvent* e);
+    bool ToucheChamp(const ChampFrappe& c, QKeyEvent* k);
+    SaisieFiche Saisie() const;
+    void RemplirListesSaisie();
+    void ActiverBoutonsLiens();
+    Edition Editer();
+    void ApresLien(std::int32_t allerA);
+    std::optional<std::int32_t> ChoisirCandidat(const ListeCandidats& liste);
+    void MontrerEnfantsDe(std::int32_t f);
+    std::int32_t FamilleChoisie() const;
     void AllerA(std::int32_t numero, bool selectionner);
     bool ToucheNumPerso(QKeyEvent* k);
     void CliquerUnion(int rangee);
@@ -129,6 +162,9 @@ private:
     Personne* personne_;
     InputMsgBox* invite_;
     Inviter inviter_;
+    Choisir choisir_;
+    std::vector<ChampFrappe> champsSaisis_;
+    bool retape_ = false;  // une touche corrigée repasse par son contrôle
     ReponsesListes reponses_;
     TextesLecture textes_;
     std::filesystem::path ini_;

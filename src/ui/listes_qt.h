@@ -1,0 +1,33 @@
+// Les listes de choix de la base dans les listes déroulantes des fenêtres.
+#pragma once
+
+#include <QComboBox>
+#include <string_view>
+
+#include "platform/qt_texte.h"
+#include "store/listes_choix.h"
+
+namespace arbolix {
+
+// Remplace la liste par les valeurs triées et pose le texte ; aucun signal de modification.
+inline void RemplirCombo(QComboBox& liste, const ListeChoix& valeurs, std::string_view texte) {
+    const QSignalBlocker bloque(liste);
+    liste.clear();
+    for (const auto& v : valeurs.Triee()) liste.addItem(VersQString(v));
+    liste.setEditText(VersQString(texte));
+}
+
+// Une valeur neuve entre dans la liste à sa place ; le texte tapé reste.
+inline void AjouterCombo(QComboBox& liste, std::string_view valeur) {
+    if (valeur.empty()) return;
+    const QString v = VersQString(valeur);
+    if (liste.findText(v, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0) return;
+    const QSignalBlocker bloque(liste);
+    const QString texte = liste.currentText();
+    int i = 0;
+    while (i < liste.count() && liste.itemText(i) < v) ++i;
+    liste.insertItem(i, v);
+    liste.setEditText(texte);
+}
+
+}  // namespace arbolix
