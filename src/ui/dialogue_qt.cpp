@@ -1,6 +1,7 @@
 #include "ui/dialogue_qt.h"
 
 #include <QDesktopServices>
+#include <QFileInfo>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -102,7 +103,11 @@ std::optional<std::string> DialogueQt::ChoisirDossier(std::string_view titre, st
 
 bool DialogueQt::OuvrirDansProgramme(std::string_view chemin) {
     const QString c = QString::fromStdString(std::string(chemin));
-    const QUrl url = c.contains("://") ? QUrl(c) : QUrl::fromLocalFile(c);
+    // Une adresse (site, courriel) s'ouvre comme telle ; "www.exemple.fr" aussi, faute de fichier de ce nom.
+    const bool adresse = c.contains("://") || c.startsWith("mailto:");
+    const QUrl url = adresse                    ? QUrl(c)
+                     : QFileInfo::exists(c)     ? QUrl::fromLocalFile(c)
+                                                : QUrl::fromUserInput(c);
     return QDesktopServices::openUrl(url);
 }
 

@@ -489,17 +489,7 @@ bool Fiche::ToucheNumPerso(QKeyEvent* k) {
     if (c.isDigit() || (k->modifiers() & Qt::ControlModifier)) return false;
     if (!ouvert_) return true;
     if (c == ' ') {
-        std::int32_t modele = 0;
-        if (personne_->isVisible()) {
-            const int r = personne_->RangeeChoisie();
-            const LectureQueue q =
-                r > 0 ? LireQueue(personne_->Liste().Rangees[static_cast<std::size_t>(r)].texte)
-                      : LectureQueue{};
-            if (q.genre == 'P') modele = q.numero;
-        }
-        AllerA(NouvellePersonne(base_, true, gedcom_.OptRenum, modele), false);
-        ActualiserTitre();
-        ui_->Nom->setFocus();
+        NouvelleFiche();
         return true;
     }
     const std::int32_t actuel =
@@ -507,6 +497,22 @@ bool Fiche::ToucheNumPerso(QKeyEvent* k) {
     if (const auto vers = arbolix::ToucheNumPerso(base_, actuel, DepuisQString(t).front()))
         AllerA(*vers, true);
     return true;  // toute autre touche est avalée
+}
+
+// Une personne neuve, qui reprend nom, prénoms et sexe de la personne choisie dans la liste ouverte.
+void Fiche::NouvelleFiche() {
+    if (!ouvert_) return;
+    EnregistrerFiche();
+    std::int32_t modele = 0;
+    if (personne_->isVisible()) {
+        const int r = personne_->RangeeChoisie();
+        const LectureQueue q =
+            r > 0 ? LireQueue(personne_->Liste().Rangees[static_cast<std::size_t>(r)].texte) : LectureQueue{};
+        if (q.genre == 'P') modele = q.numero;
+    }
+    AllerA(NouvellePersonne(base_, true, gedcom_.OptRenum, modele), false);
+    ActualiserTitre();
+    ui_->Nom->setFocus();
 }
 
 void Fiche::CliquerUnion(int rangee) {

@@ -78,6 +78,7 @@ public slots:
     void AfficherFiche();
     // Copie la fiche modifiée dans la personne : en la quittant et avant toute commande.
     void EnregistrerFiche();
+    void NouvelleFiche();
     void BoutonAjouterParents();
     void BoutonEnleverParents();
     void AjouterUnion();

@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QToolButton>
 
 #include "card/candidats.h"
 #include "card/edition_liens.h"
@@ -82,6 +83,14 @@ void Fiche::BrancherSaisie() {
     connect(ui_->EnleverUnion, &QPushButton::clicked, this, &Fiche::EnleverUnion);
     connect(ui_->AjouterEnfant, &QPushButton::clicked, this, &Fiche::AjouterEnfant);
     connect(ui_->EnleverEnfant, &QPushButton::clicked, this, &Fiche::EnleverEnfant);
+    connect(ui_->BoutonAjouterPerso, &QToolButton::clicked, this, &Fiche::NouvelleFiche);
+    connect(ui_->BountonEMail, &QToolButton::clicked, this, [this] {
+        if (!ui_->EMail->text().isEmpty())
+            dialogue_->OuvrirDansProgramme("mailto:" + DepuisQString(ui_->EMail->text()));
+    });
+    connect(ui_->BountonURL, &QToolButton::clicked, this, [this] {
+        if (!ui_->URL->text().isEmpty()) dialogue_->OuvrirDansProgramme(DepuisQString(ui_->URL->text()));
+    });
     connect(ui_->Enfant, &QListWidget::currentRowChanged, this, [this] { ActiverBoutonsLiens(); });
     connect(ui_->Union, &QListWidget::currentRowChanged, this, [this] { ActiverBoutonsLiens(); });
 }

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
+#include <QToolButton>
 #include <QTimer>
 #include <QtTest>
 #include <deque>
@@ -114,7 +115,7 @@ private slots:
         QTest::keyClick(notes, Qt::Key_Return, Qt::ShiftModifier);
         QTest::keyClicks(notes, "ligne 2");
         QCOMPARE(e.fiche.base().FicheModifiee, kVrai);
-        QVERIFY(e.fiche.windowTitle().endsWith("(modifi\xC3\xA9)") || e.fiche.base().FichierModifie == kVrai);
+
         // Quitter la fiche (aller à la fiche vierge) l'enregistre.
         e.Num()->setText("0");
         QCOMPARE(e.P(n).Nom.str(), std::string("DUPONT"));
@@ -126,6 +127,14 @@ private slots:
         QVERIFY(e.d.messages.empty());
         // Le nom tapé entre dans la liste de choix.
         QVERIFY(Controle<QComboBox>(e.fiche, "Nom")->findText("DUPONT") >= 0);
+        // Le bouton fait comme la touche espace ; le courriel s'ouvre avec "mailto:".
+        e.Num()->setText(QString::number(n));
+        Controle<QLineEdit>(e.fiche, "EMail")->setText("jp@exemple.fr");
+        QTest::mouseClick(Controle<QToolButton>(e.fiche, "BountonEMail"), Qt::LeftButton);
+        QCOMPARE(e.d.ouverts.back(), std::string("mailto:jp@exemple.fr"));
+        QTest::mouseClick(Controle<QToolButton>(e.fiche, "BoutonAjouterPerso"), Qt::LeftButton);
+        QVERIFY(e.Courant() > n);
+        QCOMPARE(e.P(n).Suite().EMail.str(), std::string("jp@exemple.fr"));
     }
 
     void FamilleCreeeDepuisLaFicheEcriteEtRelue() {
