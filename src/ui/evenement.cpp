@@ -6,6 +6,7 @@
 #include "platform/qt_texte.h"
 #include "store/chaines.h"
 #include "ui/listes_qt.h"
+#include "verify/coherence.h"
 #include "ui_evenement.h"
 
 namespace arbolix {
@@ -209,7 +210,17 @@ void FenetreEvenement::BoutonOK() {
     std::vector<Temoin> temoins;
     for (int i = 0; i < ui_->Temoins->count(); ++i) temoins.push_back(TemoinDeLigne(DepuisQString(ui_->Temoins->item(i)->text())));
     EcrireTemoins(a, temoins);
-    // La vérification de cohérence de la date viendra ici, avec les règles de cohérence.
+    const std::string plaintes = CoherenceActe(base_, options_, personne_, std::string(1, genre_), a.Date.vue());
+    if (plaintes.size() > 2) {
+        const Bouton b = dialogue_.Message("Date incoh\xE9rente", "La date entr\xE9" "e est incoh\xE9rente.\r\n" + plaintes,
+                                           Icone::Stop, Boutons::AbandonnerReessayerIgnorer);
+        // Abandonner ne garde rien : seule la copie de travail a changé.
+        if (b == Bouton::Abandonner) {
+            reject();
+            return;
+        }
+        if (b == Bouton::Reessayer) return;
+    }
     EnregistrerActe(base_, genre_, personne_, famille_, champs.Age, services_.maintenant ? services_.maintenant() : 0);
     accept();
 }

@@ -203,6 +203,36 @@ private slots:
         QCOMPARE(base.FichierModifie, kFaux);
     }
 
+    // Un décès avant la naissance : Réessayer garde la fenêtre, Abandonner ne garde rien, Ignorer enregistre.
+    void DateIncoherenteSelonLaReponse() {
+        Base base;
+        Remplir(base);
+        base.Persos[1].Naissance.Date = "10/03/1750";
+        base.Persos[1].Naissance.Annee = 1750;
+        Options o;
+        DialogueFactice d;
+        for (const Bouton reponse : {Bouton::Reessayer, Bouton::Abandonner, Bouton::Ignorer}) {
+            d.messages.clear();
+            d.ReponseSuivante(reponse);
+            FenetreEvenement f(base, o, d, Services());
+            QVERIFY(f.OuvrirActe('D', 1, 0, "D\xE9" "c\xE8s de Jean DUPONT"));
+            f.show();
+            auto* date = Controle<QLineEdit>(f, "Date");
+            QTest::keyClicks(date, "01021749");
+            emit date->editingFinished();
+            QTest::mouseClick(Controle<QPushButton>(f, "BoutonOK"), Qt::LeftButton);
+            QCOMPARE(d.messages.size(), std::size_t(1));
+            QCOMPARE(d.messages[0].titre, std::string("Date incoh\xE9rente"));
+            QCOMPARE(d.messages[0].texte, std::string("La date entr\xE9" "e est incoh\xE9rente.\r\n"
+                                                      "La personne est d\xE9" "c\xE9" "d\xE9" "e avant sa naissance.\r\n"));
+            QCOMPARE(d.messages[0].boutons, Boutons::AbandonnerReessayerIgnorer);
+            const bool garde = reponse == Bouton::Ignorer;
+            QCOMPARE(f.isVisible(), reponse == Bouton::Reessayer);
+            QCOMPARE(base.Persos[1].Deces.Date.str(), std::string(garde ? "01/02/1749" : ""));
+            QCOMPARE(base.FichierModifie, garde ? kVrai : kFaux);
+        }
+    }
+
     void DateGardeeTelleQuelleSansSaisie() {
         Base base;
         Remplir(base);
