@@ -11,6 +11,7 @@
 
 using namespace arbolix;
 
+// bench_lecture [PERSONNES [garder]]
 int main(int argc, char** argv) {
     const std::int32_t personnes = argc > 1 ? std::atoi(argv[1]) : 1'000'000;
     const std::string chemin = "/tmp/arbolix-bench-" + std::to_string(personnes) + ".ged";
@@ -36,6 +37,7 @@ int main(int argc, char** argv) {
                 base.NbFamisReels, r.Journal.size());
     std::printf("m\xC3\xA9moire : pointe %.0f Mo, base %.0f Mo, %.0f octets par personne\n", bench::MemoirePointeMo(),
                 apres - avant, (apres - avant) * 1024 * 1024 / personnes);
-    std::remove(chemin.c_str());
+    // "garder" laisse le fichier pour mesurer son ouverture dans la fenêtre.
+    if (argc <= 2 || std::string(argv[2]) != "garder") std::remove(chemin.c_str());
     return 0;
 }
