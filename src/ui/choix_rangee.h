@@ -1,7 +1,6 @@
-// Choix modal d'une rangée dans une liste de candidats (témoin, parents...).
+// Le choix d'une rangée parmi des candidats (parents, conjoint, enfant, témoin, note).
 #pragma once
 
-#include <QWidget>
 #include <functional>
 #include <optional>
 #include <string>
@@ -10,10 +9,9 @@
 
 namespace arbolix {
 
-// Le choix d'une rangée tel que le demandent les commandes ; les essais en donnent un autre.
+// Le choix d'une rangée tel que le demandent les commandes : la fenêtre de liste,
+// modale ; les essais en donnent un autre. Rend la rangée telle quelle (avec sa
+// queue " P000012"), ou rien si l'on renonce.
 using Choisir = std::function<std::optional<std::string>(const ListeCandidats&)>;
-
-// Rend la rangée choisie telle quelle (avec sa queue " P000012"), ou rien si l'on renonce.
-std::optional<std::string> ChoisirRangee(QWidget* parent, const ListeCandidats& liste);
 
 }  // namespace arbolix

@@ -99,7 +99,7 @@ Fiche::Fiche(QWidget* parent)
     personne_ = new Personne(base_, options_, this);
     invite_ = new InputMsgBox(this);
     inviter_ = [this](Invite& i) { return invite_->Demander(i); };
-    choisir_ = [this](const ListeCandidats& l) { return ChoisirRangee(this, l); };
+    choisir_ = [this](const ListeCandidats& l) { return personne_->ChoisirParmi(l); };
     largeurPerso_ = kLargeurCadrePerso;
     policeConception_ = font();
     CreerIcones();

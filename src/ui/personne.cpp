@@ -68,9 +68,28 @@ void Personne::Cliquer(int rangee) {
     if (q.genre == 'P' && q.numero > 0 && rangee != 0) liste_.Rangees[0].valeur = q.numero;
 }
 
+std::optional<std::string> Personne::ChoisirParmi(const ListeCandidats& candidats) {
+    OuvrirListe(liste_, candidats.genre, candidats.titre, candidats.premiereLigne, true);
+    for (const auto& ligne : candidats.lignes) liste_.Rangees.push_back({ligne, 0});
+    setWindowTitle(VersQString(liste_.Titre));
+    Rafraichir();
+    Choisir(0);
+    choix_.reset();
+    enChoix_ = true;
+    exec();
+    enChoix_ = false;
+    hide();
+    return choix_;
+}
+
 void Personne::DoubleCliquer(int rangee) {
     if (rangee < 0 || rangee >= modele_->rowCount()) return;
     Choisir(rangee);
+    if (enChoix_) {
+        choix_ = liste_.Rangees[static_cast<std::size_t>(rangee)].texte;
+        accept();
+        return;
+    }
     ui_->Liste->setToolTip({});
     const Reaction r = DoubleClic(base_, options_, liste_, static_cast<std::size_t>(rangee));
     if (r.fermer) hide();
@@ -95,6 +114,7 @@ void Personne::keyPressEvent(QKeyEvent* e) {
         return;
     }
     if (e->key() == Qt::Key_Escape) {
+        if (enChoix_) reject();
         hide();
         return;
     }

@@ -4,7 +4,10 @@
 
 #include <QDialog>
 #include <memory>
+#include <optional>
+#include <string>
 
+#include "card/candidats.h"
 #include "lists/listes.h"
 #include "store/base.h"
 #include "store/options.h"
@@ -31,6 +34,10 @@ public:
     void Rafraichir();
     QString Genre() const;
 
+    // La fenêtre sert de sélecteur, modale : les candidats d'un lien (parents, conjoint,
+    // enfant, témoin, note). Rend la rangée du double clic ou d'Entrée, rien sur Échap.
+    std::optional<std::string> ChoisirParmi(const ListeCandidats& candidats);
+
     int RangeeChoisie() const;  // -1 sans choix
     void Choisir(int rangee);
     // Les trois gestes, aussi appelés par les essais.
@@ -53,6 +60,8 @@ private:
     ListePersonne liste_;
     std::unique_ptr<Ui::Personne> ui_;
     ModeleListe* modele_;
+    bool enChoix_ = false;
+    std::optional<std::string> choix_;
 };
 
 }  // namespace arbolix

@@ -10,6 +10,7 @@
 #include <QListView>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QTimer>
 #include <QtTest>
 
 #include "aides/base_essai.h"
@@ -113,6 +114,25 @@ private slots:
         QCOMPARE(Numero(fiche)->text(), QString("24"));
         QCOMPARE(Prenoms(fiche), QString::fromUtf8("Honoré"));
         QVERIFY(d.messages.empty());
+    }
+
+    // Un sélecteur modal : le double clic rend la rangée, Échap ne rend rien, la liste se referme.
+    void ChoixModalParmiDesCandidats() {
+        Base base;
+        Options o;
+        Personne liste(base, o, nullptr);
+        const ListeCandidats candidats{"conjoint", "Conjoint de Jean MARTIN", " Ajouter une nouvelle fiche... P000009",
+                                       {"LAGARDE Anne P000002", "PETIT Marie P000004"}};
+        QTimer::singleShot(0, [&] { DoubleCliquerRangee(liste, "PETIT"); });
+        QCOMPARE(liste.ChoisirParmi(candidats), std::optional<std::string>("PETIT Marie P000004"));
+        QVERIFY(!liste.isVisible());
+        QCOMPARE(liste.windowTitle(), QString("Conjoint de Jean MARTIN"));
+        QCOMPARE(liste.Genre(), QString("conjoint"));
+        QTimer::singleShot(0, [&] { QTest::keyClick(&liste, Qt::Key_Return); });
+        QCOMPARE(liste.ChoisirParmi(candidats), std::optional<std::string>(candidats.premiereLigne));
+        QTimer::singleShot(0, [&] { QTest::keyClick(&liste, Qt::Key_Escape); });
+        QCOMPARE(liste.ChoisirParmi(candidats), std::nullopt);
+        QVERIFY(!liste.isVisible());
     }
 
     void BaseEcriteTouchesCadresEtClics() {
