@@ -335,6 +335,8 @@ ResultatOuverture OuvrirFichier(std::string_view chemin, int mode, const LieuxFi
     }
     if (mode == 3 && !EstImage(*trouve)) return {Ouverture::PasUneImage, *trouve};
     if (mode == 1) dialogue.OuvrirDansProgramme(*trouve);
+    // Les propriétés : le dossier qui tient le fichier, dans le gestionnaire de fichiers.
+    if (mode == 2) dialogue.OuvrirDansProgramme(fs::path(*trouve).parent_path().string());
     return {Ouverture::Ouvert, *trouve};
 }
 

@@ -82,7 +82,7 @@ bool DeplacerLienMedia(Base& base, std::int32_t p, const LigneDivers& ligne, int
                        std::int32_t unionChoisie, Dialogue& dialogue);
 
 // MenuSupprLienImage : un fichier de la personne quitte son rang et les suivants
-// remontent ; un objet média perd le lien de la personne, puis la question de
+// remontent ; un objet média perd le lien là où la ligne le trouve, puis la question de
 // l'objet sans lien est posée quand un Dialogue est donné.
 void SupprimerLienDivers(Base& base, std::int32_t p, const LigneDivers& ligne, Dialogue* dialogue);
 // MenuModifLienImage : le nouveau chemin remplace l'ancien (dans l'objet, au rang qui le porte).
@@ -105,7 +105,8 @@ struct ResultatOuverture {
     std::string chemin;  // le chemin trouvé
 };
 
-// OuvrirFichier : mode 1 ouvre dans le programme par défaut, mode 3 rend le chemin
+// OuvrirFichier : mode 1 ouvre dans le programme par défaut, mode 2 ouvre le
+// dossier du fichier (ses propriétés), mode 3 rend le chemin
 // d'une image à montrer. Un fichier introuvable fait demander s'il faut supprimer le lien.
 ResultatOuverture OuvrirFichier(std::string_view chemin, int mode, const LieuxFichiers& lieux,
                                 Dialogue& dialogue);

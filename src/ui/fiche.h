@@ -9,11 +9,13 @@
 #include "app/messages.h"
 #include "app/zoom.h"
 #include "card/contenu_fiche.h"
+#include "card/medias.h"
 #include "gedcom/lecteur.h"
 #include "gedcom/options_gedcom.h"
 #include "lists/listes.h"
 #include "store/base.h"
 #include "store/options.h"
+#include "ui/choix_rangee.h"
 #include "ui/dialogue_qt.h"
 
 namespace Ui {
@@ -21,6 +23,7 @@ class Fiche;
 }
 
 class QListWidget;
+class QMenu;
 
 namespace arbolix {
 
@@ -49,6 +52,7 @@ public:
     // Pour les tests : un autre Dialogue (faux) à la place des boîtes Qt, une autre invite.
     void RemplacerDialogue(Dialogue* d) { dialogue_ = d; }
     void RemplacerInviter(Inviter i) { inviter_ = std::move(i); }
+    void RemplacerChoisir(Choisir c) { choisir_ = std::move(c); }
 
     // Lit le fichier gedcom().Fichier avec ses cases ; rend faux s'il n'a pas pu l'être.
     bool ChargerFichier(Progression& progression);
@@ -99,6 +103,20 @@ private:
     void PoserEnfants();
     void PoserPhoto();
     void BrancherDivers();  // fiche_divers.cpp
+    void CreerMenuImage();
+    void PoserDivers();
+    void ActualiserDivers();
+    void MontrerImage(const std::string& fichier);
+    LieuxFichiers Lieux() const;
+    std::optional<LigneDivers> LigneDiversChoisie();
+    bool TraiterOuverture(const LigneDivers& ligne, int mode);
+    void BoutonAjouterDivers();
+    void BoutonMenuFich();
+    void MenuModifLienImage(int index);
+    void MenuSupprLienImage();
+    void MenuDupliquerImage();
+    void MenuDeplacerLienImage(int index);
+    bool ToucheNotes(QKeyEvent* k);
     void ColorerSexe();
     void VerrouillerSaisie();
     void AllerA(std::int32_t numero, bool selectionner);
@@ -129,6 +147,8 @@ private:
     Personne* personne_;
     InputMsgBox* invite_;
     Inviter inviter_;
+    Choisir choisir_ = [this](const ListeCandidats& l) { return ChoisirRangee(this, l); };
+    QMenu* menuImage_ = nullptr;
     ReponsesListes reponses_;
     TextesLecture textes_;
     std::filesystem::path ini_;
