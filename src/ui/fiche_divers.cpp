@@ -236,6 +236,8 @@ bool Fiche::ToucheNotes(QKeyEvent* k) {
     if (n == 0) {
         n = NouvelleNote(base_, 'N');
         if (editeur_->OuvrirNote(base_, n, 1, true, *dialogue_)) editeur_->exec();
+        // Annulée sans rien écrire, la nouvelle note n'a pas lieu d'être.
+        if (AbandonnerNote(base_, 'N', n)) return true;
     }
     const std::string lien = "@N" + std::to_string(n) + "@";
     // Le lien est rangé tout de suite, retour de lien compris ; l'enregistrement de la fiche le réécrira tel quel.

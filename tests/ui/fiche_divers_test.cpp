@@ -134,8 +134,13 @@ private slots:
         // Écrit relatif au dossier du fichier, où il se retrouve.
         QCOMPARE(relue.W<QListWidget>("ListeDivers")->item(0)->toolTip(), QString("portrait.png"));
         QVERIFY(relue.PhotoMontree());
-        // Une note existante se choisit par sa rangée, sans éditeur.
+        // L'éditeur annulé : ni note nouvelle ni lien.
         relue.W<QLineEdit>("NumPerso")->setText("2");
+        QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+        QTest::keyClick(relue.W<QPlainTextEdit>("Notes"), Qt::Key_Space);
+        QCOMPARE(relue.W<QPlainTextEdit>("Notes")->toPlainText(), QString());
+        QCOMPARE(relue.fiche.base().NbNotes, 1);
+        // Une note existante se choisit par sa rangée, sans éditeur.
         relue.rangee = 1;
         QTest::keyClick(relue.W<QPlainTextEdit>("Notes"), Qt::Key_Space);
         QCOMPARE(relue.W<QPlainTextEdit>("Notes")->toPlainText(), QString("@N1@"));
