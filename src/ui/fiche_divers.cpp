@@ -37,9 +37,15 @@ private:
 };
 
 // Les destinations de MenuDeplacerLienImage, dans l'ordre de leurs index.
-constexpr const char* kLibellesDeplacer[kDestinationsMedia] = {
-    "la &personne",        "la &naissance", "le &bapt\xEAme", "le &contrat de mariage",
-    "le &mariage",         "le &divorce",   "le &d\xE9" "c\xE8s", "la &s\xE9pulture"};
+constexpr const char* kLibellesDeplacer[kDestinationsMedia] = {"la &personne",
+                                                               "la &naissance",
+                                                               "le &bapt\xEAme",
+                                                               "le &contrat de mariage",
+                                                               "le &mariage",
+                                                               "le &divorce",
+                                                               "le &d\xE9"
+                                                               "c\xE8s",
+                                                               "la &s\xE9pulture"};
 
 constexpr std::string_view kTitreFichierLie = "Fichier li\xE9";
 
@@ -112,7 +118,8 @@ LieuxFichiers Fiche::Lieux() const {
 // La première image de la personne qui se trouve sur le disque.
 void Fiche::PoserPhoto() {
     ui_->Photo->clear();
-    const auto image = PhotoDePersonne(base_, options_, contenu_.Numero, Lieux(), Contexte().ExtensionsImages);
+    const auto image =
+        PhotoDePersonne(base_, options_, contenu_.Numero, Lieux(), Contexte().ExtensionsImages);
     if (image) MontrerImage(*image);
 }
 
@@ -176,9 +183,10 @@ void Fiche::BoutonAjouterDivers() {
 void Fiche::BoutonMenuFich() {
     const auto ligne = LigneDiversChoisie();
     if (!ligne) {
-        dialogue_->Message("Ficher li\xE9",
-                           "Vous devez s\xE9lectionner un lien dans la liste avant de lancer une action dans le menu.",
-                           Icone::Information);
+        dialogue_->Message(
+            "Ficher li\xE9",
+            "Vous devez s\xE9lectionner un lien dans la liste avant de lancer une action dans le menu.",
+            Icone::Information);
         return;
     }
     // Seul le lien d'un objet média se déplace.
@@ -190,9 +198,10 @@ void Fiche::MenuModifLienImage(int index) {
     const auto ligne = LigneDiversChoisie();
     if (!ligne) return;
     const auto chemin =
-        index == 0 ? dialogue_->Saisie(kTitreFichierLie, "Entrez le chemin complet du fichier :", ligne->chemin)
-                   : dialogue_->ChoisirFichierOuvrir("Fichier \xE0 lier...", "Tous les fichiers (*.*)",
-                                                     std::filesystem::path(ligne->chemin).parent_path().string());
+        index == 0
+            ? dialogue_->Saisie(kTitreFichierLie, "Entrez le chemin complet du fichier :", ligne->chemin)
+            : dialogue_->ChoisirFichierOuvrir("Fichier \xE0 lier...", "Tous les fichiers (*.*)",
+                                              std::filesystem::path(ligne->chemin).parent_path().string());
     if (!chemin || chemin->empty()) return;
     ModifierLienDivers(base_, contenu_.Numero, *ligne, *chemin);
     ActualiserDivers();
@@ -229,7 +238,8 @@ bool Fiche::ToucheNotes(QKeyEvent* k) {
     if (k->key() != Qt::Key_Space || !ui_->Notes->toPlainText().isEmpty()) return false;
     if (!ouvert_ || !PersonneExiste(base_, contenu_.Numero)) return false;
     auto lignes = LignesChoixNotes(base_, 'N');
-    ListeCandidats liste{"notes", "Choisissez une note externe", lignes.front(), {lignes.begin() + 1, lignes.end()}};
+    ListeCandidats liste{
+        "notes", "Choisissez une note externe", lignes.front(), {lignes.begin() + 1, lignes.end()}};
     const auto choisie = choisir_(liste);
     if (!choisie) return true;
     std::int32_t n = NumeroDeLigne(*choisie);
@@ -240,7 +250,8 @@ bool Fiche::ToucheNotes(QKeyEvent* k) {
         if (AbandonnerNote(base_, 'N', n)) return true;
     }
     const std::string lien = "@N" + std::to_string(n) + "@";
-    // Le lien est rangé tout de suite, retour de lien compris ; l'enregistrement de la fiche le réécrira tel quel.
+    // Le lien est rangé tout de suite, retour de lien compris ; l'enregistrement de la fiche le réécrira tel
+    // quel.
     ChangerChamp(base_, {false, contenu_.Numero, 0, false}, lien, dialogue_);
     contenu_.Notes = lien;
     ui_->Notes->setPlainText(VersQString(lien));

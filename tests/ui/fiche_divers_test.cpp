@@ -109,7 +109,8 @@ private slots:
             QCOMPARE(VersQString(e.listes[0].premiereLigne), QString("  Ajouter... N000000"));
             QCOMPARE(e.W<QPlainTextEdit>("Notes")->toPlainText(), QString("@N1@"));
             const Base& b = e.fiche.base();
-            QCOMPARE(VersQString(std::as_const(b.Notes)[1].Texte), QString::fromUtf8("Né à Lyon, laboureur."));
+            QCOMPARE(VersQString(std::as_const(b.Notes)[1].Texte),
+                     QString::fromUtf8("Né à Lyon, laboureur."));
             QCOMPARE(std::as_const(b.Notes)[1].LiensPersos(1), 1);
             // Un second blanc, le champ n'étant plus vide, n'ouvre plus la liste.
             QTest::keyClick(e.W<QPlainTextEdit>("Notes"), Qt::Key_Space);
@@ -173,11 +174,13 @@ private slots:
         e.d.messages.clear();
         e.d.ReponseSuivante(Bouton::Non);
         e.Choisir(1);
-        QTest::mouseClick(liste->viewport(), Qt::LeftButton, {}, liste->visualItemRect(liste->item(1)).center());
+        QTest::mouseClick(liste->viewport(), Qt::LeftButton, {},
+                          liste->visualItemRect(liste->item(1)).center());
         QCOMPARE(VersQString(e.d.messages.at(0).titre), QString("Fichier introuvable"));
         QCOMPARE(liste->count(), 2);
         e.Choisir(1);
-        QTest::mouseClick(liste->viewport(), Qt::LeftButton, {}, liste->visualItemRect(liste->item(1)).center());
+        QTest::mouseClick(liste->viewport(), Qt::LeftButton, {},
+                          liste->visualItemRect(liste->item(1)).center());
         QCOMPARE(liste->count(), 1);
 
         // Modifier par la saisie du chemin, puis supprimer.
