@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "card/medias.h"
 #include "dates/calendrier_gregorien.h"
 #include "lists/rangees.h"
 #include "store/chaines.h"
@@ -17,27 +18,6 @@ constexpr std::string_view kBulleNoteExterne =
     "der \xE0 la note externe.";
 constexpr std::string_view kBulleNoteInterne = "Touche Espace pour ajouter une note externe.";
 
-// Les évènements d'une personne et d'une famille, avec le symbole qui ouvre leurs rangées de fichiers.
-struct ActePerso {
-    Acte Perso::*acte;
-    std::string Options::*symbole;
-};
-constexpr ActePerso kActesPerso[] = {
-    {&Perso::Naissance, &Options::SymbNais},
-    {&Perso::Bapteme, &Options::SymbBapt},
-    {&Perso::Deces, &Options::SymbDece},
-    {&Perso::Sepulture, &Options::SymbSepu},
-};
-struct ActeFami {
-    Acte Fami::*acte;
-    std::string Options::*symbole;
-};
-constexpr ActeFami kActesFami[] = {
-    {&Fami::Contrat, &Options::SymbCoMa},
-    {&Fami::Mariage, &Options::SymbMari},
-    {&Fami::Divorce, &Options::SymbDivo},
-};
-
 std::string SansEsperluette(std::string_view s) {
     return Remplacer(s, "&", "");
 }
@@ -46,50 +26,6 @@ std::string SansEsperluette(std::string_view s) {
 std::string DateDeModif(double jours) {
     const auto d = DateDuNumero(static_cast<std::int64_t>(jours));
     return d ? FormatDateCourte(*d) : std::string();
-}
-
-// Un fichier lié à la personne : directement, par un objet média, ou par un évènement.
-struct FichierLie {
-    std::string prefixe;  // premier caractère du symbole de l'évènement et un blanc, ou rien
-    std::string chemin;
-    char genre;  // 'P' fichier de la personne, 'M' fichier d'un objet média
-    std::int32_t numero;
-};
-
-void AjouterFichiersMedia(const Base& base, std::int32_t m, const std::string& prefixe,
-                          std::vector<FichierLie>& fichiers) {
-    if (m <= 0 || m > base.Medias.Haut()) return;
-    for (const auto& [i, chemin] : base.Medias[m].Fichiers)
-        if (!chemin.empty()) fichiers.push_back({prefixe, chemin.str(), 'M', m});
-}
-
-void AjouterMediasActe(const Base& base, const Acte& acte, const std::string& symbole,
-                       std::vector<FichierLie>& fichiers) {
-    const std::string prefixe = symbole.empty() ? std::string() : std::string(1, symbole[0]) + " ";
-    for (const auto& [i, m] : acte.Liens().Medias) AjouterFichiersMedia(base, m, prefixe, fichiers);
-}
-
-std::vector<FichierLie> FichiersLies(const Base& base, const Options& options, std::int32_t n) {
-    std::vector<FichierLie> fichiers;
-    const Perso& p = PersoLu(base, n);
-    for (const auto& [i, chemin] : p.Suite().Fichiers)
-        if (!chemin.empty()) fichiers.push_back({{}, chemin.str(), 'P', n});
-    for (const auto& [i, m] : p.Suite().ObjetsMedia) AjouterFichiersMedia(base, m, {}, fichiers);
-    for (const auto& a : kActesPerso) AjouterMediasActe(base, p.*(a.acte), options.*(a.symbole), fichiers);
-    for (int u = 1; u <= kMaxUnions; ++u) {
-        if (p.Unions[u] == 0) continue;
-        const Fami& f = FamiLue(base, p.Unions[u]);
-        for (const auto& a : kActesFami) AjouterMediasActe(base, f.*(a.acte), options.*(a.symbole), fichiers);
-    }
-    return fichiers;
-}
-
-bool ExtensionImage(std::string_view chemin, std::string_view extensions) {
-    const auto point = chemin.rfind('.');
-    if (point == std::string_view::npos) return false;
-    const std::string ext = EnMinuscules(chemin.substr(point + 1));
-    if (ext.empty() || ext.find(';') != std::string::npos) return false;
-    return EnMinuscules(extensions).find(";" + ext + ";") != std::string::npos;
 }
 
 }  // namespace
@@ -213,14 +149,13 @@ void CalculerEnfants(const Base& base, const ContexteFiche& ctx, std::int32_t f,
 
 std::vector<RangeeFiche> CalculerDivers(const Base& base, const ContexteFiche& ctx, std::int32_t n) {
     std::vector<RangeeFiche> rangees;
-    for (const auto& f : FichiersLies(base, ctx.options, n))
-        rangees.push_back({f.prefixe + f.chemin + Queue(f.genre, f.numero), f.chemin});
+    for (auto& l : LignesDivers(base, ctx.options, n)) rangees.push_back({std::move(l.texte), std::move(l.chemin)});
     return rangees;
 }
 
 std::string PremiereImage(const Base& base, const ContexteFiche& ctx, std::int32_t n) {
-    for (const auto& f : FichiersLies(base, ctx.options, n))
-        if (ExtensionImage(f.chemin, ctx.ExtensionsImages)) return f.chemin;
+    for (auto& l : LignesDivers(base, ctx.options, n))
+        if (EstImage(l.chemin, ctx.ExtensionsImages)) return std::move(l.chemin);
     return {};
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "card/lignes_personne.h"
+#include "card/medias.h"
 #include "store/base.h"
 #include "store/options.h"
 
@@ -27,7 +28,7 @@ struct ContexteFiche {
     std::string DesEnfants = "enfants";
     Largeur LargeurActe;               // largeur de l'étiquette Naissance moins une marge
     bool ListeEnfantsOuverte = false;  // la fenêtre Personne montre une liste "enfants"
-    std::string ExtensionsImages = "0;png;jpg;jpeg;gif;bmp;webp;";
+    std::string ExtensionsImages{kExtensionsImages};
 };
 
 // Une rangée de liste de la fiche et son infobulle.

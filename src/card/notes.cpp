@@ -217,6 +217,19 @@ void Decompter(std::int32_t& nb, std::int32_t& reels, std::int32_t numero) {
     if (numero == nb) --nb;
 }
 
+void EffacerNote(Base& base, char genre, std::int32_t numero) {
+    NoteExt& e = NotesDuGenre(base, genre)[numero];
+    e.Titre.clear();
+    e.Texte.clear();
+    e.Sel = kFaux;
+    e.SelAvant = kFaux;
+    if (genre == 'S')
+        Decompter(base.NbSources, base.NbSourcesReelles, numero);
+    else
+        Decompter(base.NbNotes, base.NbNotesReelles, numero);
+    base.FichierModifie = kVrai;
+}
+
 bool SupprimerMedia(Base& base, std::int32_t m, Dialogue& dialogue) {
     const ObjetMedia& lu = std::as_const(base.Medias)[m];
     if (ALiens(lu.LiensPersos, lu.LiensFamis) || lu.NumNote > 0 || lu.NumSource > 0) return false;
@@ -238,6 +251,14 @@ bool SupprimerMedia(Base& base, std::int32_t m, Dialogue& dialogue) {
 
 }  // namespace
 
+bool AbandonnerNote(Base& base, char genre, std::int32_t numero) {
+    if (genre == 'M' || !DansTableau(numero, Haut(base, genre))) return false;
+    const NoteExt& lu = std::as_const(NotesDuGenre(base, genre))[numero];
+    if (ALiens(lu.LiensPersos, lu.LiensFamis) || !lu.Titre.empty() || !lu.Texte.empty()) return false;
+    EffacerNote(base, genre, numero);
+    return true;
+}
+
 bool SupprimerOrpheline(Base& base, char genre, std::int32_t numero, Dialogue& dialogue) {
     if (!DansTableau(numero, Haut(base, genre))) return false;
     if (genre == 'M') return SupprimerMedia(base, numero, dialogue);
@@ -248,16 +269,7 @@ bool SupprimerOrpheline(Base& base, char genre, std::int32_t numero, Dialogue& d
         lu.Titre + "\r\n" + lu.Texte + "\r\n n'a plus aucun lien.\r\nVoulez-vous la supprimer ?";
     const char* titre = source ? "Source externe sans lien" : "Note externe sans lien";
     if (dialogue.Message(titre, texte, Icone::Question, Boutons::OuiNon) != Bouton::Oui) return false;
-    NoteExt& e = NotesDuGenre(base, genre)[numero];
-    e.Titre.clear();
-    e.Texte.clear();
-    e.Sel = kFaux;
-    e.SelAvant = kFaux;
-    if (source)
-        Decompter(base.NbSources, base.NbSourcesReelles, numero);
-    else
-        Decompter(base.NbNotes, base.NbNotesReelles, numero);
-    base.FichierModifie = kVrai;
+    EffacerNote(base, genre, numero);
     return true;
 }
 

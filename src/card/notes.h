@@ -52,6 +52,10 @@ std::int32_t NouvelleNote(Base& base, char genre);
 // faut la supprimer ; Oui l'efface. Rend vrai quand elle a été effacée.
 bool SupprimerOrpheline(Base& base, char genre, std::int32_t numero, Dialogue& dialogue);
 
+// Une note ('N') ou source ('S') vide et sans lien, telle qu'une création que
+// l'éditeur a laissée sans texte, s'efface sans question. Rend vrai quand elle l'a été.
+bool AbandonnerNote(Base& base, char genre, std::int32_t numero);
+
 // Le bouton OK de l'éditeur sur la note ou source numero (-1 : la note du fichier).
 // Un titre qui nomme un fichier texte existant fait lire ce fichier dans le texte,
 // coupé en lignes de 75 caractères, 9 lignes au plus. Sel suit la personne affichée.

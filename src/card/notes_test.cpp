@@ -168,6 +168,19 @@ TEST(NotesExternes, NouvelleNoteAuDessusDuHautEtSelectionnee) {
     EXPECT_EQ(b.NbSourcesReelles, 1);
 }
 
+TEST(NotesExternes, NouvelleNoteAbandonneeSeulementVideEtSansLien) {
+    PetiteBase t;
+    ChangerChamp(t.b, NotePerso(1), "@N2@", nullptr);
+    t.b.Notes[3].Titre = "Gard\xE9" "e";
+    EXPECT_FALSE(AbandonnerNote(t.b, 'N', 2)) << "liée";
+    EXPECT_FALSE(AbandonnerNote(t.b, 'N', 3)) << "titrée";
+    const std::int32_t n = NouvelleNote(t.b, 'N');
+    EXPECT_TRUE(AbandonnerNote(t.b, 'N', n));
+    EXPECT_EQ(t.b.NbNotes, 3);
+    EXPECT_EQ(t.b.NbNotesReelles, 3);
+    EXPECT_EQ(t.N(n), NoteExt{});
+}
+
 TEST(NotesExternes, ModifierNoteDepuisLEditeur) {
     PetiteBase t;
     t.b.NumCourant = 2;

@@ -60,13 +60,8 @@ std::vector<std::string> FichiersDuDossier(const std::string& dossier, std::opti
 }
 
 void CreerPersonne(Base& base, const std::string& chemin, bool reutiliserLibres) {
-    const std::int32_t p = NouvellePersonne(base, true, reutiliserLibres);
-    Perso& pe = base.Persos[p];
-    pe.Nom = "IMAGE";
-    pe.NomTri = NomTri("IMAGE");
-    pe.CodeNom = "I520";
-    pe.Prenoms = "Image";
-    pe.SuiteModif().Fichiers.Fixer(1, Texte(chemin));
+    const std::int32_t p = NouvellePersonneImage(base, reutiliserLibres);
+    base.Persos[p].SuiteModif().Fichiers.Fixer(1, Texte(chemin));
 }
 
 }  // namespace

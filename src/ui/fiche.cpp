@@ -442,12 +442,7 @@ void Fiche::PoserContenu() {
         item->setToolTip(VersQString(r.bulle));
     }
     PoserEnfants();
-    ui_->ListeDivers->clear();
-    for (const auto& r : c.Divers) {
-        auto* item = new QListWidgetItem(VersQString(r.texte), ui_->ListeDivers);
-        item->setToolTip(VersQString(r.bulle));
-    }
-    PoserPhoto();
+    PoserDivers();
     ActiverBoutonsLiens();
     ui_->DefilV->verticalScrollBar()->setValue(0);
 }

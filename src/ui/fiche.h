@@ -12,6 +12,7 @@
 #include "card/contenu_fiche.h"
 #include "card/edition_liens.h"
 #include "card/enregistrer_fiche.h"
+#include "card/medias.h"
 #include "gedcom/lecteur.h"
 #include "gedcom/options_gedcom.h"
 #include "lists/listes.h"
@@ -27,6 +28,7 @@ class Fiche;
 class QKeyEvent;
 class QLineEdit;
 class QListWidget;
+class QMenu;
 
 namespace arbolix {
 
@@ -115,6 +117,20 @@ private:
     void PoserEnfants();
     void PoserPhoto();
     void BrancherDivers();  // fiche_divers.cpp
+    void CreerMenuImage();
+    void PoserDivers();
+    void ActualiserDivers();
+    void MontrerImage(const std::string& fichier);
+    LieuxFichiers Lieux() const;
+    std::optional<LigneDivers> LigneDiversChoisie();
+    bool TraiterOuverture(const LigneDivers& ligne, int mode);
+    void BoutonAjouterDivers();
+    void BoutonMenuFich();
+    void MenuModifLienImage(int index);
+    void MenuSupprLienImage();
+    void MenuDupliquerImage();
+    void MenuDeplacerLienImage(int index);
+    bool ToucheNotes(QKeyEvent* k);
     void ColorerSexe();
 
     // Saisie et liens (fiche_edition.cpp).
@@ -166,6 +182,7 @@ private:
     Choisir choisir_;
     std::vector<ChampFrappe> champsSaisis_;
     bool retape_ = false;  // une touche corrigée repasse par son contrôle
+    QMenu* menuImage_ = nullptr;
     ReponsesListes reponses_;
     TextesLecture textes_;
     std::filesystem::path ini_;
