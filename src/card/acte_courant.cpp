@@ -3,6 +3,7 @@
 #include <array>
 
 #include "card/liens.h"
+#include "card/notes.h"
 #include "dates/cle_date.h"
 #include "store/chaines.h"
 
@@ -11,13 +12,13 @@ namespace arbolix {
 namespace {
 
 constexpr std::array<GenreActe, 8> kGenres{{
-    {'N', "Naissance de ", &Perso::Naissance, nullptr},
-    {'B', "Bapt\xEAme de ", &Perso::Bapteme, nullptr},
-    {'D', "D\xE9" "c\xE8s de ", &Perso::Deces, nullptr},
-    {'S', "S\xE9pulture de ", &Perso::Sepulture, nullptr},
-    {'M', "Mariage de ", nullptr, &Fami::Mariage},
-    {'C', "Contrat de mariage de ", nullptr, &Fami::Contrat},
-    {'X', "Divorce de ", nullptr, &Fami::Divorce},
+    {'N', "Naissance de ", &Perso::Naissance, nullptr, 1},
+    {'B', "Bapt\xEAme de ", &Perso::Bapteme, nullptr, 2},
+    {'D', "D\xE9" "c\xE8s de ", &Perso::Deces, nullptr, 3},
+    {'S', "S\xE9pulture de ", &Perso::Sepulture, nullptr, 4},
+    {'M', "Mariage de ", nullptr, &Fami::Mariage, 2},
+    {'C', "Contrat de mariage de ", nullptr, &Fami::Contrat, 1},
+    {'X', "Divorce de ", nullptr, &Fami::Divorce, 3},
     {'Z', "Conversion du calendrier r\xE9publicain", nullptr, nullptr},
 }};
 
@@ -89,12 +90,21 @@ std::string LigneTemoinChoisi(std::string_view candidat) {
 }
 
 void EnregistrerActe(Base& base, char genre, std::int32_t p, std::int32_t f, std::string_view age,
-                     double maintenant) {
+                     double maintenant, Dialogue* dialogue) {
     Acte* cible = ActeDuGenre(base, genre, p, f);
     if (!cible) return;
-    *cible = base.ActeCourant;
     const GenreActe* g = TrouverGenre(genre);
-    if (g->champFami) {
+    // Note et source passent par leurs champs de lien, pour que les retours suivent.
+    const Texte notes = base.ActeCourant.Notes, source = base.ActeCourant.Source;
+    const Texte anciennesNotes = cible->Notes, ancienneSource = cible->Source;
+    *cible = base.ActeCourant;
+    cible->Notes = anciennesNotes;
+    cible->Source = ancienneSource;
+    const bool famille = g->champFami != nullptr;
+    const std::int32_t qui = famille ? f : p;
+    ChangerChamp(base, ChampLien{famille, qui, g->rang, false}, notes.vue(), dialogue);
+    ChangerChamp(base, ChampLien{famille, qui, g->rang, true}, source.vue(), dialogue);
+    if (famille) {
         const Fami& fa = base.Familles[f];
         if (fa.Mari > 0) TrierUnions(base, fa.Mari);
         if (fa.Femme > 0) TrierUnions(base, fa.Femme);

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/dialogue.h"
 #include "store/base.h"
 
 namespace arbolix {
@@ -17,6 +18,7 @@ struct GenreActe {
     std::string_view titre;  // début du titre de la fenêtre, avant le nom
     Acte Perso::*champPerso;
     Acte Fami::*champFami;
+    int rang = 0;  // l'évènement dans les champs de lien : 1..4 d'une personne, 1..3 d'une famille
 };
 
 // nul pour une lettre inconnue.
@@ -57,11 +59,12 @@ Temoin TemoinDeLigne(std::string_view ligne);
 // le rôle par défaut s'insère avant la fin.
 std::string LigneTemoinChoisi(std::string_view candidat);
 
-// Range base.ActeCourant dans la fiche (la partie date est déjà faite) : tri des
-// unions après un évènement de famille, date de modification, naissance estimée
-// d'après l'âge quand elle manque, FichierModifie. Rien pour Z. La vérification
-// de cohérence des dates n'est pas faite ici : ces règles ne sont pas encore écrites.
+// Range base.ActeCourant dans la fiche (la partie date est déjà faite, la cohérence
+// vérifiée par l'appelant) : retours de liens des notes et sources externes, tri
+// des unions après un évènement de famille, date de modification, naissance
+// estimée d'après l'âge quand elle manque, FichierModifie. Rien pour Z. Une note
+// ou source qui perd son dernier lien fait poser la question quand un Dialogue est donné.
 void EnregistrerActe(Base& base, char genre, std::int32_t p, std::int32_t f, std::string_view age,
-                     double maintenant);
+                     double maintenant, Dialogue* dialogue = nullptr);
 
 }  // namespace arbolix

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "aides/dialogue_factice.h"
 #include "dates/cle_date.h"
 
 namespace arbolix {
@@ -80,6 +81,44 @@ TEST(EnregistrerActe, ConversionNeRangeRien) {
     EnregistrerActe(base, 'Z', 1, 0, "", 45000);
     EXPECT_EQ(base.FichierModifie, kFaux);
     EXPECT_TRUE(base.Persos[1].Naissance.Date.empty());
+}
+
+// Une note et une source externes d'un évènement : leurs retours de liens suivent le texte rangé.
+TEST(EnregistrerActe, NotesEtSourcesExternesGardentLeursRetours) {
+    Base base;
+    base.NbPersos = 1;
+    base.Persos[1].Prenoms = "Jean";
+    base.NbFamis = 1;
+    base.Familles[1].Mari = 1;
+    base.Persos[1].Unions[1] = 1;
+    base.NbNotes = base.NbNotesReelles = 2;
+    base.NbSources = base.NbSourcesReelles = 1;
+    base.Notes[1].Texte = "premier";
+    base.Notes[2].Texte = "second";
+    base.Sources[1].Texte = "registre";
+    base.ActeCourant.Notes = "@N1@";
+    base.ActeCourant.Source = "@S1@";
+    EnregistrerActe(base, 'D', 1, 0, "", 45000);
+    EXPECT_EQ(base.Persos[1].Deces.Notes, "@N1@");
+    EXPECT_EQ(base.Notes[1].LiensPersos(1), 1);
+    EXPECT_EQ(base.Sources[1].LiensPersos(1), 1);
+    // Une autre note : la première perd son lien et la question est posée.
+    DialogueFactice d;
+    d.ReponseSuivante(Bouton::Non);
+    base.ActeCourant = base.Persos[1].Deces;
+    base.ActeCourant.Notes = "@N2@";
+    EnregistrerActe(base, 'D', 1, 0, "", 45000, &d);
+    EXPECT_EQ(base.Notes[1].LiensPersos(1), 0);
+    EXPECT_EQ(base.Notes[2].LiensPersos(1), 1);
+    EXPECT_EQ(base.Sources[1].LiensPersos(1), 1);
+    ASSERT_EQ(d.messages.size(), 1u);
+    EXPECT_EQ(d.messages[0].titre, "Note externe sans lien");
+    // Un évènement de famille lie la famille.
+    base.ActeCourant = Acte{};
+    base.ActeCourant.Source = "@S1@";
+    EnregistrerActe(base, 'M', 1, 1, "", 45000);
+    EXPECT_EQ(base.Sources[1].LiensFamis(1), 1);
+    EXPECT_EQ(base.Familles[1].Mariage.Source, "@S1@");
 }
 
 }  // namespace

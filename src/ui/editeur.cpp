@@ -175,4 +175,24 @@ void Editeur::BoutonEnreg() {
     if (chemin) EcrireFichierTexte(*chemin, DepuisControle(texte_->toPlainText()));
 }
 
+std::optional<std::string> ChoisirLienExterne(Base& base, char genre, const Choisir& choisir, Editeur& editeur,
+                                              Dialogue& dialogue) {
+    const std::vector<std::string> lignes = LignesChoixNotes(base, genre);
+    const bool source = genre == 'S';
+    const ListeCandidats liste{source ? "sources" : "notes",
+                               source ? "Choisissez une source externe" : "Choisissez une note externe",
+                               lignes.front(),
+                               {lignes.begin() + 1, lignes.end()}};
+    const auto choisie = choisir(liste);
+    if (!choisie) return std::nullopt;
+    std::int32_t n = NumeroDeLigne(*choisie);
+    if (n == 0) {
+        n = NouvelleNote(base, genre);
+        if (editeur.OuvrirNote(base, n, source ? 2 : 1, true, dialogue)) editeur.exec();
+        // Annulée sans rien écrire, la nouvelle fiche n'a pas lieu d'être.
+        if (AbandonnerNote(base, genre, n)) return std::nullopt;
+    }
+    return "@" + std::string(1, genre) + std::to_string(n) + "@";
+}
+
 }  // namespace arbolix

@@ -8,11 +8,14 @@
 #include <QPushButton>
 
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "card/notes.h"
 #include "platform/dialogue.h"
 #include "store/base.h"
+#include "ui/choix_rangee.h"
 
 namespace arbolix {
 
@@ -61,5 +64,12 @@ private:
     std::int32_t numero_ = 0;
     ChampLien champ_;
 };
+
+// Un blanc dans un champ de note ('N') ou de source ('S') vide : la liste des notes
+// ou sources externes, dont la première rangée en crée une nouvelle dans l'éditeur.
+// Rend le lien "@N12@" à écrire dans le champ ; rien si l'on renonce, ou si la
+// nouvelle fiche est laissée vide (elle disparaît alors).
+std::optional<std::string> ChoisirLienExterne(Base& base, char genre, const Choisir& choisir, Editeur& editeur,
+                                              Dialogue& dialogue);
 
 }  // namespace arbolix

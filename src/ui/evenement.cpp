@@ -5,6 +5,9 @@
 #include "card/acte_courant.h"
 #include "platform/qt_texte.h"
 #include "store/chaines.h"
+#include "card/lignes_personne.h"
+#include "ui/editeur.h"
+#include "ui/filtre_touches.h"
 #include "ui/listes_qt.h"
 #include "verify/coherence.h"
 #include "ui_evenement.h"
@@ -52,6 +55,50 @@ FenetreEvenement::FenetreEvenement(Base& base, const Options& options, Dialogue&
     connect(ui_->Date, &QLineEdit::editingFinished, this, &FenetreEvenement::QuitterDate);
     connect(ui_->Age, &QLineEdit::editingFinished, this, &FenetreEvenement::QuitterAge);
     // Le bouton de recherche sur le web et la conversion républicaine ne sont pas encore là : rien ne les montre.
+    // Note et source : un blanc dans le champ vide choisit une fiche externe, Entrée ouvre celle du lien.
+    ui_->Notes->installEventFilter(new FiltreTouches(this, [this](QKeyEvent* k) { return ToucheLien('N', k); }));
+    for (QObject* o : {static_cast<QObject*>(ui_->Source), static_cast<QObject*>(ui_->Source->lineEdit())})
+        o->installEventFilter(new FiltreTouches(this, [this](QKeyEvent* k) { return ToucheLien('S', k); }));
+    ui_->Notes->viewport()->installEventFilter(this);
+}
+
+bool FenetreEvenement::eventFilter(QObject* objet, QEvent* e) {
+    if (objet == ui_->Notes->viewport() && e->type() == QEvent::MouseButtonDblClick &&
+        LienExterne(TexteLien('N'), 'N') > 0) {
+        OuvrirLien('N');
+        return true;
+    }
+    return QDialog::eventFilter(objet, e);
+}
+
+std::string FenetreEvenement::TexteLien(char genre) const {
+    return genre == 'S' ? DepuisQString(ui_->Source->currentText()) : DepuisCase(ui_->Notes->toPlainText());
+}
+
+bool FenetreEvenement::ToucheLien(char genre, QKeyEvent* k) {
+    const std::string texte = TexteLien(genre);
+    const bool entree = k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter;
+    if (entree && LienExterne(texte, genre) > 0) {
+        OuvrirLien(genre);
+        return true;
+    }
+    if (k->key() != Qt::Key_Space || !texte.empty() || !services_.choisir) return false;
+    Editeur editeur(this);
+    const auto lien = ChoisirLienExterne(base_, genre, services_.choisir, editeur, dialogue_);
+    if (!lien) return true;
+    if (genre == 'S')
+        ui_->Source->setEditText(VersQString(*lien));
+    else
+        ui_->Notes->setPlainText(VersQString(*lien));
+    return true;
+}
+
+// La note ou source du lien, dans l'éditeur ; le lien lui-même ne change pas.
+void FenetreEvenement::OuvrirLien(char genre) {
+    const std::int32_t n = LienExterne(TexteLien(genre), genre);
+    if (n <= 0) return;
+    Editeur editeur(this);
+    if (editeur.OuvrirNote(base_, n, genre == 'S' ? 2 : 1, true, dialogue_)) editeur.exec();
 }
 
 FenetreEvenement::~FenetreEvenement() = default;
@@ -221,7 +268,8 @@ void FenetreEvenement::BoutonOK() {
         }
         if (b == Bouton::Reessayer) return;
     }
-    EnregistrerActe(base_, genre_, personne_, famille_, champs.Age, services_.maintenant ? services_.maintenant() : 0);
+    EnregistrerActe(base_, genre_, personne_, famille_, champs.Age, services_.maintenant ? services_.maintenant() : 0,
+                    &dialogue_);
     accept();
 }
 

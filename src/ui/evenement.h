@@ -54,6 +54,7 @@ public slots:
 
 protected:
     void keyPressEvent(QKeyEvent* evenement) override;
+    bool eventFilter(QObject* objet, QEvent* e) override;
 
 private:
     void DateModifiee(const QString& texte);
@@ -64,6 +65,10 @@ private:
     void MontrerChamps(const ChampsDate& champs);
     ContexteSaisie Contexte() const;
     void AjouterLigneTemoin(const std::string& ligne);
+    // Lien vers une note ('N') ou source ('S') externe : choix au blanc, ouverture à Entrée.
+    std::string TexteLien(char genre) const;
+    bool ToucheLien(char genre, QKeyEvent* k);
+    void OuvrirLien(char genre);
 
     std::unique_ptr<Ui::Evenement> ui_;
     Base& base_;

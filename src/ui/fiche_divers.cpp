@@ -13,28 +13,12 @@
 #include "platform/qt_texte.h"
 #include "ui/editeur.h"
 #include "ui/fiche.h"
+#include "ui/filtre_touches.h"
 #include "ui_fiche.h"
 
 namespace arbolix {
 
 namespace {
-
-// Un filtre d'évènements qui confie les touches à une fonction de la fiche (eventFilter reste celui de
-// fiche.cpp).
-class FiltreTouches : public QObject {
-public:
-    FiltreTouches(QObject* parent, std::function<bool(QKeyEvent*)> touche)
-        : QObject(parent), touche_(std::move(touche)) {}
-
-protected:
-    bool eventFilter(QObject* objet, QEvent* e) override {
-        if (e->type() == QEvent::KeyPress && touche_(static_cast<QKeyEvent*>(e))) return true;
-        return QObject::eventFilter(objet, e);
-    }
-
-private:
-    std::function<bool(QKeyEvent*)> touche_;
-};
 
 // Les destinations de MenuDeplacerLienImage, dans l'ordre de leurs index.
 constexpr const char* kLibellesDeplacer[kDestinationsMedia] = {"la &personne",
@@ -237,24 +221,13 @@ void Fiche::MenuDeplacerLienImage(int index) {
 bool Fiche::ToucheNotes(QKeyEvent* k) {
     if (k->key() != Qt::Key_Space || !ui_->Notes->toPlainText().isEmpty()) return false;
     if (!ouvert_ || !PersonneExiste(base_, contenu_.Numero)) return false;
-    auto lignes = LignesChoixNotes(base_, 'N');
-    ListeCandidats liste{
-        "notes", "Choisissez une note externe", lignes.front(), {lignes.begin() + 1, lignes.end()}};
-    const auto choisie = choisir_(liste);
-    if (!choisie) return true;
-    std::int32_t n = NumeroDeLigne(*choisie);
-    if (n == 0) {
-        n = NouvelleNote(base_, 'N');
-        if (editeur_->OuvrirNote(base_, n, 1, true, *dialogue_)) editeur_->exec();
-        // Annulée sans rien écrire, la nouvelle note n'a pas lieu d'être.
-        if (AbandonnerNote(base_, 'N', n)) return true;
-    }
-    const std::string lien = "@N" + std::to_string(n) + "@";
+    const auto lien = ChoisirLienExterne(base_, 'N', choisir_, *editeur_, *dialogue_);
+    if (!lien) return true;
     // Le lien est rangé tout de suite, retour de lien compris ; l'enregistrement de la fiche le réécrira tel
     // quel.
-    ChangerChamp(base_, {false, contenu_.Numero, 0, false}, lien, dialogue_);
-    contenu_.Notes = lien;
-    ui_->Notes->setPlainText(VersQString(lien));
+    ChangerChamp(base_, {false, contenu_.Numero, 0, false}, *lien, dialogue_);
+    contenu_.Notes = *lien;
+    ui_->Notes->setPlainText(VersQString(*lien));
     base_.FichierModifie = kVrai;
     ActualiserTitre();
     return true;

@@ -8,6 +8,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QPlainTextEdit>
+#include <QTimer>
 #include <QTest>
 
 #include "aides/dialogue_factice.h"
@@ -231,6 +233,50 @@ private slots:
             QCOMPARE(base.Persos[1].Deces.Date.str(), std::string(garde ? "01/02/1749" : ""));
             QCOMPARE(base.FichierModifie, garde ? kVrai : kFaux);
         }
+    }
+
+    // Un blanc dans la source vide choisit une source existante ; dans la note vide, « Ajouter » en crée une
+    // dans l'éditeur. OK range les deux liens avec leurs retours.
+    void NoteEtSourceExternesChoisiesAuBlanc() {
+        Base base;
+        Remplir(base);
+        base.NbSources = base.NbSourcesReelles = 1;
+        base.Sources[1].Titre = "Registre de Sarlat";
+        Options o;
+        DialogueFactice d;
+        std::vector<ListeCandidats> vues;
+        ServicesEvenement s = Services();
+        s.choisir = [&vues](const ListeCandidats& l) -> std::optional<std::string> {
+            vues.push_back(l);
+            return l.genre == "sources" ? l.lignes.front() : l.premiereLigne;
+        };
+        FenetreEvenement f(base, o, d, s);
+        QVERIFY(f.OuvrirActe('N', 1, 0, "Naissance de Jean DUPONT"));
+        f.show();
+        auto* source = Controle<QComboBox>(f, "Source");
+        source->setFocus();
+        QTest::keyClick(source, Qt::Key_Space);
+        QCOMPARE(source->currentText(), QStringLiteral("@S1@"));
+        QTimer::singleShot(0, [] {
+            QWidget* editeur = QApplication::activeModalWidget();
+            QVERIFY(editeur);
+            editeur->findChild<QPlainTextEdit*>("Texte")->setPlainText("Acte en marge");
+            QTest::mouseClick(editeur->findChild<QPushButton*>("BoutonOK"), Qt::LeftButton);
+        });
+        auto* notes = Controle<QPlainTextEdit>(f, "Notes");
+        notes->setFocus();
+        QTest::keyClick(notes, Qt::Key_Space);
+        QCOMPARE(notes->toPlainText(), QStringLiteral("@N1@"));
+        QCOMPARE(vues.size(), std::size_t(2));
+        QCOMPARE(vues[0].titre, std::string("Choisissez une source externe"));
+        QCOMPARE(vues[1].titre, std::string("Choisissez une note externe"));
+        QTest::mouseClick(Controle<QPushButton>(f, "BoutonOK"), Qt::LeftButton);
+        const Acte& n = base.Persos[1].Naissance;
+        QCOMPARE(n.Source.str(), std::string("@S1@"));
+        QCOMPARE(n.Notes.str(), std::string("@N1@"));
+        QCOMPARE(base.Notes[1].Texte.str(), std::string("Acte en marge"));
+        QCOMPARE(base.Sources[1].LiensPersos(1), 1);
+        QCOMPARE(base.Notes[1].LiensPersos(1), 1);
     }
 
     void DateGardeeTelleQuelleSansSaisie() {
