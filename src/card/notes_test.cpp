@@ -113,10 +113,11 @@ TEST(NotesExternes, AuDelaDeNeufLeLienResteSansRetourPuisReprendUnePlaceLiberee)
 TEST(NotesExternes, SuiteAuHasardGardeLesRetours) {
     PetiteBase t(12);
     DialogueFactice d;  // répond Oui : des notes s'effacent puis sont reliées
+    const Options options;
     std::mt19937 alea(20240405);
     const auto tirer = [&](int a, int b) { return std::uniform_int_distribution<int>(a, b)(alea); };
     for (int pas = 0; pas < 600; ++pas) {
-        const int quoi = tirer(0, 9);
+        const int quoi = tirer(0, 11);
         if (quoi < 7) {
             ChampLien c;
             c.famille = tirer(0, 3) == 0;
@@ -129,8 +130,21 @@ TEST(NotesExternes, SuiteAuHasardGardeLesRetours) {
             ChangerChamp(t.b, c, lien, tirer(0, 1) ? &d : nullptr);
         } else if (quoi < 9) {
             LierMedia(t.b, tirer(1, 12), tirer(0, 4), tirer(1, 2));
-        } else {
+        } else if (quoi < 10) {
             DelierMedia(t.b, tirer(1, 12), tirer(0, 4), tirer(1, 2));
+        } else {
+            // Les commandes de la liste des fichiers : déplacer ou supprimer un lien d'objet média.
+            const std::int32_t p = tirer(1, 12);
+            std::vector<LigneDivers> medias;
+            for (const auto& l : LignesDivers(t.b, options, p))
+                if (l.genre == 'M') medias.push_back(l);
+            if (!medias.empty()) {
+                const LigneDivers& l = medias[static_cast<std::size_t>(tirer(0, static_cast<int>(medias.size()) - 1))];
+                if (quoi == 10)
+                    DeplacerLienMedia(t.b, p, l, tirer(0, kDestinationsMedia - 1), 0, d);
+                else
+                    SupprimerLienDivers(t.b, p, l, tirer(0, 1) ? &d : nullptr);
+            }
         }
         const std::string e = Ecarts(t.b);
         ASSERT_EQ(e, "") << "au pas " << pas;
