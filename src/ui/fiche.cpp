@@ -37,6 +37,7 @@
 #include "ui/evenement.h"
 #include "ui/gedcom.h"
 #include "ui/inputmsgbox.h"
+#include "ui/listes_qt.h"
 #include "ui/options.h"
 #include "ui/personne.h"
 #include "ui/traduction.h"
@@ -436,11 +437,7 @@ void Fiche::PoserContenu() {
     ui_->Mere->setToolTip(VersQString(c.BulleMere));
     ui_->Pere->setEnabled(c.NumParents > 0);
     ui_->Mere->setEnabled(c.NumParents > 0);
-    ui_->Union->clear();
-    for (const auto& r : c.Unions) {
-        auto* item = new QListWidgetItem(VersQString(r.texte), ui_->Union);
-        item->setToolTip(VersQString(r.bulle));
-    }
+    PoserRangees(*ui_->Union, c.Unions);
     PoserEnfants();
     PoserDivers();
     ActiverBoutonsLiens();
@@ -449,11 +446,7 @@ void Fiche::PoserContenu() {
 
 void Fiche::PoserEnfants() {
     ui_->LabelEnfants->setText(VersQString(contenu_.LabelEnfants));
-    ui_->Enfant->clear();
-    for (const auto& r : contenu_.Enfants) {
-        auto* item = new QListWidgetItem(VersQString(r.texte), ui_->Enfant);
-        item->setToolTip(VersQString(r.bulle));
-    }
+    PoserRangees(*ui_->Enfant, contenu_.Enfants);
     ActiverBoutonsLiens();
 }
 

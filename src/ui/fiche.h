@@ -148,6 +148,7 @@ private:
     void ActiverBoutonsLiens();
     Edition Editer();
     void ApresLien(std::int32_t allerA);
+    std::int32_t PersonneDeLaCommande();
     std::optional<std::int32_t> ChoisirCandidat(const ListeCandidats& liste);
     void MontrerEnfantsDe(std::int32_t f);
     std::int32_t FamilleChoisie() const;

@@ -13,6 +13,7 @@
 #include "platform/qt_texte.h"
 #include "ui/editeur.h"
 #include "ui/fiche.h"
+#include "ui/listes_qt.h"
 #include "ui/filtre_touches.h"
 #include "ui_fiche.h"
 
@@ -78,11 +79,7 @@ void Fiche::CreerMenuImage() {
 
 // Les rangées de ListeDivers, la bulle portant le chemin.
 void Fiche::PoserDivers() {
-    ui_->ListeDivers->clear();
-    for (const auto& r : contenu_.Divers) {
-        auto* item = new QListWidgetItem(VersQString(r.texte), ui_->ListeDivers);
-        item->setToolTip(VersQString(r.bulle));
-    }
+    PoserRangees(*ui_->ListeDivers, contenu_.Divers);
     PoserPhoto();
 }
 

@@ -197,6 +197,13 @@ void Fiche::ApresLien(std::int32_t allerA) {
     ActualiserTitre();
 }
 
+// Toute commande de lien commence par enregistrer la fiche ; elle porte sur la personne affichée (0 : aucune).
+std::int32_t Fiche::PersonneDeLaCommande() {
+    EnregistrerFiche();
+    const std::int32_t p = base_.NumCourant;
+    return ouvert_ && PersonneExiste(base_, p) ? p : 0;
+}
+
 std::optional<std::int32_t> Fiche::ChoisirCandidat(const ListeCandidats& liste) {
     const std::optional<std::string> rangee = choisir_(liste);
     if (!rangee) return std::nullopt;
@@ -204,9 +211,8 @@ std::optional<std::int32_t> Fiche::ChoisirCandidat(const ListeCandidats& liste) 
 }
 
 void Fiche::BoutonAjouterParents() {
-    EnregistrerFiche();
-    const std::int32_t p = base_.NumCourant;
-    if (!ouvert_ || !PersonneExiste(base_, p)) return;
+    const std::int32_t p = PersonneDeLaCommande();
+    if (p <= 0) return;
     const ListeCandidats liste = CandidatsParents(base_, options_, p);
     // Sans candidat, la première ligne est prise sans montrer la liste.
     std::int32_t f = 0;
@@ -221,18 +227,16 @@ void Fiche::BoutonAjouterParents() {
 }
 
 void Fiche::BoutonEnleverParents() {
-    EnregistrerFiche();
-    const std::int32_t p = base_.NumCourant;
-    if (!ouvert_ || !PersonneExiste(base_, p)) return;
+    const std::int32_t p = PersonneDeLaCommande();
+    if (p <= 0) return;
     Edition e = Editer();
     arbolix::EnleverParents(e, p);
     ApresLien(0);
 }
 
 void Fiche::AjouterUnion() {
-    EnregistrerFiche();
-    const std::int32_t p = base_.NumCourant;
-    if (!ouvert_ || !PersonneExiste(base_, p)) return;
+    const std::int32_t p = PersonneDeLaCommande();
+    if (p <= 0) return;
     Edition e = Editer();
     if (!PeutAjouterUnion(e, p)) return;
     const auto ligne = [this](std::int32_t n) { return LigneCourte(base_, options_, n); };
@@ -257,9 +261,8 @@ void Fiche::EnleverUnion() {
 }
 
 void Fiche::AjouterEnfant() {
-    EnregistrerFiche();
-    const std::int32_t p = base_.NumCourant;
-    if (!ouvert_ || !PersonneExiste(base_, p)) return;
+    const std::int32_t p = PersonneDeLaCommande();
+    if (p <= 0) return;
     Edition e = Editer();
     const std::int32_t f = FamillePourEnfant(e, p, FamilleChoisie());
     if (f <= 0) {

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QComboBox>
+#include <QListWidget>
 #include <string_view>
 
+#include "card/contenu_fiche.h"
 #include "platform/qt_texte.h"
 #include "store/listes_choix.h"
 
@@ -33,6 +35,15 @@ inline void AjouterCombo(QComboBox& liste, std::string_view valeur) {
     while (i < liste.count() && liste.itemText(i) < v) ++i;
     liste.insertItem(i, v);
     liste.setEditText(texte);
+}
+
+// Les rangées d'une liste de la fiche, chacune avec son infobulle.
+inline void PoserRangees(QListWidget& liste, const std::vector<RangeeFiche>& rangees) {
+    liste.clear();
+    for (const auto& r : rangees) {
+        auto* item = new QListWidgetItem(VersQString(r.texte), &liste);
+        item->setToolTip(VersQString(r.bulle));
+    }
 }
 
 }  // namespace arbolix
