@@ -156,6 +156,7 @@ void Fiche::CreerIcones() {
         a->setToolTip(VersQString(i.bulle));
         if (!i.commande) continue;
         connect(a, &QAction::triggered, this, [this, i] {
+            EnregistrerFiche();
             if (!i.menu || ((*ui_).*(i.menu))->isEnabled()) (this->*(i.commande))();
         });
     }
@@ -790,11 +791,15 @@ void Fiche::ChargerTextes(const std::filesystem::path& dossier) {
     if (passage.traduire) TraduireMenus(*this, messages_);
 }
 
+// Un autre fichier remplace celui qui est ouvert : on ferme d'abord celui-ci, en proposant de
+// l'enregistrer, pour que la lecture ne perde aucune modification.
 void Fiche::MenuNouveau() {
+    if (ouvert_ && !MenuFermer()) return;
     OuvrirGedcom(ModeGedcom::Nouveau);
 }
 
 void Fiche::MenuOuvrir() {
+    if (ouvert_ && !MenuFermer()) return;
     if (gedcom_.Fichier.empty()) gedcom_.Fichier = options_.FichierDefaut;
     OuvrirGedcom(ModeGedcom::Ouvrir);
 }

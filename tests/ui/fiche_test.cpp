@@ -74,6 +74,22 @@ private slots:
         QCOMPARE(fiche.windowTitle(), QString("Arbolix"));
     }
 
+    // Ouvrir ou créer un autre fichier passe par la fermeture de celui-ci : Annuler le garde tel quel.
+    void OuvrirUnAutreFichierDemandeDAbordDeFermer() {
+        FicheEssai e;
+        QVERIFY(e.Ouvrir());
+        e.fiche.base().FichierModifie = kVrai;
+        for (void (Fiche::*commande)() : {&Fiche::MenuOuvrir, &Fiche::MenuNouveau}) {
+            e.d.messages.clear();
+            e.d.ReponseSuivante(Bouton::Annuler);
+            (e.fiche.*commande)();
+            QCOMPARE(e.d.messages.size(), std::size_t{1});
+            QCOMPARE(QString::fromStdString(e.d.messages[0].titre), QString("Fermer"));
+            QVERIFY(e.fiche.FichierOuvert());
+            QCOMPARE(e.fiche.base().FichierModifie, kVrai);
+        }
+    }
+
     void EnregistrerPuisRelireDonneLaMemeBase() {
         FicheEssai e;
         Fiche& fiche = e.fiche;
