@@ -99,6 +99,15 @@ void Fiche::Modifier() {
     if (ouvert_ && base_.Chargement == kFaux && base_.NumCourant > 0) base_.FicheModifiee = kVrai;
 }
 
+// Entrée parcourt la fiche comme Tab (la note la prend pour elle).
+void Fiche::keyPressEvent(QKeyEvent* e) {
+    if (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter) {
+        focusNextChild();
+        return;
+    }
+    QMainWindow::keyPressEvent(e);
+}
+
 bool Fiche::FiltrerSaisie(QObject* objet, QEvent* e) {
     if (e->type() != QEvent::KeyPress) return false;
     auto* k = static_cast<QKeyEvent*>(e);

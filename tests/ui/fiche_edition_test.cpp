@@ -100,6 +100,13 @@ private slots:
         // Le nom passe en capitales et refuse "/" ; les prénoms prennent une capitale par mot.
         e.Taper("Nom", "du/pont");
         QCOMPARE(e.Texte("Nom"), QStringLiteral("DUPONT"));
+        // Entrée passe au champ suivant, comme Tab.
+        e.fiche.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&e.fiche));
+        Controle<QComboBox>(e.fiche, "Nom")->setFocus();
+        QTest::keyClick(Controle<QComboBox>(e.fiche, "Nom"), Qt::Key_Return);
+        QVERIFY(Controle<QComboBox>(e.fiche, "Prenoms")->isAncestorOf(QApplication::focusWidget()) ||
+                QApplication::focusWidget() == Controle<QComboBox>(e.fiche, "Prenoms"));
         e.Taper("Prenoms", "jean-PIERRE dit");
         QCOMPARE(e.Texte("Prenoms"), QStringLiteral("Jean-Pierre Dit"));
         emit Controle<QComboBox>(e.fiche, "Prenoms")->lineEdit()->editingFinished();
