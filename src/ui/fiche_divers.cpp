@@ -214,8 +214,16 @@ void Fiche::MenuDeplacerLienImage(int index) {
     if (DeplacerLienMedia(base_, contenu_.Numero, *ligne, index, famille, *dialogue_)) ActualiserDivers();
 }
 
-// Un blanc tapé dans Notes vide : choix d'une note externe, ou création d'une note ouverte dans l'éditeur.
+// Entrée seule quitte la note, maj + Entrée commence une ligne. Un blanc tapé dans la note vide : choix
+// d'une note externe, ou création d'une note ouverte dans l'éditeur.
 bool Fiche::ToucheNotes(QKeyEvent* k) {
+    if (k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter) {
+        if (k->modifiers() & Qt::ShiftModifier)
+            ui_->Notes->insertPlainText("\n");
+        else
+            focusNextChild();
+        return true;
+    }
     if (k->key() != Qt::Key_Space || !ui_->Notes->toPlainText().isEmpty()) return false;
     if (!ouvert_ || !PersonneExiste(base_, contenu_.Numero)) return false;
     const auto lien = ChoisirLienExterne(base_, 'N', choisir_, *editeur_, *dialogue_);

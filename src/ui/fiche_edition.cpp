@@ -70,7 +70,6 @@ void Fiche::BrancherSaisie() {
             ligne->installEventFilter(this);
         }
     }
-    ui_->Notes->installEventFilter(this);
     // En quittant les prénoms, la casse est refaite et un surnom « dit » reste en minuscules.
     connect(ui_->Prenoms->lineEdit(), &QLineEdit::editingFinished, this, [this] {
         const std::string avant = DepuisQString(ui_->Prenoms->currentText());
@@ -111,15 +110,6 @@ void Fiche::keyPressEvent(QKeyEvent* e) {
 bool Fiche::FiltrerSaisie(QObject* objet, QEvent* e) {
     if (e->type() != QEvent::KeyPress) return false;
     auto* k = static_cast<QKeyEvent*>(e);
-    if (objet == ui_->Notes) {
-        // Entrée seule quitte la note ; maj + Entrée commence une ligne.
-        if (k->key() != Qt::Key_Return && k->key() != Qt::Key_Enter) return false;
-        if (k->modifiers() & Qt::ShiftModifier)
-            ui_->Notes->insertPlainText("\n");
-        else
-            focusNextChild();
-        return true;
-    }
     for (const ChampFrappe& c : champsSaisis_)
         if (c.objet == objet) return ToucheChamp(c, k);
     return false;
