@@ -97,13 +97,9 @@ Texte& TexteModif(Base& base, const ChampLien& c) {
 
 template <typename F>
 void PourChaqueFiche(Tableau<NoteExt>& t, std::int32_t fin, F&& f) {
-    for (std::int32_t i = 1; i <= fin; ++i) {
-        if (t.PageVierge(i)) {
-            i = t.FinDePage(i);
-            continue;
-        }
+    t.PourChaqueEcrit(1, fin, [&](std::int32_t i) {
         f(t[i]);
-    }
+    });
 }
 
 void LierChamp(Base& base, std::string_view texte, char genre, bool famille, std::int32_t qui) {
@@ -354,13 +350,9 @@ void ReconstruireLiens(Base& base) {
     };
     PourChaqueFiche(base.Notes, base.Notes.Haut(), vider);
     PourChaqueFiche(base.Sources, base.Sources.Haut(), vider);
-    for (std::int32_t m = 1; m <= base.Medias.Haut(); ++m) {
-        if (base.Medias.PageVierge(m)) {
-            m = base.Medias.FinDePage(m);
-            continue;
-        }
+    base.Medias.PourChaqueEcrit(1, base.Medias.Haut(), [&](std::int32_t m) {
         base.Medias[m].LiensPersos.clear();
-    }
+    });
     for (std::int32_t p = 1; p <= std::min(base.NbPersos, base.Persos.Haut()); ++p)
         if (PersonneExiste(base, p)) ReconstruirePersonne(base, p);
     for (std::int32_t f = 1; f <= std::min(base.NbFamis, base.Familles.Haut()); ++f) {

@@ -85,19 +85,15 @@ bool ListePersos(const Base& base, ContexteListe& ctx, ListePersonne& liste) {
     const std::int32_t nouvelle = ProchainePersonne(base, ctx.Renumeroter);
     OuvrirListe(liste, "tous", "Choisissez une personne", " Ajouter..." + Queue('P', nouvelle), true);
     RemplissageTrie tri(static_cast<std::size_t>(base.NbPersosReels));
-    for (std::int32_t i = 1; i <= base.NbPersos; ++i) {
-        if (base.Persos.PageVierge(i)) {
-            i = base.Persos.FinDePage(i);
-            continue;
-        }
+    base.Persos.PourChaqueEcrit(1, base.NbPersos, [&](std::int32_t i) {
         const Perso& p = base.Persos[i];
-        if (p.Sel == 0 || p.Prenoms.empty() || !motifs.Accepte(p)) continue;
+        if (p.Sel == 0 || p.Prenoms.empty() || !motifs.Accepte(p)) return;
         std::string cle;
         cle.reserve(p.Nom.size() + p.Naissance.DateTri.size() + 6);
         cle.append(p.Nom.vue()).append(p.Naissance.DateTri.vue());
         AjouterSixChiffres(cle, i);
         tri.Ajouter(std::move(cle), i);
-    }
+    });
     tri.Terminer(liste, [&](std::int32_t i) {
         std::string s = LigneListe(base, ctx.options, i);
         AjouterQueue(s, 'P', i);
@@ -125,23 +121,19 @@ bool ListeFamis(const Base& base, ContexteListe& ctx, ListePersonne& liste) {
     OuvrirListe(liste, "familles", "Choisissez une famille", {}, true);
     const std::int32_t ecart = static_cast<std::int32_t>(ValeurNumerique(ctx.options.EcartGen));
     RemplissageTrie tri(static_cast<std::size_t>(base.NbFamisReels));
-    for (std::int32_t i = 1; i <= base.NbFamis; ++i) {
-        if (base.Familles.PageVierge(i)) {
-            i = base.Familles.FinDePage(i);
-            continue;
-        }
+    base.Familles.PourChaqueEcrit(1, base.NbFamis, [&](std::int32_t i) {
         const Fami& f = base.Familles[i];
-        if (f.Sel == 0) continue;
+        if (f.Sel == 0) return;
         // La fiche vierge 0 répond pour l'époux absent.
         const Perso& h = PersoLu(base, f.Mari);
         const Perso& w = PersoLu(base, f.Femme);
-        if (!mari.Accepte(h) || !femme.Accepte(w)) continue;
+        if (!mari.Accepte(h) || !femme.Accepte(w)) return;
         const int annee = f.Mariage.Annee     ? f.Mariage.Annee
                           : f.Contrat.Annee   ? f.Contrat.Annee
                           : h.Naissance.Annee ? h.Naissance.Annee
                                               : w.Naissance.Annee + ecart;
         tri.Ajouter((f.Mari > 0 ? h.Nom.str() : std::string()) + std::to_string(annee) + w.Nom, i);
-    }
+    });
     tri.Terminer(liste, [&](std::int32_t i) {
         const Fami& f = base.Familles[i];
         return LigneListe(base, ctx.options, f.Mari) + " " + ctx.options.SymbMari + f.Mariage.Date + " " +
@@ -203,13 +195,9 @@ bool ListeAnnexe(const Base& base, ContexteListe& ctx, ListePersonne& liste, con
         {&Perso::Bapteme, &Options::SymbBapt},
         {&Perso::Deces, &Options::SymbDece},
         {&Perso::Sepulture, &Options::SymbSepu}};
-    for (std::int32_t i = 1; i <= base.NbPersos; ++i) {
-        if (base.Persos.PageVierge(i)) {
-            i = base.Persos.FinDePage(i);
-            continue;
-        }
+    base.Persos.PourChaqueEcrit(1, base.NbPersos, [&](std::int32_t i) {
         const Perso& p = base.Persos[i];
-        if (p.Sel == 0 || p.Prenoms.empty()) continue;
+        if (p.Sel == 0 || p.Prenoms.empty()) return;
         const std::string tete = p.Nom + " " + p.Prenoms + " " + o.SymbNais +
                                  (p.Naissance.Annee ? std::to_string(p.Naissance.Annee) : std::string()) +
                                  " ";
@@ -220,18 +208,14 @@ bool ListeAnnexe(const Base& base, ContexteListe& ctx, ListePersonne& liste, con
             if (t.empty() || republicaine(t) || !Trouve(t, motif)) continue;
             rangees.push_back({tete + Coupe(t, 100) + Queue((o.*symbole)[0], i), i});
         }
-    }
+    });
     const std::pair<Acte Fami::*, const std::string Options::*> actesFami[] = {
         {&Fami::Mariage, &Options::SymbMari},
         {&Fami::Contrat, &Options::SymbCoMa},
         {&Fami::Divorce, &Options::SymbDivo}};
-    for (std::int32_t i = 1; i <= base.NbFamis; ++i) {
-        if (base.Familles.PageVierge(i)) {
-            i = base.Familles.FinDePage(i);
-            continue;
-        }
+    base.Familles.PourChaqueEcrit(1, base.NbFamis, [&](std::int32_t i) {
         const Fami& f = base.Familles[i];
-        if (f.Sel == 0) continue;
+        if (f.Sel == 0) return;
         // Sans mari, c'est l'épouse qui nomme la famille.
         const Perso& nomme = PersoLu(base, f.Mari > 0 ? f.Mari : f.Femme);
         const std::string tete = nomme.Nom + " " + nomme.Prenoms + " " + o.SymbMari +
@@ -241,7 +225,7 @@ bool ListeAnnexe(const Base& base, ContexteListe& ctx, ListePersonne& liste, con
             if (t.empty() || republicaine(t) || !Trouve(t, motif)) continue;
             rangees.push_back({tete + Coupe(t, 100) + Queue((o.*symbole)[0], i), i});
         }
-    }
+    });
     const Tableau<NoteExt>& table = base.*(s.table);
     for (std::int32_t i = 1; i <= base.*(s.nb) && i <= table.Haut(); ++i) {
         const NoteExt& n = table[i];
@@ -282,27 +266,19 @@ void TexteRecents(const ListePersonne& liste, std::string& tete) {
 
 void RemplirRecents(const Base& base, const Options& o, double limite, ListePersonne& liste) {
     RemplissageTrie tri;
-    for (std::int32_t i = 1; i <= base.NbPersos; ++i) {
-        if (base.Persos.PageVierge(i)) {
-            i = base.Persos.FinDePage(i);
-            continue;
-        }
+    base.Persos.PourChaqueEcrit(1, base.NbPersos, [&](std::int32_t i) {
         const Perso& p = base.Persos[i];
         if (p.Sel != 0 && p.DateModif >= limite && p.DateModif > 0)
             tri.Ajouter(p.NomTri + p.Naissance.DateTri, i);
-    }
-    for (std::int32_t i = 1; i <= base.NbFamis; ++i) {
-        if (base.Familles.PageVierge(i)) {
-            i = base.Familles.FinDePage(i);
-            continue;
-        }
+    });
+    base.Familles.PourChaqueEcrit(1, base.NbFamis, [&](std::int32_t i) {
         const Fami& f = base.Familles[i];
-        if (f.Sel == 0 || f.DateModif < limite || f.DateModif <= 0) continue;
+        if (f.Sel == 0 || f.DateModif < limite || f.DateModif <= 0) return;
         // Une famille changée dont les époux ne l'ont pas été : on la montre par le mari.
-        if (PersoLu(base, f.Mari).DateModif >= limite || PersoLu(base, f.Femme).DateModif >= limite) continue;
+        if (PersoLu(base, f.Mari).DateModif >= limite || PersoLu(base, f.Femme).DateModif >= limite) return;
         const std::int32_t n = f.Mari > 0 ? f.Mari : f.Femme;
         if (n > 0) tri.Ajouter(PersoLu(base, n).NomTri + f.Mariage.DateTri, n);
-    }
+    });
     tri.Terminer(liste, [&](std::int32_t i) {
         const Perso& p = PersoLu(base, i);
         std::string s = LigneListe(base, o, i);
@@ -383,13 +359,9 @@ bool ListeFichiers(const Base& base, ContexteListe& ctx, ListePersonne& liste) {
     const Options& o = ctx.options;
     OuvrirListe(liste, "fichiers", "Choisissez un fichier", {}, true);
     std::vector<Rangee> rangees;
-    for (std::int32_t i = 1; i <= base.NbPersos; ++i) {
-        if (base.Persos.PageVierge(i)) {
-            i = base.Persos.FinDePage(i);
-            continue;
-        }
+    base.Persos.PourChaqueEcrit(1, base.NbPersos, [&](std::int32_t i) {
         const Perso& p = base.Persos[i];
-        if (p.Sel == 0 || p.Prenoms.empty()) continue;
+        if (p.Sel == 0 || p.Prenoms.empty()) return;
         for (int k = 1; k <= kMaxLiens; ++k) {
             const Texte& chemin = p.Suite().Fichiers(k);
             if (chemin.empty()) break;
@@ -399,7 +371,7 @@ bool ListeFichiers(const Base& base, ContexteListe& ctx, ListePersonne& liste) {
             s += std::to_string(i) + " " + p.Nom + " " + p.Prenoms + "  " + chemin + Queue('P', i);
             rangees.push_back({std::move(s), i});
         }
-    }
+    });
     for (std::int32_t m = 1; m <= base.NbMedias && m <= base.Medias.Haut(); ++m) {
         const ObjetMedia& om = base.Medias[m];
         if (om.Actif == 0 || om.Local != 0) continue;

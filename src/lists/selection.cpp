@@ -10,16 +10,12 @@ namespace {
 template <typename T, typename EnUsage>
 void Marquer(Tableau<T>& t, std::int32_t nombre, EnUsage enUsage) {
     const std::int32_t fin = std::min(nombre, t.Haut());
-    for (std::int32_t n = 1; n <= fin; ++n) {
-        if (t.PageVierge(n)) {
-            n = t.FinDePage(n);
-            continue;
-        }
+    t.PourChaqueEcrit(1, fin, [&](std::int32_t n) {
         T& fiche = t[n];
-        if (!enUsage(fiche)) continue;
+        if (!enUsage(fiche)) return;
         fiche.Sel = kVrai;
         fiche.SelAvant = kFaux;
-    }
+    });
 }
 
 }  // namespace
