@@ -68,7 +68,8 @@ bool EnregistrerFiche(Base& base, const SaisieFiche& saisie, Dialogue& dialogue,
     if (sexe == ' ' && !saisie.Prenoms.empty()) sexe = DemanderSexe(dialogue);
     // Sans choix sur la fiche, une autre lettre lue du fichier reste telle quelle.
     if (sexe != ' ') p.Sexe = sexe;
-    p.Interet = static_cast<std::uint8_t>((saisie.IntRechAscendance ? 1 : 0) + (saisie.IntRechDescendance ? 2 : 0));
+    p.Interet =
+        static_cast<std::uint8_t>((saisie.IntRechAscendance ? 1 : 0) + (saisie.IntRechDescendance ? 2 : 0));
     EnregistrerMetier(p, saisie.Metier, base.Listes.Metier);
     // La suite n'est écrite que si un champ change : la plupart des personnes n'en ont pas.
     bool suiteChange = false;
@@ -108,8 +109,9 @@ std::optional<char> ToucheSaisie(ChampSaisi champ, std::string_view avant, char 
             return MajusculesTouche(avant, 7, touche, modifCasse);
         case ChampSaisi::Telephone: {
             // Les codes de contrôle de copier, effacer, coller et couper passent.
-            const bool permis = (touche >= '0' && touche <= '9') || touche == 3 || touche == 8 || touche == 22 ||
-                                touche == 24 || touche == ' ' || touche == '#' || touche == '*' || touche == '+';
+            const bool permis = (touche >= '0' && touche <= '9') || touche == 3 || touche == 8 ||
+                                touche == 22 || touche == 24 || touche == ' ' || touche == '#' ||
+                                touche == '*' || touche == '+';
             if (!permis) return std::nullopt;
             return touche;
         }

@@ -45,7 +45,8 @@ void Fiche::BrancherSaisie() {
                          ui_->Telephone, ui_->EMail, ui_->URL})
         connect(l, &QLineEdit::textChanged, this, modifier);
     connect(ui_->Notes, &QPlainTextEdit::textChanged, this, modifier);
-    for (QCheckBox* c : {ui_->Sel, ui_->IntRech1, ui_->IntRech2}) connect(c, &QCheckBox::toggled, this, modifier);
+    for (QCheckBox* c : {ui_->Sel, ui_->IntRech1, ui_->IntRech2})
+        connect(c, &QCheckBox::toggled, this, modifier);
     for (QRadioButton* b : {ui_->Sexe1, ui_->Sexe2})
         connect(b, &QRadioButton::clicked, this, [this] {
             ColorerSexe();
@@ -116,7 +117,8 @@ bool Fiche::FiltrerSaisie(QObject* objet, QEvent* e) {
 }
 
 bool Fiche::ToucheChamp(const ChampFrappe& c, QKeyEvent* k) {
-    if (retape_ || (k->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))) return false;
+    if (retape_ || (k->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)))
+        return false;
     const std::string touche = DepuisQString(k->text());
     if (touche.size() != 1 || static_cast<unsigned char>(touche[0]) < 32) return false;
     // La touche remplace la sélection : c'est ce qui la précède qui compte.
@@ -126,8 +128,8 @@ bool Fiche::ToucheChamp(const ChampFrappe& c, QKeyEvent* k) {
     if (!r) return true;  // touche refusée
     if (*r == touche[0]) return false;
     // La touche corrigée repasse par le contrôle, pour que la complétion la voie comme une frappe.
-    QKeyEvent corrigee(k->type(), k->key(), k->modifiers(), VersQString(std::string(1, *r)), k->isAutoRepeat(),
-                       k->count());
+    QKeyEvent corrigee(k->type(), k->key(), k->modifiers(), VersQString(std::string(1, *r)),
+                       k->isAutoRepeat(), k->count());
     retape_ = true;
     QCoreApplication::sendEvent(c.objet, &corrigee);
     retape_ = false;
@@ -146,10 +148,14 @@ SaisieFiche Fiche::Saisie() const {
     s.Ref = DepuisQString(ui_->Ref->text());
     s.Notes = TexteLignes(ui_->Notes->toPlainText());
     const std::pair<std::string SaisieFiche::*, QLineEdit*> adresse[] = {
-        {&SaisieFiche::Adresse1, ui_->Adresse1}, {&SaisieFiche::Adresse2, ui_->Adresse2},
-        {&SaisieFiche::Etat, ui_->Etat},         {&SaisieFiche::CP, ui_->CP},
-        {&SaisieFiche::Ville, ui_->Ville},       {&SaisieFiche::Pays, ui_->Pays},
-        {&SaisieFiche::Telephone, ui_->Telephone}, {&SaisieFiche::EMail, ui_->EMail},
+        {&SaisieFiche::Adresse1, ui_->Adresse1},
+        {&SaisieFiche::Adresse2, ui_->Adresse2},
+        {&SaisieFiche::Etat, ui_->Etat},
+        {&SaisieFiche::CP, ui_->CP},
+        {&SaisieFiche::Ville, ui_->Ville},
+        {&SaisieFiche::Pays, ui_->Pays},
+        {&SaisieFiche::Telephone, ui_->Telephone},
+        {&SaisieFiche::EMail, ui_->EMail},
         {&SaisieFiche::URL, ui_->URL}};
     for (const auto& [champ, ligne] : adresse) s.*champ = DepuisQString(ligne->text());
     return s;
@@ -196,7 +202,8 @@ void Fiche::ApresLien(std::int32_t allerA) {
     ActualiserTitre();
 }
 
-// Toute commande de lien commence par enregistrer la fiche ; elle porte sur la personne affichée (0 : aucune).
+// Toute commande de lien commence par enregistrer la fiche ; elle porte sur la personne affichée (0 :
+// aucune).
 std::int32_t Fiche::PersonneDeLaCommande() {
     EnregistrerFiche();
     const std::int32_t p = base_.NumCourant;

@@ -1,4 +1,5 @@
-// Les règles de cohérence des dates : un évènement proposé pour une personne, face à ce que la base sait d'elle.
+// Les règles de cohérence des dates : un évènement proposé pour une personne, face à ce que la base sait
+// d'elle.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +15,7 @@ namespace arbolix {
 // proposée pour l'évènement `genre` ("N", "B", "D", "S", "M", "C", "X") de la
 // personne numero ; vide quand tout va, quand la date est vide ou pour un autre
 // genre. Ne change rien à la base. Pour une union, numero est la personne de la fiche.
-std::string CoherenceActe(const Base& base, const Options& options, std::int32_t numero, std::string_view genre,
-                          std::string_view date);
+std::string CoherenceActe(const Base& base, const Options& options, std::int32_t numero,
+                          std::string_view genre, std::string_view date);
 
 }  // namespace arbolix

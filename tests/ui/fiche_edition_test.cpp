@@ -8,8 +8,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
-#include <QToolButton>
 #include <QTimer>
+#include <QToolButton>
 #include <QtTest>
 #include <deque>
 #include <fstream>
@@ -77,7 +77,9 @@ struct FicheEssai {
         c->lineEdit()->selectAll();
         QTest::keyClicks(c, texte);
     }
-    void Cliquer(const char* bouton) { QTest::mouseClick(Controle<QPushButton>(fiche, bouton), Qt::LeftButton); }
+    void Cliquer(const char* bouton) {
+        QTest::mouseClick(Controle<QPushButton>(fiche, bouton), Qt::LeftButton);
+    }
     const Perso& P(std::int32_t n) { return fiche.base().Persos[n]; }
     std::int32_t Courant() { return fiche.base().NumCourant; }
     void LiensIntacts() {
@@ -226,7 +228,8 @@ private slots:
         e.fiche.EnregistrerFiche();
         OptionsGedcom cases = e.fiche.gedcom();
         cases.Fichier = e.Chemin("famille.ged");
-        ContexteEnregistrement ctx{e.fiche.base(), cases, e.fiche.options(), e.d, nullptr, EnteteArbolix(), {}};
+        ContexteEnregistrement ctx{e.fiche.base(),  cases, e.fiche.options(), e.d, nullptr,
+                                   EnteteArbolix(), {}};
         QVERIFY(EnregistrerGedcom(ctx).Enregistre);
         Base relue;
         Options options;
