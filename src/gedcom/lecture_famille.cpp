@@ -4,6 +4,7 @@
 #include "dates/calendrier_gregorien.h"
 #include "dates/reconnaissance.h"
 #include "gedcom/lecteur_gedcom.h"
+#include "gedcom/lecture_actes.h"
 #include "gedcom/lecture_liens.h"
 #include "gedcom/roles.h"
 #include "store/chaines.h"
@@ -172,7 +173,7 @@ void Note(LecteurGedcom& l, Fami& f, std::string& v) {
     if (v == "RELI" && l.ProduitOmega) return;
     if (EstPointeur(v)) v = LienLu(l, v, 'N');
     Acte& a = ActeOuMariage(f, l.Contexte1());
-    if (!(Comme(a.Notes, kNoteRepublicaine) && Comme(v, kNoteRepublicaine))) Ajouter(a.Notes, "\r\n", v);
+    AjouterNoteActe(a, v);
     LierRetour(l, v, 'N', l.NbFamisLues, true);
 }
 

@@ -4,6 +4,7 @@
 #include "dates/calendrier_gregorien.h"
 #include "dates/reconnaissance.h"
 #include "gedcom/lecteur_gedcom.h"
+#include "gedcom/lecture_actes.h"
 #include "gedcom/lecture_liens.h"
 #include "gedcom/roles.h"
 #include "store/chaines.h"
@@ -235,8 +236,7 @@ void NoteOuSemblable(LecteurGedcom& l, Perso& p, std::string& v) {
     if (l.Balise == "AGE" && !l.cases_.Ages) return;
     const std::string_view ctx = l.Contexte1();
     if (Acte* a = ActeDe(p, ctx)) {
-        if (!(Comme(a->Notes, kNoteRepublicaine) && Comme(v, kNoteRepublicaine)))
-            Ajouter(a->Notes, "\r\n", v);
+        AjouterNoteActe(*a, v);
     } else if (ctx == "NOTE" || ctx == "EVEN") {
         Ajouter(p.Notes, "\r\n", v);
     }
