@@ -56,6 +56,20 @@ std::optional<LectureRepublicaine> LireDateRepublicaine(std::string_view texte, 
     return r;
 }
 
+bool FinRepublicaine(std::string_view t) {
+    const auto barre = t.rfind('/');
+    return barre != std::string_view::npos && barre + 3 >= t.size() && ValeurNumerique(Droite(t, 2)) <= 14;
+}
+
+std::optional<std::int32_t> JourDeNoteRepublicaine(std::string_view note) {
+    if (note.empty() || !EstChiffre(note[0]) || !FinRepublicaine(note)) return std::nullopt;
+    for (char c : note)
+        if (!EstChiffre(c) && c != '/' && !(c >= 'a' && c <= 'z')) return std::nullopt;
+    const auto lue = LireDateRepublicaine(note, false);
+    if (!lue) return std::nullopt;
+    return lue->numeroJour;
+}
+
 std::string DateRepublicaine(std::int32_t numeroJour) {
     if (numeroJour < DebutAnRepublicain[2] || numeroJour >= DebutAnRepublicain[15]) return {};
     int i = 2;

@@ -40,6 +40,15 @@ struct LectureRepublicaine {
 // longueur négative, année hors table, mois hors liste).
 std::optional<LectureRepublicaine> LireDateRepublicaine(std::string_view t, bool avecNote);
 
+// Vrai quand t (séparé par "/") finit comme une date républicaine : sa dernière barre
+// dans ses 3 derniers caractères, ses 2 derniers valant 14 au plus.
+bool FinRepublicaine(std::string_view t);
+
+// Jour d'une note de date républicaine telle que la lecture d'une date la pose
+// ("25/vend/2", "12/brum/03", ou "11/08" lu d'une date sans mois connu) ; vide pour
+// un texte qui n'a pas cette forme.
+std::optional<std::int32_t> JourDeNoteRepublicaine(std::string_view note);
+
 // "jj/mois/aa" du jour donné, du 22/09/1793 au 31/12/1805 ; vide ailleurs :
 // l'an I n'est jamais produit.
 std::string DateRepublicaine(std::int32_t numeroJour);

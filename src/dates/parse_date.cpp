@@ -123,9 +123,7 @@ void DecouperSansSeparateur(Lecture& l) {
 }
 
 bool LireRepublicaine(Lecture& l, const ContexteDate& ctx) {
-    const auto barre = l.t.rfind('/');
-    if (!ctx.ConvCalRep || barre == std::string::npos || barre + 3 < l.t.size() || ValeurNumerique(Droite(l.t, 2)) > 14)
-        return true;
+    if (!ctx.ConvCalRep || !FinRepublicaine(l.t)) return true;
     const bool avecNote = l.notes.find('/') == std::string::npos;
     const auto lue = LireDateRepublicaine(l.t, avecNote);
     if (!lue) return false;

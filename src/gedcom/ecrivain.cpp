@@ -101,6 +101,14 @@ void EcrivainGedcom::Ajouter(std::int32_t n) {
     tampon_.append(chiffres, r.ptr);
 }
 
+// Une barre oblique fermerait le nom à la relecture, qui perdrait ce qui la suit
+// ("Perry /Willis/ Sr.") : elle s'écrit ",", comme la lecture répare une barre de trop.
+void EcrivainGedcom::Ajouter(SansBarre s) {
+    const std::size_t debut = tampon_.size();
+    tampon_.append(s.texte);
+    std::replace(tampon_.begin() + static_cast<std::ptrdiff_t>(debut), tampon_.end(), '/', ',');
+}
+
 template <typename... Morceaux>
 void EcrivainGedcom::Ligne(const Morceaux&... m) {
     (Ajouter(m), ...);
@@ -197,7 +205,7 @@ void EcrivainGedcom::EcrireGenealogiste() {
 void EcrivainGedcom::EcrirePersonne(std::int32_t n) {
     const Perso& p = P(n);
     Ligne("0 @I", n, "@ INDI");
-    Ligne("1 NAME ", p.Prenoms, " /", p.Nom, "/");
+    Ligne("1 NAME ", SansBarre{p.Prenoms}, " /", SansBarre{p.Nom}, "/");
     Ligne("1 SEX ", p.Sexe);
     if (ActeRempli(p.Naissance)) EcrireActe(p.Naissance, "BIRT", 0);
     if (ActeRempli(p.Bapteme)) EcrireActe(p.Bapteme, "CHR", n);
@@ -319,10 +327,14 @@ void EcrivainGedcom::EcrireActe(const Acte& a, std::string_view balise, std::int
 bool EcrivainGedcom::FamilleEcrite(std::int32_t n) const {
     const Fami& f = F(n);
     if (f.Sel == 0) return false;
+    // Conjoints et enfants comptés tels que le fichier les portera : une famille écrite
+    // se relit écrite, et les numéros des suivantes ne bougent plus d'une relecture à l'autre.
+    const auto ecrit = [this](std::int32_t p) { return p > 0 && P(p).Sel != 0; };
     int enfants = 0;
-    for (const auto& [i, c] : f.Enfants) enfants += i >= 1 && c > 0;
+    for (const auto& [i, c] : f.Enfants) enfants += i >= 1 && ecrit(c);
+    const auto nomme = [&](std::int32_t p) { return ecrit(p) && !P(p).Nom.empty(); };
     // Une famille sans conjoint nommé n'a de sens que par une fratrie.
-    return !(P(f.Mari).Nom.empty() && P(f.Femme).Nom.empty() && enfants < 2);
+    return nomme(f.Mari) || nomme(f.Femme) || enfants >= 2;
 }
 
 void EcrivainGedcom::EcrireFamille(std::int32_t n) {

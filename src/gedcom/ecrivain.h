@@ -13,6 +13,11 @@ namespace arbolix {
 
 class Progression;
 
+// Un nom ou des prénoms à écrire entre les barres d'une ligne NAME.
+struct SansBarre {
+    std::string_view texte;
+};
+
 // L'en-tête que l'écrivain met en tête de chaque fichier, lignes terminées par CR LF.
 std::string EnteteGedcom(std::string_view titre, std::string_view version, std::string_view societe,
                          std::string_view commentaire);
@@ -70,6 +75,7 @@ private:
     void Ajouter(std::string_view s) { tampon_.append(s); }
     void Ajouter(char c) { tampon_.push_back(c); }
     void Ajouter(std::int32_t n);
+    void Ajouter(SansBarre s);
     // Un texte de plusieurs lignes : chaque CR LF intérieur est suivi de suite ("2 CONT ").
     void AjouterLignes(std::string_view texte, std::string_view suite);
     void Vider(bool toujours);

@@ -569,6 +569,69 @@ TEST(Ecrivain, PertesAnnonceesALaRelecture) {
     EXPECT_EQ(relue.Notes[1].Texte, "Texte");
 }
 
+// Écrire, relire, écrire : le second fichier est le point fixe des suivants.
+std::string PointFixe(AllerRetour& ar, const Base& b, std::string* premier = nullptr) {
+    Base relue;
+    ar.Lire(relue, ar.Ecrire(b, "05/04/2024"));
+    const std::string ecrit = ar.Ecrire(relue, "05/04/2024");
+    if (premier) *premier = ar.Ecrire(b, "05/04/2024");
+    Base encore;
+    ar.Lire(encore, ecrit);
+    EXPECT_TRUE(MemesOctets(ecrit, ar.Ecrire(encore, "05/04/2024")));
+    return ecrit;
+}
+
+// Une famille ne compte que les conjoints et enfants que le fichier portera : écrite une
+// fois, elle l'est encore à la relecture, et les numéros des suivantes ne bougent plus.
+TEST(Ecrivain, FamilleEcriteSelonCeQueLeFichierPorte) {
+    Base b;
+    Personne(b, 1, "N", "", 'M');
+    Personne(b, 2, "Luc", "Dupont", 'M').NumParents = 1;
+    b.Persos[3].NumParents = 1;  // enfant vide : hors sélection, jamais écrit
+    Personne(b, 4, "Paul", "Martin", 'M', kFaux).Unions[1] = 2;
+    Personne(b, 5, "Jean", "Durand", 'M').Unions[1] = 3;
+    b.Persos[1].Unions[1] = 1;
+    Fami& sansNom = b.Familles[1];
+    sansNom.Mari = 1;
+    sansNom.Enfants.Fixer(1, 2);
+    sansNom.Enfants.Fixer(2, 3);
+    Fami& horsSelection = b.Familles[2];
+    horsSelection.Mari = 4;
+    horsSelection.Enfants.Fixer(1, 2);
+    b.Familles[3].Mari = 5;
+    for (int f = 1; f <= 3; ++f) b.Familles[f].Sel = kVrai;
+    b.NbFamis = 3;
+
+    AllerRetour ar;
+    std::string premier;
+    const std::string second = PointFixe(ar, b, &premier);
+    EXPECT_EQ(premier.find("0 @F1@"), std::string::npos);
+    EXPECT_EQ(premier.find("0 @F2@"), std::string::npos);
+    EXPECT_EQ(premier.find("@F1@"), std::string::npos);  // ni FAMS ni FAMC vers elle
+    EXPECT_NE(premier.find("0 @I5@ INDI\r\n1 NAME Jean /Durand/\r\n1 SEX M\r\n1 FAMS @F3@"), std::string::npos);
+    EXPECT_NE(second.find("1 FAMS @F1@\r\n"), std::string::npos);
+}
+
+// Un nom lu avec une suite derrière le nom de famille ("Perry /Willis/ Sr.") garde ses barres :
+// écrites telles quelles, la relecture perdait tout ce qui suit la deuxième.
+TEST(Ecrivain, BarresDuNomEcritesEnVirgules) {
+    AllerRetour ar;
+    Base b;
+    ar.Lire(b, Remplacer("0 HEAD|0 @I1@ INDI|1 NAME Perry /Willis/ Sr.|0 @I2@ INDI|1 NAME /William/ I|1 SEX M"
+                          "|0 @I3@ INDI|1 NAME Jean /Du/|2 GIVN Jean/Paul|0 TRLR|",
+                          "|", "\r\n"));
+    std::string premier;
+    const std::string second = PointFixe(ar, b, &premier);
+    EXPECT_NE(premier.find("1 NAME Perry /Perry ,Willis, Sr./\r\n"), std::string::npos);
+    EXPECT_NE(premier.find("1 NAME N /,William, I/\r\n"), std::string::npos);
+    EXPECT_NE(premier.find("1 NAME Jean,Paul /Du/\r\n"), std::string::npos);
+    Base relue;
+    ar.Lire(relue, premier);
+    EXPECT_EQ(relue.Persos[1].Nom, "Perry ,Willis, Sr.");
+    EXPECT_EQ(relue.Persos[2].Nom, ",William, I");
+    EXPECT_EQ(relue.Persos[2].Prenoms, "N");
+}
+
 }  // namespace
 }  // namespace arbolix
 

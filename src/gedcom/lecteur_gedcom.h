@@ -62,6 +62,10 @@ public:
     bool EntreeDeFiche();
     // Après chaque balise : la ligne suivante, et l'alerte si le fichier finit sans TRLR.
     void Avancer(std::string_view alerteFin);
+    // Les lignes d'une fiche de personne ou de famille jusqu'au niveau 0 suivant ou TRLR,
+    // chacune sous le piège. Faux quand la lecture est annulée.
+    template <typename Traitement>
+    bool LignesDeFiche(std::string_view alerteFin, Traitement&& traiter);
     // Balise d'une ligne de contexte : son premier mot à partir du caractère 3.
     static std::string_view BaliseDe(std::string_view ligne);
     std::string_view Contexte1() const { return BaliseDe(Ligne1); }
@@ -189,6 +193,18 @@ private:
     void NormaliserCasse();
     void CoderNoms();
 };
+
+template <typename Traitement>
+bool LecteurGedcom::LignesDeFiche(std::string_view alerteFin, Traitement&& traiter) {
+    while (Niveau() != 0 && !aucuneLigne_) {
+        if (Annule()) return false;
+        PreparerLigne();
+        if (Balise == "TRLR") break;
+        SousPiege(traiter);
+        Avancer(alerteFin);
+    }
+    return true;
+}
 
 // Normalise les fins de ligne d'après celle de la ligne "0 HEAD", et répare les
 // habitudes connues des producteurs par remplacement global. Exposé pour les tests.

@@ -173,15 +173,12 @@ std::string LireEtEcrire(const std::string& texte, const OptionsGedcom& cases) {
 TEST(LectureCorpus, AllerRetourStableSurChaqueFichier) {
     const std::filesystem::path dossier = std::filesystem::path(ARBOLIX_CORPUS) / "gedcom";
     if (!std::filesystem::is_directory(dossier)) GTEST_SKIP() << "corpus absent";
-    // Ce qui bouge encore après deux relectures, à reprendre, avec la raison.
-    const std::map<std::string, std::string> aReprendre = {
-        {"bourbon.ged", "note de date républicaine ajoutée par la lecture, qui change à la relecture"},
-        {"ftw-ansi-a31486.ged", "note de date républicaine ajoutée par la lecture"},
-        {"paf5-burzyn-sample3.ged", "note de date républicaine ajoutée par la lecture"},
-        {"US-Presidents-broskeep-ibmpc.ged", "note de date républicaine ajoutée par la lecture"},
-        {"Queen.ged", "familles non écrites : les numéros des suivantes se décalent à la relecture"},
-        {"pres2020.ged", "familles non écrites : les numéros des suivantes se décalent à la relecture"},
-        {"willis-unicode-littleendian.ged", "une fiche sans prénom n'est plus écrite à la deuxième relecture"},
+    // Ce qui ne se fixe qu'à la troisième écriture, avec la raison ; vérifié là.
+    const std::map<std::string, std::string> uneRelectureDePlus = {
+        // « 2 DATE 11 AUG » donne « 11/08 », que la deuxième lecture prend pour une date
+        // républicaine (11 pluviôse an VIII) dont la note passe devant la note du fichier ;
+        // la troisième la relit suivie d'un CONT, qui laisse un blanc en fin de ligne.
+        {"ftw-ansi-a31486.ged", "date sans année relue comme républicaine à la deuxième lecture"},
     };
     OptionsGedcom cases;
     // Un fichier lié sous une personne devient à chaque relecture un objet média de plus :
@@ -189,11 +186,11 @@ TEST(LectureCorpus, AllerRetourStableSurChaqueFichier) {
     cases.Fichiers = false;
     for (const auto& entree : std::filesystem::directory_iterator(dossier)) {
         if (EnMinuscules(entree.path().extension().string()) != ".ged") continue;
-        if (aReprendre.count(entree.path().filename().string())) continue;
         std::ifstream f(entree.path(), std::ios::binary);
         std::ostringstream o;
         o << f.rdbuf();
-        const std::string premier = LireEtEcrire(LireEtEcrire(o.str(), cases), cases);
+        std::string premier = LireEtEcrire(LireEtEcrire(o.str(), cases), cases);
+        if (uneRelectureDePlus.count(entree.path().filename().string())) premier = LireEtEcrire(premier, cases);
         const std::string second = LireEtEcrire(premier, cases);
         if (premier == second) continue;
         std::size_t i = 0;

@@ -1,11 +1,9 @@
 // Section d'une fiche familiale (FAM) : c'est là que naissent les liens entre personnes.
 #include <string>
 
-#include "dates/calendrier_gregorien.h"
-#include "dates/reconnaissance.h"
 #include "gedcom/lecteur_gedcom.h"
+#include "gedcom/lecture_actes.h"
 #include "gedcom/lecture_liens.h"
-#include "gedcom/roles.h"
 #include "store/chaines.h"
 
 namespace arbolix {
@@ -40,31 +38,18 @@ Acte& ActeOuMariage(Fami& f, std::string_view contexte) {
     return a ? *a : f.Mariage;
 }
 
-std::string Ligne(const LecteurGedcom& l) {
-    return std::to_string(l.NumLigne);
-}
 std::string NumFamille(const LecteurGedcom& l) {
     return std::to_string(l.NbFamisLues);
-}
-
-void LienIllisible(LecteurGedcom& l) {
-    l.JournaliserLigne("Erreur ligne " + Ligne(l) + ", famille " + NumFamille(l) +
-                       ", donn\xE9"
-                       "e non trait\xE9"
-                       "e : " +
-                       l.Balise + " " + l.LigneCourante);
 }
 
 // Un pointeur de personne utilisable, sinon la ligne va au journal.
 bool PointeurDePersonne(LecteurGedcom& l, const std::string& v) {
     if (!EstPointeur(v)) {
-        LienIllisible(l);
+        DonneeNonTraitee(l, "famille " + NumFamille(l));
         return false;
     }
     if (l.DesigneUneFamille(v)) {
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : le lien " + l.Balise + " " + v +
-                           " de la famille " + NumFamille(l) +
-                           " d\xE9signe une famille et non une personne ; il a \xE9t\xE9 ignor\xE9.");
+        LienVersUneFamille(l, v, "de la famille " + NumFamille(l));
         return false;
     }
     return true;
@@ -84,7 +69,7 @@ void Enfant(LecteurGedcom& l, Fami& f, std::string& v) {
     if (l.EnfantSuivant <= kMaxEnfants) {
         f.Enfants.Fixer(l.EnfantSuivant, c);
         if (enfant.NumParents > 0) {
-            l.JournaliserLigne("Alerte ligne " + Ligne(l) +
+            l.JournaliserLigne("Alerte ligne " + NumLigneTexte(l) +
                                " : enfant reli\xE9 \xE0 plusieurs couples parents : P" + std::to_string(c) +
                                " " + NomPrenoms(enfant) + " ; le lien vers les parents F" +
                                std::to_string(numF) + " a \xE9t\xE9 ignor\xE9.");
@@ -94,7 +79,7 @@ void Enfant(LecteurGedcom& l, Fami& f, std::string& v) {
         ++l.EnfantSuivant;
         return;
     }
-    l.JournaliserLigne("Alerte ligne " + Ligne(l) + " : enfant sans lien complet vers les parents : P" +
+    l.JournaliserLigne("Alerte ligne " + NumLigneTexte(l) + " : enfant sans lien complet vers les parents : P" +
                        std::to_string(c) + " " + NomPrenoms(enfant));
     const Perso& mari = std::as_const(l.base_.Persos)[f.Mari];
     const Perso& femme = std::as_const(l.base_.Persos)[f.Femme];
@@ -109,7 +94,7 @@ void Union(LecteurGedcom& l, std::int32_t p) {
             return;
         }
     }
-    l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible d'ajouter l'union " + NumFamille(l) +
+    l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible d'ajouter l'union " + NumFamille(l) +
                        " \xE0 la personne " + std::to_string(p) + " " + NomPrenoms(conjoint) +
                        " car il y a d\xE9j\xE0 " + std::to_string(kMaxUnions) + " unions.");
 }
@@ -128,25 +113,17 @@ void Date(LecteurGedcom& l, Fami& f, std::string& v) {
     if (Acte* a = ActeDate(f, ctx)) {
         l.LireDateLigne(v, *a);
     } else if (ctx == "CHAN") {
-        // Date de modification de la famille, que l'écriture redonne en CHAN.
-        const auto d = LireDate(l.LireDateLigne(v, l.base_.ActeCourant));
-        if (d) f.DateModif = NumeroJour(*d);
+        DateDeModification(l, v, f.DateModif);  // que l'écriture redonne en CHAN
     }
 }
 
 void Lieu(LecteurGedcom& l, Fami& f, std::string& v) {
-    const std::string lieu(SansBlancs(Remplacer(v, "\xC9", "E")));
+    const std::string lieu = LieuLu(l, v);
     if (Acte* a = ActeDate(f, l.Contexte1())) a->Lieu = lieu;
-    if (l.contexte_.remplirListes && lieu != l.DernierLieu) {
-        l.base_.Listes.Lieu.Ajouter(lieu);
-        l.DernierLieu = lieu;
-    }
 }
 
 void Mariage(LecteurGedcom& l, Fami&, std::string& v) {
-    if (v == "Y" || v == "N")
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : " + l.contexte_.textes.TitreProgramme +
-                           " attend une date de mariage pour la famille " + NumFamille(l) + ".");
+    if (v == "Y" || v == "N") AttendUneDate(l, "mariage pour la famille " + NumFamille(l));
 }
 
 // --- Notes, sources, témoins ---
@@ -154,25 +131,21 @@ void Mariage(LecteurGedcom& l, Fami&, std::string& v) {
 void Suite(LecteurGedcom& l, Fami& f, std::string& v) {
     if (v.empty()) return;
     if (v == "RELI" && l.ProduitOmega) v.clear();
-    Acte& a = ActeOuMariage(f, l.Contexte1());
-    if (v == a.Notes + a.Notes) return;
-    if (l.Balise == "CONT") a.Notes += " \r\n";
-    a.Notes += v;
+    SuiteDeNoteActe(ActeOuMariage(f, l.Contexte1()), l.Balise, v);
 }
 
 void Role(LecteurGedcom& l, Fami& f, std::string& v);
 
 void Note(LecteurGedcom& l, Fami& f, std::string& v) {
-    if (v.empty() || v == "INDI") return;
-    if (l.Balise == "TYPE" ? !l.cases_.Temoins : !l.cases_.Notes) return;
-    if (l.Contexte2() == "ASSO" && l.TemoinEnAttente > 0) {
+    if (!NoteALire(l, v)) return;
+    if (RoleEnAttente(l)) {
         Role(l, f, v);
         return;
     }
     if (v == "RELI" && l.ProduitOmega) return;
     if (EstPointeur(v)) v = LienLu(l, v, 'N');
     Acte& a = ActeOuMariage(f, l.Contexte1());
-    if (!(Comme(a.Notes, kNoteRepublicaine) && Comme(v, kNoteRepublicaine))) Ajouter(a.Notes, "\r\n", v);
+    AjouterNoteActe(a, v);
     LierRetour(l, v, 'N', l.NbFamisLues, true);
 }
 
@@ -187,28 +160,12 @@ void Temoin(LecteurGedcom& l, Fami& f, std::string& v) {
     l.TemoinEnAttente = 0;
     if (!PointeurDePersonne(l, v)) return;
     const std::int32_t w = l.PersonneDuPointeur(v);
-    Acte& a = ActeOuMariage(f, l.Contexte1());
-    const int i = a.Liens().Temoins.PremierLibre(1);
-    if (i > kMaxTemoins) {
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible d'ajouter le t\xE9moin " +
-                           std::to_string(w) + " \xE0 la famille " + NumFamille(l) +
-                           " car il y a d\xE9j\xE0 " + std::to_string(kMaxTemoins) + " t\xE9moins.");
-        l.TemoinEnAttente = kMaxTemoins + 1;
-        return;
-    }
-    a.LiensModif().Temoins.Fixer(i, w);
-    l.TemoinEnAttente = i;
+    AjouterTemoin(l, ActeOuMariage(f, l.Contexte1()), w, " \xE0 la famille " + NumFamille(l));
 }
 
 // Le parrain d'une famille n'a pas de sexe à chercher : le contexte est celui d'un mariage.
 void Role(LecteurGedcom& l, Fami& f, std::string& v) {
-    if (!l.cases_.Temoins || l.TemoinEnAttente <= 0 || v.empty() || v == "EVEN") return;
-    const std::string role = TraduireRole(v, "MARR", l.base_, l.base_.NumCourant, l.TemoinEnAttente);
-    if (role == "T\xE9moin" || l.TemoinEnAttente > kMaxTemoins) return;
-    Acte& a = ActeOuMariage(f, l.Contexte1());
-    Texte roles = a.Liens().RolesTemoins(l.TemoinEnAttente);
-    Ajouter(roles, ", ", role);
-    a.LiensModif().RolesTemoins.Fixer(l.TemoinEnAttente, roles);
+    AjouterRole(l, "MARR", &ActeOuMariage(f, l.Contexte1()), v);
 }
 
 // --- Fichiers liés ---
@@ -218,17 +175,13 @@ void LierMedia(LecteurGedcom& l, Fami& f, const std::string& v) {
     const ActeFamille* r = LigneActe(l.Contexte1());
     Acte& a = ActeOuMariage(f, l.Contexte1());
     if (!Contient(a.Liens().Medias, m) && !PlacerPremierLibre(a.LiensModif().Medias, m)) {
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier la famille " + NumFamille(l) +
-                           " et le fichier " + v);
-        a.Notes += "\r\nVoir fichier " + v;
+        l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier la famille " +
+                           NumFamille(l) + " et le fichier " + v);
+        VoirFichier(a.Notes, v);
     }
     // Le retour de lien reçoit le numéro de la personne courante, non celui de la famille :
     // c'est ainsi que le fichier l'a toujours relu.
-    ObjetMedia& o = l.base_.Medias[m];
-    if (!Contient(o.LiensFamis, l.base_.NumCourant) && !PlacerPremierLibre(o.LiensFamis, l.base_.NumCourant))
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier le fichier " + v +
-                           " et la famille " + NumFamille(l));
-    if (r) o.TypeActe = r->typeActe;
+    LierObjetEnRetour(l, m, &ObjetMedia::LiensFamis, v, " et la famille " + NumFamille(l), r ? r->typeActe : 0);
 }
 
 void Fichier(LecteurGedcom& l, Fami& f, std::string& v) {
@@ -240,52 +193,30 @@ void Fichier(LecteurGedcom& l, Fami& f, std::string& v) {
     // Un chemin : l'objet local est rangé dans l'évènement, sans quoi il serait perdu à l'écriture.
     Acte& a = ActeOuMariage(f, l.Contexte1());
     if (a.Liens().Medias.PremierLibre() > kMaxLiens) {
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier la famille " + NumFamille(l) +
-                           " et le fichier " + v);
-        a.Notes += "\r\nVoir fichier " + v;
+        l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier la famille " +
+                           NumFamille(l) + " et le fichier " + v);
+        VoirFichier(a.Notes, v);
         return;
     }
-    const std::int32_t m = NouvelObjetLocal(l, v);
+    const std::int32_t m = NouvelObjetLu(l, v);
     ObjetMedia& o = l.base_.Medias[m];
-    if (l.DansBlocObjet()) {
-        l.ObjetDuBloc = m;
-        if (!l.TitreDuBloc.empty()) o.Titres.Fixer(1, Texte(l.TitreDuBloc));
-    }
     PlacerPremierLibre(a.LiensModif().Medias, m);
     o.LiensFamis.Fixer(1, l.NbFamisLues);
     if (const ActeFamille* r = LigneActe(l.Contexte1())) o.TypeActe = r->typeActe;
 }
 
 void Objet(LecteurGedcom& l, Fami& f, std::string& v) {
-    if (EstPointeur(v)) {
-        LierMedia(l, f, v);
-    } else if (v.empty()) {
-        l.NiveauObjet = l.NiveauLigne;
-        l.ObjetDuBloc = 0;
-        l.TitreDuBloc.clear();
-    }
+    if (ObjetPointe(l, v)) LierMedia(l, f, v);
 }
 
 void TitreDeFichier(LecteurGedcom& l, Fami&, std::string& v) {
-    if (!l.DansBlocObjet() || v.empty()) return;
-    if (l.ObjetDuBloc > 0)
-        PlacerPremierLibre(l.base_.Medias[l.ObjetDuBloc].Titres, Texte(v));
-    else
-        l.TitreDuBloc = v;
+    if (l.DansBlocObjet()) TitreDeBloc(l, v);
 }
 
 // --- La table des balises ---
 
-using Traitement = void (*)(LecteurGedcom&, Fami&, std::string&);
-
-struct RegleBalise {
-    std::string_view balise;
-    bool OptionsGedcom::*garde;  // case qui doit être cochée, nul : aucune
-    Traitement traiter;          // nul : balise ignorée
-};
-
 // Dans l'ordre de la règle. Une balise absente est ignorée sans un mot.
-constexpr RegleBalise kBalisesFamille[] = {
+constexpr RegleBalise<Fami> kBalisesFamille[] = {
     {"CHIL", nullptr, Enfant},
     {"DATE", nullptr, Date},
     {"PLAC", &OptionsGedcom::Lieux, Lieu},
@@ -311,12 +242,8 @@ constexpr RegleBalise kBalisesFamille[] = {
 }  // namespace
 
 void LecteurGedcom::LigneFamille() {
-    static const auto index = IndexerBalises(kBalisesFamille);
-    const auto it = index.find(Balise);
-    if (it == index.end()) return;
-    const RegleBalise& r = *it->second;
-    if (r.garde && !(cases_.*r.garde)) return;
-    if (r.traiter) r.traiter(*this, base_.Familles[NbFamisLues], LigneCourante);
+    static const IndexBalises<Fami> index = IndexerBalises(kBalisesFamille);
+    AppliquerRegle(*this, index, [this]() -> Fami& { return base_.Familles[NbFamisLues]; });
 }
 
 void LecteurGedcom::SectionFamille() {
@@ -333,13 +260,7 @@ void LecteurGedcom::SectionFamille() {
         });
         Avancer(kAlerteFinFamille);
     }
-    while (Niveau() != 0 && !aucuneLigne_) {
-        if (Annule()) return;
-        PreparerLigne();
-        if (Balise == "TRLR") return;
-        SousPiege([this] { LigneFamille(); });
-        Avancer(kAlerteFinFamille);
-    }
+    LignesDeFiche(kAlerteFinFamille, [this] { LigneFamille(); });
 }
 
 }  // namespace arbolix

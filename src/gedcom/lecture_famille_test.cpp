@@ -28,6 +28,12 @@ TEST(LectureFamille, FamilleLueAvantSesMembres) {
     EXPECT_EQ(l.base.NbFamisReels, 3);
 }
 
+TEST(LectureFamille, NoteRepublicaineRelueSansGrossir) {
+    Lecture l;
+    l.Lire("0 @I1@ INDI|1 NAME A /B/|0 @F1@ FAM|1 HUSB @I1@|1 MARR|2 DATE 16 OCT 1793|2 NOTE 25/vend/2");
+    EXPECT_EQ(l.Fa(1).Mariage.Notes, "25/vend/2");
+}
+
 TEST(LectureFamille, EnfantDansDeuxFamillesEtMariageSansDate) {
     Lecture l;
     l.LireFichier("familles.ged");

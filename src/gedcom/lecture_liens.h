@@ -12,11 +12,6 @@ namespace arbolix {
 
 class LecteurGedcom;
 
-// Forme d'une note de date républicaine ("12/vend/03") : deux notes de cette forme ne s'ajoutent pas.
-inline constexpr std::string_view kNoteRepublicaine =
-    "##/???"
-    "?/##";
-
 // "@...@" sans blanc : un pointeur GEDCOM, quel que soit son préfixe.
 bool EstPointeur(std::string_view v);
 // Un texte est un lien vers une note (genre 'N') ou une source ('S') quand il est

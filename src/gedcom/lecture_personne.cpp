@@ -1,11 +1,9 @@
 // Section d'une fiche individuelle (INDI) ou du généalogiste (SUBM).
 #include <string>
 
-#include "dates/calendrier_gregorien.h"
-#include "dates/reconnaissance.h"
 #include "gedcom/lecteur_gedcom.h"
+#include "gedcom/lecture_actes.h"
 #include "gedcom/lecture_liens.h"
-#include "gedcom/roles.h"
 #include "store/chaines.h"
 
 namespace arbolix {
@@ -36,25 +34,12 @@ Acte* ActeDesTemoins(Perso& p, std::string_view contexte) {
     return contexte == "ASSO" ? &p.Naissance : ActeDe(p, contexte);
 }
 
-std::string Ligne(const LecteurGedcom& l) {
-    return std::to_string(l.NumLigne);
-}
 std::string Numero(const LecteurGedcom& l) {
     return std::to_string(l.base_.NumCourant);
 }
 
 void DonneeNonTraitee(LecteurGedcom& l) {
-    l.JournaliserLigne("Erreur ligne " + Ligne(l) + ", personne " + Numero(l) +
-                       ", donn\xE9"
-                       "e non trait\xE9"
-                       "e : " +
-                       l.Balise + " " + l.LigneCourante);
-}
-
-void LienVersFamille(LecteurGedcom& l, std::string_view v) {
-    l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : le lien " + l.Balise + " " + std::string(v) +
-                       " de la personne " + Numero(l) +
-                       " d\xE9signe une famille et non une personne ; il a \xE9t\xE9 ignor\xE9.");
+    DonneeNonTraitee(l, "personne " + Numero(l));
 }
 
 // Un champ de la suite n'est créé que pour y écrire quelque chose.
@@ -74,7 +59,7 @@ void Nom(LecteurGedcom& l, Perso& p, std::string& valeur) {
         return;
     }
     if (Comme(valeur, "?*/?*/?*/")) {
-        l.JournaliserLigne("Alerte ligne " + Ligne(l) + ", personne " + std::to_string(n) +
+        l.JournaliserLigne("Alerte ligne " + NumLigneTexte(l) + ", personne " + std::to_string(n) +
                            " : le nom ou le pr\xE9nom comporte un caract\xE8re / qui a \xE9t\xE9 remplac\xE9 "
                            "par , (veuillez v\xE9rifier et modifier si besoin).");
         valeur.pop_back();
@@ -127,17 +112,11 @@ void Surnom(LecteurGedcom&, Perso& p, std::string& v) {
 void Sexe(LecteurGedcom& l, Perso& p, std::string& v) {
     p.Sexe = v.empty() ? ' ' : v[0];
     if (!v.empty() && v[0] != 'M' && v[0] != 'F')
-        l.JournaliserLigne("Info ligne " + Ligne(l) + ", personne " + Numero(l) +
+        l.JournaliserLigne("Info ligne " + NumLigneTexte(l) + ", personne " + Numero(l) +
                            " : le sexe doit \xEAtre M ou F.");
 }
 
 // --- Dates et lieux ---
-
-// Jours depuis le 30/12/1899 d'une date lue ; une date incomplète ne change rien.
-double JourDe(std::string_view date, double ancien) {
-    const auto d = LireDate(date);
-    return d ? NumeroJour(*d) : ancien;
-}
 
 bool ResideDeja(const Texte& notes) {
     return Comme(EnMinuscules(notes.vue()), "*r?side*");
@@ -162,7 +141,7 @@ void Date(LecteurGedcom& l, Perso& p, std::string& v) {
     if (Acte* a = ActeDe(p, ctx)) {
         l.LireDateLigne(v, *a);
     } else if (ctx == "CHAN") {
-        p.DateModif = JourDe(l.LireDateLigne(v, l.base_.ActeCourant), p.DateModif);
+        DateDeModification(l, v, p.DateModif);
     } else if (ctx == "EVEN") {
         p.Notes = p.Notes + " " + l.LireDateLigne(v, l.base_.ActeCourant);
     } else if (ctx == "RESI" || ctx == "OCCU") {
@@ -171,7 +150,7 @@ void Date(LecteurGedcom& l, Perso& p, std::string& v) {
 }
 
 void Lieu(LecteurGedcom& l, Perso& p, std::string& v) {
-    const std::string lieu(SansBlancs(Remplacer(v, "\xC9", "E")));
+    const std::string lieu = LieuLu(l, v);
     const std::string_view ctx = l.Contexte1();
     if (Acte* a = ActeDe(p, ctx)) {
         a->Lieu = lieu;
@@ -182,10 +161,6 @@ void Lieu(LecteurGedcom& l, Perso& p, std::string& v) {
         p.Notes = notes + " \xE0 " + lieu;
     } else if (ctx == "OCCU") {
         p.Metier = p.Metier + " \xE0 " + lieu;
-    }
-    if (l.contexte_.remplirListes && lieu != l.DernierLieu) {
-        l.base_.Listes.Lieu.Ajouter(lieu);
-        l.DernierLieu = lieu;
     }
 }
 
@@ -199,10 +174,7 @@ void Suite(LecteurGedcom& l, Perso& p, std::string& v) {
         p.Notes += sep;
         p.Notes += v;
     } else if (Acte* a = ActeDe(p, ctx)) {
-        if (v != a->Notes + a->Notes) {
-            a->Notes += sep;
-            a->Notes += v;
-        }
+        SuiteDeNoteActe(*a, l.Balise, v);
     } else if (ctx == "ADDR") {
         if (l.cases_.Adresses) FixerSuite(p, &PersoSuite::Adresse2, v);
     } else if (ctx.empty() || ctx == "CONT" || ctx == "CONC") {
@@ -225,8 +197,8 @@ void NoteOuSemblable(LecteurGedcom& l, Perso& p, std::string& v) {
         if (l.cases_.Professions) Metier(l, p, v);
         return;
     }
-    if (v.empty() || v == "INDI" || !(type ? l.cases_.Temoins : l.cases_.Notes)) return;
-    if (l.Contexte2() == "ASSO" && l.TemoinEnAttente > 0) {
+    if (!NoteALire(l, v)) return;
+    if (RoleEnAttente(l)) {
         Role(l, p, v);
         return;
     }
@@ -235,8 +207,7 @@ void NoteOuSemblable(LecteurGedcom& l, Perso& p, std::string& v) {
     if (l.Balise == "AGE" && !l.cases_.Ages) return;
     const std::string_view ctx = l.Contexte1();
     if (Acte* a = ActeDe(p, ctx)) {
-        if (!(Comme(a->Notes, kNoteRepublicaine) && Comme(v, kNoteRepublicaine)))
-            Ajouter(a->Notes, "\r\n", v);
+        AjouterNoteActe(*a, v);
     } else if (ctx == "NOTE" || ctx == "EVEN") {
         Ajouter(p.Notes, "\r\n", v);
     }
@@ -277,19 +248,10 @@ void ListerMetiers(LecteurGedcom& l, Perso& p, std::string m) {
     }
 }
 
-// Titre d'un fichier lié (bloc OBJE) : sur l'objet déjà créé, sinon gardé pour le FILE qui suit.
-void TitreDeBloc(LecteurGedcom& l, std::string_view v) {
-    if (!l.cases_.Fichiers || v.empty()) return;
-    if (l.ObjetDuBloc > 0)
-        PlacerPremierLibre(l.base_.Medias[l.ObjetDuBloc].Titres, Texte(v));
-    else
-        l.TitreDuBloc = v;
-}
-
 void Metier(LecteurGedcom& l, Perso& p, std::string& v) {
     const bool titre = l.Balise == "TITL" || l.Balise == "TYPE";
     if (l.Balise == "TITL" && l.DansBlocObjet()) {
-        TitreDeBloc(l, v);
+        if (l.cases_.Fichiers) TitreDeBloc(l, v);
         return;
     }
     if (!l.cases_.Professions) return;
@@ -314,7 +276,7 @@ void Temoin(LecteurGedcom& l, Perso& p, std::string& v) {
         return;
     }
     if (l.DesigneUneFamille(v)) {
-        LienVersFamille(l, v);
+        LienVersUneFamille(l, v, "de la personne " + Numero(l));
         return;
     }
     Acte* a = ActeDesTemoins(p, l.Contexte1());
@@ -323,29 +285,12 @@ void Temoin(LecteurGedcom& l, Perso& p, std::string& v) {
         return;
     }
     const std::int32_t w = l.PersonneDuPointeur(v);
-    const int i = a->Liens().Temoins.PremierLibre(1);
-    if (i > kMaxTemoins) {
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible d'ajouter le t\xE9moin " +
-                           std::to_string(w) + " \xE0 la personne " + Numero(l) + " " + p.Nom + " " +
-                           p.Prenoms + " car il y a d\xE9j\xE0 " + std::to_string(kMaxTemoins) +
-                           " t\xE9moins.");
-        l.TemoinEnAttente = kMaxTemoins + 1;
-        return;
-    }
-    a->LiensModif().Temoins.Fixer(i, w);
-    l.TemoinEnAttente = i;
+    AjouterTemoin(l, *a, w, " \xE0 la personne " + Numero(l) + " " + p.Nom + " " + p.Prenoms);
 }
 
 void Role(LecteurGedcom& l, Perso& p, std::string& v) {
-    if (!l.cases_.Temoins || l.TemoinEnAttente <= 0 || v.empty() || v == "EVEN") return;
     const std::string_view ctx = l.Contexte1();
-    const std::string role = TraduireRole(v, ctx, l.base_, l.base_.NumCourant, l.TemoinEnAttente);
-    if (role == "T\xE9moin" || l.TemoinEnAttente > kMaxTemoins) return;
-    Acte* a = ActeDesTemoins(p, ctx);
-    if (!a) return;
-    Texte roles = a->Liens().RolesTemoins(l.TemoinEnAttente);
-    Ajouter(roles, ", ", role);
-    a->LiensModif().RolesTemoins.Fixer(l.TemoinEnAttente, roles);
+    AjouterRole(l, ctx, ActeDesTemoins(p, ctx), v);
 }
 
 // --- Adresses et divers ---
@@ -404,18 +349,10 @@ void Parrainage(LecteurGedcom&, Perso& p, std::string& v) {
 
 void Deces(LecteurGedcom& l, Perso&, std::string& v) {
     if (v == "Y")
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : " + l.contexte_.textes.TitreProgramme +
-                           " attend une date de d\xE9"
-                           "c\xE8s pour la personne " +
-                           Numero(l) + ".");
+        AttendUneDate(l, std::string("d\xE9" "c\xE8s pour la personne ") + Numero(l));
 }
 
 // --- Fichiers liés ---
-
-void VoirFichier(Texte& notes, std::string_view v) {
-    notes += "\r\nVoir fichier ";
-    notes += v;
-}
 
 // Lien vers un objet média @M..@, depuis la personne ou l'un de ses évènements.
 void LierMedia(LecteurGedcom& l, Perso& p, const std::string& v) {
@@ -425,7 +362,7 @@ void LierMedia(LecteurGedcom& l, Perso& p, const std::string& v) {
     const auto& medias = a ? a->Liens().Medias : p.Suite().ObjetsMedia;
     if (!Contient(medias, m)) {
         if (medias.PremierLibre() > kMaxLiens) {
-            l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier la personne " + Numero(l) +
+            l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier la personne " + Numero(l) +
                                " et le fichier " + v);
             VoirFichier(a ? a->Notes : p.Notes, v);
         } else if (a) {
@@ -434,12 +371,7 @@ void LierMedia(LecteurGedcom& l, Perso& p, const std::string& v) {
             PlacerPremierLibre(p.SuiteModif().ObjetsMedia, m);
         }
     }
-    ObjetMedia& o = l.base_.Medias[m];
-    if (!Contient(o.LiensPersos, l.base_.NumCourant) &&
-        !PlacerPremierLibre(o.LiensPersos, l.base_.NumCourant))
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier le fichier " + v +
-                           " et la personne " + Numero(l));
-    if (r) o.TypeActe = r->typeActe;
+    LierObjetEnRetour(l, m, &ObjetMedia::LiensPersos, v, " et la personne " + Numero(l), r ? r->typeActe : 0);
 }
 
 // Le même chemin déjà lié à la personne ne fait pas un second objet.
@@ -457,17 +389,13 @@ void Fichier(LecteurGedcom& l, Perso& p, std::string& v) {
     }
     if (CheminDejaLie(l.base_, p, v)) return;
     if (p.Suite().ObjetsMedia.PremierLibre() > kMaxLiens) {
-        l.JournaliserLigne("Erreur ligne " + Ligne(l) + " : impossible de lier le fichier " + v +
+        l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier le fichier " + v +
                            " et la personne " + Numero(l));
         VoirFichier(p.Notes, v);
         return;
     }
-    const std::int32_t m = NouvelObjetLocal(l, v);
+    const std::int32_t m = NouvelObjetLu(l, v);
     ObjetMedia& o = l.base_.Medias[m];
-    if (l.DansBlocObjet()) {
-        l.ObjetDuBloc = m;
-        if (!l.TitreDuBloc.empty()) o.Titres.Fixer(1, Texte(l.TitreDuBloc));
-    }
     PlacerPremierLibre(p.SuiteModif().ObjetsMedia, m);
     if (l.base_.NumCourant > 0) o.LiensPersos.Fixer(1, l.base_.NumCourant);
     if (const ActePersonne* r = LigneActe(l.Contexte1())) o.TypeActe = r->typeActe;
@@ -475,27 +403,13 @@ void Fichier(LecteurGedcom& l, Perso& p, std::string& v) {
 
 // OBJE @M..@ lie l'objet comme FILE @M..@ ; OBJE sans valeur ouvre un bloc FILE/TITL/FORM.
 void Objet(LecteurGedcom& l, Perso& p, std::string& v) {
-    if (EstPointeur(v)) {
-        LierMedia(l, p, v);
-    } else if (v.empty()) {
-        l.NiveauObjet = l.NiveauLigne;
-        l.ObjetDuBloc = 0;
-        l.TitreDuBloc.clear();
-    }
+    if (ObjetPointe(l, v)) LierMedia(l, p, v);
 }
 
 // --- La table des balises ---
 
-using Traitement = void (*)(LecteurGedcom&, Perso&, std::string&);
-
-struct RegleBalise {
-    std::string_view balise;
-    bool OptionsGedcom::*garde;  // case qui doit être cochée, nul : aucune
-    Traitement traiter;          // nul : balise ignorée sans un mot
-};
-
 // Dans l'ordre de la règle ; la première ligne d'une balise l'emporte.
-constexpr RegleBalise kBalisesPersonne[] = {
+constexpr RegleBalise<Perso> kBalisesPersonne[] = {
     {"DATE", nullptr, Date},
     {"PLAC", &OptionsGedcom::Lieux, Lieu},
     {"SEX", nullptr, Sexe},
@@ -575,16 +489,11 @@ constexpr RegleBalise kBalisesPersonne[] = {
 }  // namespace
 
 void LecteurGedcom::LignePersonne() {
-    static const auto index = IndexerBalises(kBalisesPersonne);
+    static const IndexBalises<Perso> index = IndexerBalises(kBalisesPersonne);
     Perso& p = base_.Persos[base_.NumCourant];
-    const auto it = index.find(Balise);
-    if (it == index.end()) {
-        if (!LigneCourante.empty() && !Comme(Balise, "@*@")) DonneeNonTraitee(*this);
-        return;
-    }
-    const RegleBalise& r = *it->second;
-    if (r.garde && !(cases_.*r.garde)) return;
-    if (r.traiter) r.traiter(*this, p, LigneCourante);
+    if (!AppliquerRegle(*this, index, [&p]() -> Perso& { return p; }) && !LigneCourante.empty() &&
+        !Comme(Balise, "@*@"))
+        DonneeNonTraitee(*this);
 }
 
 void LecteurGedcom::SectionPersonne() {
@@ -610,13 +519,7 @@ void LecteurGedcom::SectionPersonne() {
         });
         Avancer(kAlerteFinPersonne);
     }
-    while (Niveau() != 0 && !aucuneLigne_) {
-        if (Annule()) return;
-        PreparerLigne();
-        if (Balise == "TRLR") break;
-        SousPiege([this] { LignePersonne(); });
-        Avancer(kAlerteFinPersonne);
-    }
+    if (!LignesDeFiche(kAlerteFinPersonne, [this] { LignePersonne(); })) return;
     if (base_.NumCourant == 0) base_.Persos[0] = Perso{};
 }
 

@@ -117,6 +117,24 @@ TEST(LecturePersonne, SuiteDeNoteSeDoubleSansLeRedire) {
     EXPECT_EQ(l.Pe(1).Deces.Notes, "ab");
 }
 
+// À la relecture, la date pose sa note républicaine avant que vienne celle que le fichier
+// porte déjà : la note du fichier pour le même jour prend la place, elle ne s'y ajoute pas.
+TEST(LecturePersonne, NoteRepublicaineRelueSansGrossir) {
+    const std::pair<const char*, const char*> cas[] = {
+        {"2 DATE 16 OCT 1793|2 NOTE 25/vend/2", "25/vend/2"},
+        {"2 DATE 16 OCT 1793|2 NOTE 25/vend/02", "25/vend/02"},
+        {"2 DATE 15 FEB 1802|2 NOTE 26/10", "26/10"},  // « 26/10 » relu comme 26 pluviôse an X
+        {"2 DATE 16 OCT 1793|2 NOTE 26/vend/2", "25/vend/02\r\n26/vend/2"},
+        {"2 DATE 16 OCT 1793|2 NOTE Paris|2 NOTE 25/vend/2", "25/vend/02\r\nParis\r\n25/vend/2"},
+        {"2 DATE 16 OCT 1793|2 NOTE 25/vend/2|2 NOTE 25/vend/2", "25/vend/2\r\n25/vend/2"},
+    };
+    for (const auto& [lignes, notes] : cas) {
+        Lecture l;
+        l.Lire("0 @I1@ INDI|1 NAME A /B/|1 DEAT|" + std::string(lignes));
+        EXPECT_EQ(l.Pe(1).Deces.Notes, notes) << lignes;
+    }
+}
+
 TEST(LecturePersonne, TemoinsEtRoles) {
     Lecture l;
     l.LireFichier("temoins.ged");

@@ -1,0 +1,111 @@
+// Ce que les fiches de personnes et de familles lisent de la même façon : table des balises,
+// évènements (lieu, notes, témoins et rôles), fichiers liés, messages du journal.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "gedcom/lecteur_gedcom.h"
+#include "store/base.h"
+
+namespace arbolix {
+
+// --- La table des balises ---
+
+// Une ligne de la table des balises d'une fiche (Perso ou Fami).
+template <typename Fiche>
+struct RegleBalise {
+    std::string_view balise;
+    bool OptionsGedcom::*garde;                             // case qui doit être cochée, nul : aucune
+    void (*traiter)(LecteurGedcom&, Fiche&, std::string&);  // nul : balise ignorée sans un mot
+};
+
+template <typename Fiche>
+using IndexBalises = std::unordered_map<std::string_view, const RegleBalise<Fiche>*>;
+
+// Traite la ligne courante par la règle de sa balise, si sa case est cochée ; la fiche
+// n'est prise (fiche()) que pour être traitée. Faux quand la table ne connaît pas la
+// balise : à l'appelant de le dire ou non.
+template <typename Fiche, typename Prendre>
+bool AppliquerRegle(LecteurGedcom& l, const IndexBalises<Fiche>& index, Prendre&& fiche) {
+    const auto it = index.find(l.Balise);
+    if (it == index.end()) return false;
+    const RegleBalise<Fiche>& r = *it->second;
+    if (r.garde && !(l.cases_.*r.garde)) return true;
+    if (r.traiter) r.traiter(l, fiche(), l.LigneCourante);
+    return true;
+}
+
+// --- Journal ---
+
+// Le numéro de la ligne courante, tel que le journal l'écrit.
+std::string NumLigneTexte(const LecteurGedcom& l);
+// "Erreur ligne n, <qui>, donnée non traitée : balise valeur" ; qui : "personne 3", "famille 2".
+void DonneeNonTraitee(LecteurGedcom& l, std::string_view qui);
+// Un pointeur de personne qui désigne une famille ; deQui : "de la personne 3", "de la famille 2".
+void LienVersUneFamille(LecteurGedcom& l, std::string_view v, std::string_view deQui);
+// "1 DEAT Y", "1 MARR Y" : le programme attend une date ; deQuoi : "mariage pour la famille 2".
+void AttendUneDate(LecteurGedcom& l, std::string_view deQuoi);
+
+// --- Évènements ---
+
+// Forme d'une note de date républicaine ("12/vend/03") : deux notes de cette forme ne s'ajoutent pas.
+inline constexpr std::string_view kNoteRepublicaine =
+    "##/???"
+    "?/##";
+
+// Lieu lu : "É" devient "E", blancs de bord ôtés ; il va à la liste des lieux quand il
+// diffère du dernier envoyé.
+std::string LieuLu(LecteurGedcom& l, std::string_view v);
+
+// Date d'une ligne CHAN en jours depuis le 30/12/1899 ; une date incomplète laisse l'ancienne.
+void DateDeModification(LecteurGedcom& l, std::string_view v, double& dateModif);
+
+// Une note lue sous un évènement, ajoutée à la ligne. La note républicaine que la date
+// vient de poser cède la place à celle du fichier pour le même jour, quelle qu'en soit
+// la forme ("25/vend/2", "11/08") : relue, une note que la lecture a faite ne grossit pas.
+void AjouterNoteActe(Acte& a, std::string_view v);
+
+// Suite (CONT, CONC) de la note d'un évènement : CONT compte pour un blanc et une fin de
+// ligne. Une valeur qui redit la note deux fois ne s'ajoute pas.
+void SuiteDeNoteActe(Acte& a, std::string_view balise, std::string_view v);
+
+// Une ligne de note ou semblable est à lire : ni vide ni "INDI", et sa case cochée
+// (Témoins pour TYPE, Notes pour les autres).
+bool NoteALire(const LecteurGedcom& l, std::string_view v);
+// Sous un ASSO dont le témoin attend son rôle, une note est ce rôle.
+bool RoleEnAttente(const LecteurGedcom& l);
+
+// Témoin w à la première place libre de l'évènement, retenu pour le rôle qui suit.
+// Quand les 20 places sont prises, le journal le dit ; aQui : " à la famille 2".
+void AjouterTemoin(LecteurGedcom& l, Acte& a, std::int32_t w, std::string_view aQui);
+
+// Rôle du témoin retenu, traduit ; "Témoin" ne s'écrit pas. contexte : celui où la
+// traduction cherche le sexe d'un parrain. a nul : aucun évènement ne porte le témoin.
+void AjouterRole(LecteurGedcom& l, std::string_view contexte, Acte* a, std::string_view v);
+
+// --- Fichiers liés ---
+
+// Un lien vers un fichier qui n'a pas pu se faire reste lisible dans les notes.
+void VoirFichier(Texte& notes, std::string_view v);
+
+// Le retour de lien de l'objet média m vers la fiche courante (liens : LiensPersos ou
+// LiensFamis, qui reçoit NumCourant), et le type d'acte du contexte (0 : aucun).
+// etQui complète le message quand les places sont prises : " et la famille 2".
+void LierObjetEnRetour(LecteurGedcom& l, std::int32_t m, Emplacements<std::int32_t, 1, kMaxLiens> ObjetMedia::*liens,
+                       std::string_view v, std::string_view etQui, std::int32_t typeActe);
+
+// Nouvel objet local pour un chemin lu sous une fiche ; dans un bloc OBJE il devient
+// l'objet du bloc et prend le titre lu avant lui. Rend son numéro.
+std::int32_t NouvelObjetLu(LecteurGedcom& l, std::string_view chemin);
+
+// OBJE : vrai pour un pointeur, que l'appelant lie comme FILE @M..@ ; sans valeur, ouvre
+// un bloc FILE/TITL/FORM.
+bool ObjetPointe(LecteurGedcom& l, std::string_view v);
+
+// Titre d'un fichier du bloc OBJE : sur l'objet déjà créé, sinon gardé pour le FILE qui suit.
+void TitreDeBloc(LecteurGedcom& l, std::string_view v);
+
+}  // namespace arbolix
