@@ -233,6 +233,12 @@ TEST(Lecteur, ControlesApresLecture) {
               "Info : la fiche 5 est vide et peut \xEAtre r\xE9utilis\xE9" "e.\r\n");
     // Une fiche lue avec un nom mais sans prénom garde sa place dans les parcours.
     EXPECT_EQ(l.P(6).Prenoms, "N");
+    // Sans nom ni date, un sexe, un métier ou un lieu suffisent : la fiche serait perdue à l'enregistrement.
+    Lecture sansNom;
+    sansNom.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 SEX F|0 @I2@ INDI|1 OCCU tisserand|0 @I3@ INDI|1 BIRT|2 PLAC Sarlat|"
+                         "0 @I4@ INDI|1 CHAN|2 DATE 1 JAN 2000|0 TRLR|"));
+    for (int n : {1, 2, 3}) EXPECT_EQ(sansNom.P(n).Prenoms, "N") << n;
+    EXPECT_TRUE(sansNom.P(4).Prenoms.empty());
     Lecture moitie;
     moitie.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 NAME A /B/|0 @I9@ INDI|1 NAME C /D/|0 TRLR|"));
     EXPECT_EQ(moitie.resultat.Journal.rfind("Info : plus de la moiti\xE9 des fiches individuelles sont vides !", 0),

@@ -23,6 +23,17 @@ bool FicheVide(const Perso& p) {
            p.Unions[1] == 0;
 }
 
+// Une fiche qui porte quoi que ce soit du fichier (sexe, métier, lieu, adresse...) en dehors
+// de ce que la lecture pose d'elle-même : plus large que FicheVide, pour ne rien perdre.
+bool PorteDesDonnees(const Perso& p) {
+    Perso q = p;
+    q.Sel = q.SelAvant = kFaux;
+    q.DateModif = 0;
+    q.CodeNom.clear();
+    q.NomTri.clear();
+    return !(q == Perso{});
+}
+
 }  // namespace
 
 void LecteurGedcom::ControlesApresLecture() {
@@ -60,7 +71,7 @@ void LecteurGedcom::ControlesApresLecture() {
     // tous les parcours et serait perdue à l'enregistrement : prénom par défaut.
     for (const std::int32_t n : IndiLus) {
         Perso& p = b.Persos[n];
-        if (n > 0 && p.Prenoms.empty() && !FicheVide(p)) p.Prenoms = contexte_.options.NomPrenomParDefaut;
+        if (n > 0 && p.Prenoms.empty() && PorteDesDonnees(p)) p.Prenoms = contexte_.options.NomPrenomParDefaut;
     }
     // Ce qu'un lien 0 a pu écrire dans les fiches vierges est effacé.
     b.Persos[0].Nom.clear();
