@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "aides/base_essai.h"
 #include "dates/cle_date.h"
 #include "store/aides_texte.h"
 
@@ -20,10 +21,7 @@ struct Banc {
         p.CodeNom = CodeSon(nom);
         p.Sexe = sexe;
         const auto dater = [](Acte& a, int annee) {
-            if (annee == 0) return;
-            a.Date = std::to_string(annee);
-            a.DateTri = CleDate(a.Date.vue());
-            a.Annee = static_cast<std::int16_t>(annee);
+            if (annee != 0) essai::Dater(a, std::to_string(annee));
         };
         dater(p.Naissance, naissance);
         dater(p.Deces, deces);

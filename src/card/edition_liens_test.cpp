@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <random>
 
+#include "aides/base_essai.h"
 #include "aides/dialogue_factice.h"
 #include "aides/verifier_liens.h"
 #include "dates/cle_date.h"
@@ -29,11 +30,7 @@ struct Banc {
         p.Prenoms = prenoms;
         p.CodeNom = CodeSon(nom);
         p.Sexe = sexe;
-        if (annee > 0) {
-            p.Naissance.Date = std::to_string(annee);
-            p.Naissance.DateTri = CleDate(p.Naissance.Date.vue());
-            p.Naissance.Annee = static_cast<std::int16_t>(annee);
-        }
+        if (annee > 0) essai::Dater(p.Naissance, std::to_string(annee));
         return n;
     }
     const Perso& P(std::int32_t n) const { return base.Persos[n]; }

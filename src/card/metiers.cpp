@@ -18,22 +18,27 @@ void AjouterCode(Texte& codes, std::string_view metier) {
 
 }  // namespace
 
-void EnregistrerMetier(Perso& p, std::string_view texte, ListeChoix& liste) {
-    p.Metier = texte;
-    AjouterCode(p.CodesMetiers, texte);
-    if (Chercher(texte, " puis ") == std::string_view::npos && Chercher(texte, ",") == std::string_view::npos) {
-        liste.Ajouter(texte);
-        return;
-    }
+std::vector<std::string> PartiesMetier(std::string_view texte) {
+    if (Chercher(texte, " puis ") == std::string_view::npos && Chercher(texte, ",") == std::string_view::npos)
+        return {std::string(texte)};
+    std::vector<std::string> parties;
     const std::string joint = Remplacer(texte, " puis ", ",");
     std::size_t debut = 0;
     while (debut <= joint.size()) {
         std::size_t fin = joint.find(',', debut);
         if (fin == std::string::npos) fin = joint.size();
-        const std::string_view partie = SansBlancs(std::string_view(joint).substr(debut, fin - debut));
+        parties.emplace_back(SansBlancs(std::string_view(joint).substr(debut, fin - debut)));
+        debut = fin + 1;
+    }
+    return parties;
+}
+
+void EnregistrerMetier(Perso& p, std::string_view texte, ListeChoix& liste) {
+    p.Metier = texte;
+    AjouterCode(p.CodesMetiers, texte);
+    for (const auto& partie : PartiesMetier(texte)) {
         liste.Ajouter(partie);
         AjouterCode(p.CodesMetiers, partie);
-        debut = fin + 1;
     }
 }
 

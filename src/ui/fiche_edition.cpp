@@ -15,6 +15,7 @@
 #include "card/candidats.h"
 #include "card/edition_liens.h"
 #include "card/lignes_personne.h"
+#include "card/metiers.h"
 #include "lists/rangees.h"
 #include "platform/qt_horloge.h"
 #include "platform/qt_texte.h"
@@ -167,8 +168,7 @@ void Fiche::EnregistrerFiche() {
     if (!arbolix::EnregistrerFiche(base_, s, *dialogue_, Maintenant())) return;
     AjouterCombo(*ui_->Nom, s.Nom);
     AjouterCombo(*ui_->Prenoms, s.Prenoms);
-    for (const auto& m : base_.Listes.Metier.Triee())
-        if (s.Metier.find(m) != std::string::npos) AjouterCombo(*ui_->Metier, m);
+    for (const auto& m : PartiesMetier(s.Metier)) AjouterCombo(*ui_->Metier, m);
     ActualiserTitre();
 }
 
