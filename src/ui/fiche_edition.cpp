@@ -192,9 +192,8 @@ Edition Fiche::Editer() {
     return Edition{base_, options_, *dialogue_, Maintenant(), gedcom_.OptRenum, false};
 }
 
-// Après un lien : la fiche se refait, le fichier est modifié.
+// Après une commande de lien : la fiche se refait (le noyau a marqué le fichier s'il a changé).
 void Fiche::ApresLien(std::int32_t allerA) {
-    base_.FichierModifie = kVrai;
     if (allerA > 0 && allerA != base_.NumCourant)
         AllerA(allerA, true);
     else
@@ -272,8 +271,8 @@ void Fiche::AjouterEnfant() {
     Edition e = Editer();
     const std::int32_t f = FamillePourEnfant(e, p, FamilleChoisie());
     if (f <= 0) {
-        // Une union monoparentale a pu être créée puis refusée : la fiche la montre.
-        if (base_.FichierModifie != kFaux) ApresLien(0);
+        // Une union monoparentale a pu être créée sans place pour l'enfant : la fiche la montre.
+        ApresLien(0);
         return;
     }
     const auto ligne = [this](std::int32_t n) { return LigneCourte(base_, options_, n); };

@@ -293,10 +293,16 @@ private slots:
         QCOMPARE(unions->count(), 0);
         QCOMPARE(e.P(p).Unions[1], 0);
         e.LiensIntacts();
-        // Annuler la liste des conjoints ne crée rien.
+        // Annuler la liste des conjoints ne crée rien ; deux Non aux parents non plus, et le fichier reste tel quel.
         const std::int32_t familles = e.fiche.base().NbFamisReels;
         e.Cliquer("AjouterUnion");
         QCOMPARE(e.fiche.base().NbFamisReels, familles);
+        e.fiche.base().FichierModifie = kFaux;
+        e.d.ReponseSuivante(Bouton::Non);
+        e.d.ReponseSuivante(Bouton::Non);
+        e.Cliquer("BoutonAjouterParents");
+        QCOMPARE(e.fiche.base().NbFamisReels, familles);
+        QCOMPARE(e.fiche.base().FichierModifie, kFaux);
     }
 };
 
