@@ -31,6 +31,8 @@ struct Acte {
     Texte Date;
     Texte DateTri;
     std::int16_t Annee = 0;
+    // Connu sans date ni lieu (« 1 DEAT Y ») : l'évènement s'écrit même vide.
+    bool Connu = false;
     Texte Lieu;
     Texte Notes;
     Texte Source;
