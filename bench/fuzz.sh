@@ -23,7 +23,7 @@ for cible in "${cibles[@]}"; do
   # Graines : nos fichiers d'essai et, s'il est là, le corpus des autres logiciels (préfixés de deux octets d'options).
   for f in tests/donnees/*.ged tests/donnees/*/*.ged share/*.ged ../shared/corpus/gedcom/*; do
     [ -f "$f" ] || continue
-    { printf '\xff\x07'; head -c 200000 "$f"; } > "$corpus/graine-$(basename "$f")"
+    { printf '\xff\x01'; head -c 200000 "$f"; } > "$corpus/graine-$(basename "$f")"
   done
   mkdir -p "build/fuzz/artefacts-$cible"
   echo "== $cible : $secondes s"

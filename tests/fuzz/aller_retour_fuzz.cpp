@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "cases_fuzz.h"
 #include "gedcom/ecrivain.h"
 #include "gedcom/lecteur.h"
 #include "lists/selection.h"
@@ -13,9 +14,8 @@ using namespace arbolix;
 
 namespace {
 
-std::string LireEtEcrire(const std::string& texte, OptionsGedcom cases) {
+std::string LireEtEcrire(const std::string& texte, OptionsGedcom cases, Options options) {
     Base base;
-    Options options;
     Progression muette;
     ContexteLecture lecture{options, cases, muette};
     if (!LireGedcomTexte(base, lecture, texte).Lu) __builtin_trap();
@@ -27,22 +27,17 @@ std::string LireEtEcrire(const std::string& texte, OptionsGedcom cases) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-    if (taille < 1) return 0;
+    if (taille < fuzz::kOctetsDeCases) return 0;
     OptionsGedcom cases;
-    // Deux formes que la règle laisse grandir à chaque aller-retour, laissées de côté ici :
-    // les fichiers liés sous une personne (une note « Voir fichier » de plus) et la ligne
-    // d'âge (relue comme une note de l'évènement).
-    cases.Fichiers = false;
-    cases.Ages = false;
-    cases.Dates = donnees[0] & 1;
-    const std::string texte(reinterpret_cast<const char*>(donnees) + 1, taille - 1);
-    // Des octets de contrôle ne sont pas du texte : un nom qui en porte ne promet rien.
-    for (char c : texte)
-        if (static_cast<unsigned char>(c) < 0x20 && c != '\r' && c != '\n' && c != '\t') return 0;
-    std::string avant = LireEtEcrire(texte, cases);
-    // Les premières relectures peuvent encore changer une forme (MAR 1750 devient 1750, un nom
-    // aux barres surnuméraires se redécoupe) ; ensuite le fichier ne bouge plus.
-    for (int tour = 0; tour < 2; ++tour) avant = LireEtEcrire(avant, cases);
-    if (LireEtEcrire(avant, cases) != avant) __builtin_trap();
+    Options options;
+    fuzz::TirerCases(donnees, cases, options);
+    const std::string texte(reinterpret_cast<const char*>(donnees) + fuzz::kOctetsDeCases,
+                            taille - fuzz::kOctetsDeCases);
+    // Ce qu'une case décoche se perd à la première lecture, et les premières relectures peuvent
+    // encore changer une forme (un nom aux barres surnuméraires se redécoupe) ; ensuite le
+    // fichier ne bouge plus.
+    std::string avant = LireEtEcrire(texte, cases, options);
+    for (int tour = 0; tour < 2; ++tour) avant = LireEtEcrire(avant, cases, options);
+    if (LireEtEcrire(avant, cases, options) != avant) __builtin_trap();
     return 0;
 }
