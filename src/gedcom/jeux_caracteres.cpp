@@ -171,7 +171,8 @@ struct ValeurChar {
 };
 
 // ASCII est une valeur valide de GEDCOM 5.5 : sous-ensemble de la page 1252,
-// rien à réparer, pas d'alerte. UNICODE arrive ici déjà converti en UTF-8.
+// rien à réparer, pas d'alerte. UNICODE : un fichier UTF-16 arrive ici déjà converti, un
+// fichier d'octets qui le déclare est lu en UTF-8.
 constexpr ValeurChar kValeursChar[] = {
     {"ANSI", Traitement::Rien},    {"ASCII", Traitement::Rien}, {"IBMPC", Traitement::Oem},
     {"ANSEL", Traitement::Ansel},  {"UTF-8", Traitement::Utf8}, {"UTF8", Traitement::Utf8},
@@ -366,9 +367,9 @@ JeuCaracteres TraiterJeuCaracteres(std::string& tampon, std::size_t depuis, std:
                                    CodageFichier codage) {
     const std::string mot = PremierMotMajuscule(valeur);
     const Traitement traitement = TraitementDe(mot);
-    if (codage != CodageFichier::Octets && traitement != Traitement::Utf8) {
-        const Replis r = TableUtf8(tampon, depuis);
-        journal += MessageCodageImpose(valeur, codage) + MessageReplis(r);
+    // Un fichier Unicode par ses octets est déjà en page 1252 (NormaliserCodage).
+    if (codage != CodageFichier::Octets) {
+        journal += traitement == Traitement::Utf8 ? MessageUtf8(valeur) : MessageCodageImpose(valeur, codage);
         return JeuCaracteres::Utf8;
     }
     if (!Connue(mot)) {
@@ -401,16 +402,15 @@ JeuCaracteres TraiterJeuCaracteres(std::string& tampon, std::size_t depuis, std:
 
 bool ConvertirUtf8NonDeclare(std::string& tampon, std::size_t depuis, CodageFichier codage, bool charLu,
                              std::string& journal) {
+    // Un fichier Unicode par ses octets a été converti en entier, journal compris (NormaliserCodage).
+    if (codage != CodageFichier::Octets) return true;
+    // Seul un fichier qui ne déclare rien est jugé sur son contenu.
     const std::string_view reste = std::string_view(tampon).substr(std::min(depuis, tampon.size()));
-    const bool marque = codage != CodageFichier::Octets;
-    // Sans marque, seul un fichier qui ne déclare rien est jugé sur son contenu.
-    if (!marque && (charLu || !RessembleUtf8(reste))) return false;
+    if (charLu || !RessembleUtf8(reste)) return false;
     const Replis r = TableUtf8(tampon, depuis);
-    // La marque a déjà eu sa ligne au journal (NormaliserCodage).
-    if (!marque)
-        journal +=
-            "Info : le fichier ne d\xE9"
-            "clare pas son jeu de caract\xE8res ; son contenu est en UTF-8 et a \xE9t\xE9 converti.\r\n";
+    journal +=
+        "Info : le fichier ne d\xE9"
+        "clare pas son jeu de caract\xE8res ; son contenu est en UTF-8 et a \xE9t\xE9 converti.\r\n";
     journal += MessageReplis(r);
     return true;
 }
@@ -492,6 +492,7 @@ CodageLu NormaliserCodage(std::string& octets) {
             "clare sa marque d'ordre des "
             "octets ; la marque a \xE9t\xE9 retir\xE9"
             "e avant lecture.\r\n";
+        lu.journal += MessageReplis(TableUtf8(octets, 0));
         return lu;
     }
     if (v.starts_with("\xFF\xFE")) {
@@ -509,6 +510,7 @@ CodageLu NormaliserCodage(std::string& octets) {
     lu.journal = std::string("Info : le fichier est cod\xE9 en UTF-16 ") + (gros ? "gros" : "petit") +
                  "-boutiste" + (lu.marque ? "" : " sans marque d'ordre des octets") +
                  " ; il a \xE9t\xE9 converti avant lecture.\r\n";
+    lu.journal += MessageReplis(TableUtf8(octets, 0));
     return lu;
 }
 

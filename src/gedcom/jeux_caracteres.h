@@ -63,14 +63,15 @@ enum class CodageFichier { Octets, Utf8Marque, Utf16Petit, Utf16Gros };
 // tenir compte de la casse : ANSI et ASCII rien ; IBMPC pages OEM ; ANSEL ;
 // UTF-8, UTF8 et UNICODE (un fichier UTF-16 a déjà été converti en UTF-8) la
 // table UTF-8 ; le reste alerte. Un fichier que sa marque ou l'UTF-16 dit en
-// Unicode (codage autre que Octets) est lu en UTF-8 quoi que dise CHAR.
+// Unicode (codage autre que Octets) est déjà converti : rien ne change, et le
+// journal dit qu'il a été lu en UTF-8 quand CHAR dit autre chose.
 JeuCaracteres TraiterJeuCaracteres(std::string& tampon, std::size_t depuis, std::string_view valeur,
                                    std::string_view titreProgramme, std::string& journal,
                                    CodageFichier codage = CodageFichier::Octets);
 
-// À la fin de l'en-tête, quand rien n'a encore converti l'UTF-8 : un fichier à marque ou
-// en UTF-16, ou sans ligne CHAR dont le reste est de l'UTF-8 valide, est converti à partir
-// de depuis, avec ses lignes de journal. Vrai s'il l'a été.
+// À la fin de l'en-tête, quand rien n'a encore converti l'UTF-8 : un fichier sans ligne
+// CHAR dont le reste est de l'UTF-8 valide est converti à partir de depuis, avec ses
+// lignes de journal. Vrai s'il l'a été, ou si ses octets l'avaient déjà fait convertir.
 bool ConvertirUtf8NonDeclare(std::string& tampon, std::size_t depuis, CodageFichier codage, bool charLu,
                              std::string& journal);
 
@@ -80,13 +81,14 @@ inline constexpr std::string_view kAdresseConvertisseur = "https://www.gnu.org/s
 struct CodageLu {
     CodageFichier codage = CodageFichier::Octets;
     bool marque = false;  // une marque d'ordre des octets était là (et a été retirée)
-    std::string journal;  // phrase pour le journal de chargement, vide pour Octets
+    std::string journal;  // lignes pour le journal de chargement, vide pour Octets
 };
 
 // Retire une marque UTF-8 ; reconnaît l'UTF-16 petit- ou gros-boutiste, avec
 // ou sans marque (sans marque : la moitié des octets du début sont nuls du
-// même côté), et le convertit en UTF-8 pour que la suite le lise comme un
-// fichier UTF-8. Le reste passe tel quel.
+// même côté). Un fichier ainsi dit Unicode par ses octets est converti en entier
+// vers la page 1252, en-tête compris, quoi que dise sa ligne CHAR, et le journal
+// dit combien de caractères ont été remplacés. Le reste passe tel quel.
 CodageLu NormaliserCodage(std::string& octets);
 
 // UTF-16 vers UTF-8 ; paires de substitution réunies, unité isolée ou octet

@@ -324,8 +324,10 @@ TEST(JeuxCaracteres, VariantesDeValeur) {
 }
 
 TEST(JeuxCaracteres, Utf16AvecEtSansMarque) {
-    const std::string reference = Donnee("unicode.ged");
-    ASSERT_FALSE(reference.empty());
+    // Le même texte en UTF-8, tel qu'il se lit en page 1252.
+    std::string attendu = Donnee("unicode.ged");
+    ASSERT_FALSE(attendu.empty());
+    TableUtf8(attendu, 0);
     struct Cas {
         std::string fichier;
         CodageFichier codage;
@@ -342,12 +344,13 @@ TEST(JeuxCaracteres, Utf16AvecEtSansMarque) {
         const CodageLu lu = NormaliserCodage(octets);
         EXPECT_EQ(lu.codage, c.codage) << c.fichier;
         EXPECT_EQ(lu.marque, c.marque) << c.fichier;
-        EXPECT_EQ(octets, reference) << c.fichier;
+        EXPECT_EQ(octets, attendu) << c.fichier;
     }
     std::string octets = Donnee("utf16le.ged");
     EXPECT_EQ(NormaliserCodage(octets).journal,
               "Info : le fichier est cod\xE9 en UTF-16 petit-boutiste ; il a \xE9t\xE9 converti avant "
-              "lecture.\r\n");
+              "lecture.\r\n" +
+                  MessageReplis({0, 1}));  // l'arbre de la note
 
     const Charge c = Charger(Donnee("utf16be-sans-marque.ged"));
     EXPECT_EQ(c.jeu, JeuCaracteres::Utf8);
@@ -403,7 +406,7 @@ TEST(JeuxCaracteres, Utf16Abime) {
         "0\x00"
         "H"s;
     NormaliserCodage(impair);
-    EXPECT_EQ(impair, "0" + fffd);
+    EXPECT_EQ(impair, "0?");  // l'octet final seul, puis la page 1252
     std::string marqueSeule = "\xFE\xFF"s;
     EXPECT_EQ(NormaliserCodage(marqueSeule).codage, CodageFichier::Utf16Gros);
     EXPECT_EQ(marqueSeule, "");
@@ -421,59 +424,69 @@ TEST(JeuxCaracteres, TamponCourtOuDepuisAuDela) {
     }
 }
 
-// Un fichier dit Unicode par ses octets est lu en UTF-8 quoi que dise CHAR ; sans CHAR,
-// son contenu en décide.
+// Un fichier dit Unicode par ses octets est lu en UTF-8 en entier, quoi que dise CHAR ;
+// sans CHAR, son contenu en décide.
 TEST(JeuxCaracteres, CodageDesOctetsAvantCeluiDeChar) {
+    const std::string marque =
+        "Info : le fichier est cod\xE9 en UTF-8, comme le d\xE9"
+        "clare sa marque d'ordre des octets ; la marque a \xE9t\xE9 retir\xE9"
+        "e avant lecture.\r\n";
+    const std::string tunis = MessageReplis({1, 0});
+    // La note de l'en-tête, avant CHAR, est convertie elle aussi.
+    const Charge ansel = Charger(
+        "\xEF\xBB\xBF"
+        "0 HEAD\r\n1 NOTE G\xC3\xA9n\xC3\xA9"
+        "alogie\r\n1 CHAR ANSEL\r\n"
+        "1 NAME T\xC5\xAB"
+        "nis\r\n");
+    EXPECT_EQ(ansel.jeu, JeuCaracteres::Utf8);
+    EXPECT_EQ(Ligne(ansel.texte, "1 NOTE"),
+              "1 NOTE G\xE9n\xE9"
+              "alogie");
+    EXPECT_EQ(Ligne(ansel.texte, "1 NAME"), "1 NAME Tunis");
+    EXPECT_EQ(ansel.journal, marque + tunis +
+                                 "Info : le fichier d\xE9"
+                                 "clare le jeu de caract\xE8res ANSEL, mais sa marque "
+                                 "d'ordre des octets le dit en UTF-8 : il a \xE9t\xE9 lu en UTF-8.\r\n");
+    // Marque et CHAR d'accord : le message habituel.
+    const Charge utf8 = Charger(
+        "\xEF\xBB\xBF"
+        "0 HEAD\r\n1 CHAR UTF-8\r\n1 NAME \xC3\xA9\r\n");
+    EXPECT_EQ(Ligne(utf8.texte, "1 NAME"), "1 NAME \xE9");
+    EXPECT_TRUE(utf8.journal.starts_with(marque +
+                                         "Info : le fichier utilise le jeu de caract\xE8res UTF-8 qui a "
+                                         "\xE9t\xE9 automatiquement converti."));
+
+    // Sans ligne CHAR : l'UTF-8 valide est converti à la fin de l'en-tête, le reste non.
     struct Cas {
-        CodageFichier codage;
-        const char* valeur;  // nul : pas de ligne CHAR
-        std::string_view octets;
-        std::string_view texte;
-        std::string_view journal;
+        std::string_view octets, texte;
+        bool converti;
     };
-    const std::string replis = MessageReplis({1, 0});
-    // clang-format off
     const Cas cas[] = {
-        {CodageFichier::Utf8Marque, "ANSEL", "T\xC5\xAB" "nis \xC3\xA9", "Tunis \xE9",
-         "Info : le fichier d\xE9" "clare le jeu de caract\xE8res ANSEL, mais sa marque d'ordre des octets le dit "
-         "en UTF-8 : il a \xE9t\xE9 lu en UTF-8.\r\n"},
-        {CodageFichier::Utf16Gros, "ANSI", "\xC3\xA9", "\xE9",
-         "Info : le fichier d\xE9" "clare le jeu de caract\xE8res ANSI, mais il est cod\xE9 en UTF-16 : il a \xE9t\xE9 "
-         "lu en Unicode.\r\n"},
-        {CodageFichier::Octets, nullptr, "T\xC5\xAB" "nis", "Tunis",
-         "Info : le fichier ne d\xE9" "clare pas son jeu de caract\xE8res ; son contenu est en UTF-8 et a \xE9t\xE9 "
-         "converti.\r\n"},
-        {CodageFichier::Utf8Marque, nullptr, "\xC3\xA9", "\xE9", ""},  // la marque a déjà sa ligne
-        {CodageFichier::Octets, nullptr, "\xE9t\xE9", "\xE9t\xE9", ""},  // pas de l'UTF-8 : page 1252
-        {CodageFichier::Octets, nullptr, "ascii", "ascii", ""},
+        {"T\xC5\xAB"
+         "nis",
+         "Tunis", true},
+        {"\xE9t\xE9", "\xE9t\xE9", false},  // pas de l'UTF-8 : page 1252
+        {"ascii", "ascii", false},
     };
-    // clang-format on
     for (const Cas& c : cas) {
         std::string tampon(c.octets);
         std::string journal;
-        if (c.valeur) {
-            EXPECT_EQ(TraiterJeuCaracteres(tampon, 0, c.valeur, kTitre, journal, c.codage),
-                      JeuCaracteres::Utf8);
-        } else {
-            EXPECT_EQ(ConvertirUtf8NonDeclare(tampon, 0, c.codage, false, journal), c.texte != c.octets);
-        }
-        EXPECT_EQ(tampon, c.texte) << c.octets;
-        const bool remplace = std::string_view(c.octets).find("\xC5\xAB") != std::string_view::npos;
-        EXPECT_EQ(journal, std::string(c.journal) + (remplace ? replis : "")) << c.octets;
+        EXPECT_EQ(ConvertirUtf8NonDeclare(tampon, 0, CodageFichier::Octets, false, journal), c.converti);
+        EXPECT_EQ(tampon, c.texte);
+        EXPECT_EQ(journal, c.converti ? "Info : le fichier ne d\xE9"
+                                        "clare pas son jeu de caract\xE8res ; son "
+                                        "contenu est en UTF-8 et a \xE9t\xE9 converti.\r\n" +
+                                            tunis
+                                      : "");
     }
-    // Marque et CHAR d'accord : le message habituel, rien d'imposé.
-    std::string accord = "\xC3\xA9";
-    std::string journalAccord;
-    TraiterJeuCaracteres(accord, 0, "UTF-8", kTitre, journalAccord, CodageFichier::Utf8Marque);
-    EXPECT_EQ(accord, "\xE9");
-    EXPECT_TRUE(
-        journalAccord.starts_with("Info : le fichier utilise le jeu de caract\xE8res UTF-8 qui a \xE9t\xE9 "
-                                  "automatiquement converti."));
-    // Une ligne CHAR a parlé : le contenu ne décide plus.
+    // Une ligne CHAR a parlé : le contenu ne décide plus ; une marque a déjà tout converti.
     std::string tampon = "\xC3\xA9";
     std::string journal;
     EXPECT_FALSE(ConvertirUtf8NonDeclare(tampon, 0, CodageFichier::Octets, true, journal));
+    EXPECT_TRUE(ConvertirUtf8NonDeclare(tampon, 0, CodageFichier::Utf8Marque, false, journal));
     EXPECT_EQ(tampon, "\xC3\xA9");
+    EXPECT_EQ(journal, "");
 }
 
 // Fichiers d'autres logiciels, quand le corpus est là.
