@@ -199,8 +199,8 @@ void RemplacerMois(Lecture& l) {
 // Formes reconnues du tableau des dates : jamais signalées.
 bool FormeConnue(const Lecture& l) {
     const std::size_t n = l.t.size();
-    return n == 3 || n == 4 || n == 9 || n == 10 || EstDate(l.t) || !l.prefixe.empty() ||
-           l.t.starts_with(kApres) || l.t.find(" et ") != std::string::npos ||
+    return n == 3 || n == 4 || n == 9 || n == 10 || EstDate(l.t) || LireJourEtMois(l.t) ||
+           !l.prefixe.empty() || l.t.starts_with(kApres) || l.t.find(" et ") != std::string::npos ||
            l.t.find(" \xE0 ") != std::string::npos;
 }
 

@@ -165,7 +165,8 @@ TEST(ParseDate, DateNonReconnueSeulementDuFichier) {
 
     // formes du tableau des dates : jamais signalées
     ctx.EvenementVisible = false;
-    for (const char* texte : {"03/1750", "1750-", "31/02/1750", "1750 \xE0 1760", "1750 and 1760", "950"}) {
+    for (const char* texte :
+         {"03/1750", "1750-", "31/02/1750", "1750 \xE0 1760", "1750 and 1760", "950", "11 AUG"}) {
         ctx.LigneCourante = texte;
         ParseDate(texte, a, ctx);
         EXPECT_EQ(journal, "") << texte;
