@@ -54,48 +54,22 @@ struct MotDeMois {
 
 // Mots de mois admis en saisie, en minuscules : français entiers et abrégés, avec et
 // sans accent, et les abréviations GEDCOM.
+// clang-format off
 constexpr MotDeMois kMotsDeMois[] = {
-    {"janvier", 1},
-    {"janv", 1},
-    {"jan", 1},
-    {"f\xE9vrier", 2},
-    {"fevrier", 2},
-    {"f\xE9vr", 2},
-    {"fevr", 2},
-    {"f\xE9v", 2},
-    {"fev", 2},
-    {"feb", 2},
-    {"mars", 3},
-    {"mar", 3},
-    {"avril", 4},
-    {"avr", 4},
-    {"apr", 4},
-    {"mai", 5},
-    {"may", 5},
-    {"juin", 6},
-    {"jun", 6},
-    {"juillet", 7},
-    {"juil", 7},
-    {"jul", 7},
-    {"ao\xFBt", 8},
-    {"aout", 8},
-    {"aug", 8},
-    {"septembre", 9},
-    {"sept", 9},
-    {"sep", 9},
-    {"octobre", 10},
-    {"oct", 10},
-    {"novembre", 11},
-    {"nov", 11},
-    {"d\xE9"
-     "cembre",
-     12},
-    {"decembre", 12},
-    {"d\xE9"
-     "c",
-     12},
-    {"dec", 12},
+    {"janvier", 1}, {"janv", 1}, {"jan", 1},
+    {"f\xE9vrier", 2}, {"fevrier", 2}, {"f\xE9vr", 2}, {"fevr", 2}, {"f\xE9v", 2}, {"fev", 2}, {"feb", 2},
+    {"mars", 3}, {"mar", 3},
+    {"avril", 4}, {"avr", 4}, {"apr", 4},
+    {"mai", 5}, {"may", 5},
+    {"juin", 6}, {"jun", 6},
+    {"juillet", 7}, {"juil", 7}, {"jul", 7},
+    {"ao\xFBt", 8}, {"aout", 8}, {"aug", 8},
+    {"septembre", 9}, {"sept", 9}, {"sep", 9},
+    {"octobre", 10}, {"oct", 10},
+    {"novembre", 11}, {"nov", 11},
+    {"d\xE9" "cembre", 12}, {"decembre", 12}, {"d\xE9" "c", 12}, {"dec", 12},
 };
+// clang-format on
 
 // Mots des formes françaises d'intervalle ; "premier" : seulement en tête du texte.
 struct MotFrancais {
@@ -105,11 +79,7 @@ struct MotFrancais {
 };
 
 constexpr MotFrancais kMotsFrancais[] = {
-    {"entre", "bet", true},
-    {"et", "and", false},
-    {"de", "from", true},
-    {"\xE0", "to", false},
-};
+    {"entre", "bet", true}, {"et", "and", false}, {"de", "from", true}, {"\xE0", "to", false}};
 
 bool EstLettre(char c) {
     const auto u = static_cast<unsigned char>(c);

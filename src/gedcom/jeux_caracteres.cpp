@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 #include "gedcom/repli_1252.h"
 #include "platform/pages_oem.h"
