@@ -42,6 +42,10 @@ const ActeDuContexte<Fiche>* ChercherActe(const ActeDuContexte<Fiche> (&table)[N
 // Plus grand numéro d'enregistrement accepté : au-delà, la mémoire ne suivrait plus.
 constexpr std::int64_t kNumeroMaximal = 99'999'999;
 
+// Le nom du généalogiste (fiche SUBM) : "Claire /Martin/" donne les prénoms "Claire" et
+// le nom "Martin", comme l'écriture les a mis ; sans barre oblique, tout est le nom.
+void NomDuGenealogiste(Perso& g, std::string_view valeur);
+
 class LecteurGedcom {
 public:
     LecteurGedcom(Base& base, ContexteLecture& contexte, ResultatLecture& resultat);
