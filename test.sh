@@ -2,7 +2,7 @@
 # Construit (Debug, AddressSanitizer + UBSan) et lance tous les tests.
 set -euo pipefail
 cd "$(dirname "$0")"
-./scripts/paquets.sh
+./scripts/paquets.sh consommateurs
 export CCACHE_DIR="${CCACHE_DIR:-$PWD/.ccache}"
 cmake -S . -B build/tests -G Ninja -DCMAKE_BUILD_TYPE=Debug -DARBOLIX_SANITIZE=ON >/dev/null
 cmake --build build/tests

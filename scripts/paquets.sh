@@ -1,8 +1,12 @@
 #!/usr/bin/env bash
 # Installe les paquets Debian qui manquent pour construire et tester Arbolix.
+# scripts/paquets.sh consommateurs : aussi les programmes qui relisent nos sorties dans les tests.
 set -euo pipefail
 paquets=(cmake ninja-build g++ ccache qt6-base-dev qt6-svg-dev libgtest-dev libbenchmark-dev
-         libgl-dev xvfb)
+         libgl-dev xvfb python3)
+if [ "${1:-}" = consommateurs ]; then
+  paquets+=(gramps)
+fi
 manquants=()
 for p in "${paquets[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || manquants+=("$p")
