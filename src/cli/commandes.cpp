@@ -97,13 +97,16 @@ std::string JournalUtf8(const std::string& journal) {
     return j;
 }
 
-// Sans fenêtre : chaque boîte est écrite sur la sortie d'erreurs et reçoit Oui ou Ok ;
-// une saisie ou un choix de fichier est annulé.
+// Sans fenêtre : chaque boîte est écrite sur la sortie d'erreurs et reçoit son bouton par
+// défaut (Non aux questions qui détruisent), sinon Oui ou Ok ; une saisie ou un choix de
+// fichier est annulé.
 class DialogueCli : public Dialogue {
 public:
     explicit DialogueCli(std::ostream& erreurs) : erreurs_(erreurs) {}
-    Bouton Message(std::string_view titre, std::string_view texte, Icone, Boutons boutons) override {
+    Bouton Message(std::string_view titre, std::string_view texte, Icone, Boutons boutons,
+                   std::optional<Bouton> defaut) override {
         erreurs_ << Cp1252VersUtf8(titre) << " : " << JournalUtf8(std::string(texte)) << "\n";
+        if (defaut) return *defaut;
         return boutons == Boutons::OuiNon || boutons == Boutons::OuiNonAnnuler ? Bouton::Oui : Bouton::Ok;
     }
     std::optional<std::string> Saisie(std::string_view, std::string_view, std::string_view) override { return {}; }
