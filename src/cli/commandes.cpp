@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "gedcom/enregistrement.h"
+#include "gedcom/journal_lecture.h"
 #include "gedcom/lecteur.h"
 #include "lists/listes.h"
 #include "lists/selection.h"
@@ -67,10 +68,13 @@ bool LireCases(const Arguments& args, OptionsGedcom& cases, Arguments& fichiers,
     return true;
 }
 
+// En 1252, comme le journal qui la précède.
 std::string Resume(const Base& b) {
-    return "Lu : " + std::to_string(b.NbPersosReels) + " personnes, " + std::to_string(b.NbFamisReels) +
-           " familles, " + std::to_string(b.NbNotesReelles) + " notes, " + std::to_string(b.NbSourcesReelles) +
-           " sources, " + std::to_string(b.NbMediasReels) + " objets m\xC3\xA9" "dias.";
+    return "Lu : " + NombreFrancais(b.NbPersosReels) + " personnes, " + NombreFrancais(b.NbFamisReels) +
+           " familles, " + NombreFrancais(b.NbNotesReelles) + " notes, " +
+           NombreFrancais(b.NbSourcesReelles) + " sources, " + NombreFrancais(b.NbMediasReels) +
+           " objets m\xE9"
+           "dias.";
 }
 
 // Lit un fichier avec les cases données ; rend faux avec un message si le fichier ne se lit pas.
@@ -90,10 +94,11 @@ bool Charger(const std::string& fichier, OptionsGedcom cases, Base& base, Option
     return true;
 }
 
-// Le journal de lecture pour le terminal : UTF-8, fins de ligne LF.
+// Un texte 1252 pour le terminal : UTF-8, fins de ligne LF. D'une seule passe : le journal
+// d'un gros fichier compte des millions de lignes.
 std::string JournalUtf8(const std::string& journal) {
     std::string j = Cp1252VersUtf8(journal);
-    for (std::size_t p; (p = j.find('\r')) != std::string::npos;) j.erase(p, 1);
+    std::erase(j, '\r');
     return j;
 }
 
@@ -109,8 +114,11 @@ public:
         if (defaut) return *defaut;
         return boutons == Boutons::OuiNon || boutons == Boutons::OuiNonAnnuler ? Bouton::Oui : Bouton::Ok;
     }
-    std::optional<std::string> Saisie(std::string_view, std::string_view, std::string_view) override { return {}; }
-    std::optional<std::string> ChoisirFichierOuvrir(std::string_view, std::string_view, std::string_view) override {
+    std::optional<std::string> Saisie(std::string_view, std::string_view, std::string_view) override {
+        return {};
+    }
+    std::optional<std::string> ChoisirFichierOuvrir(std::string_view, std::string_view,
+                                                    std::string_view) override {
         return {};
     }
     std::optional<std::string> ChoisirFichierEnregistrer(std::string_view, std::string_view,
@@ -136,7 +144,7 @@ int CommandeLire(const Arguments& args, Sorties& s) {
     Options options;
     ResultatLecture resultat;
     if (!Charger(fichiers[0], cases, base, options, resultat, s)) return 2;
-    s.sortie << JournalUtf8(resultat.Journal) << Resume(base) << "\n";
+    s.sortie << JournalUtf8(JournalLisible(resultat.Journal, resultat.Reperes) + Resume(base)) << "\n";
     return 0;
 }
 
@@ -154,7 +162,7 @@ int CommandeEnregistrer(const Arguments& args, Sorties& s) {
     Options options;
     ResultatLecture resultat;
     if (!Charger(fichiers[0], cases, base, options, resultat, s)) return 2;
-    s.sortie << JournalUtf8(resultat.Journal);
+    s.sortie << JournalUtf8(JournalLisible(resultat.Journal, resultat.Reperes));
     ToutSelectionner(base);
     cases.Fichier = fichiers[1];
     DialogueCli dialogue(s.erreurs);
@@ -183,8 +191,11 @@ bool ListeFamisSansInvite(const Base& b, ContexteListe& c, ListePersonne& l) {
 }
 
 constexpr SorteListe kListes[] = {
-    {"personnes", ListePersosSansInvite}, {"familles", ListeFamisSansInvite}, {"notes", ListeNotes},
-    {"sources", ListeSources},            {"fichiers", ListeFichiers},
+    {"personnes", ListePersosSansInvite},
+    {"familles", ListeFamisSansInvite},
+    {"notes", ListeNotes},
+    {"sources", ListeSources},
+    {"fichiers", ListeFichiers},
 };
 
 int CommandeListe(const Arguments& args, Sorties& s) {
@@ -195,7 +206,8 @@ int CommandeListe(const Arguments& args, Sorties& s) {
     for (const auto& l : kListes)
         if (!reste.empty() && reste[0] == l.nom) sorte = &l;
     if (!sorte || reste.size() != 2) {
-        s.erreurs << "usage : arbolix-cli liste personnes|familles|notes|sources|fichiers [options] FICHIER.ged\n";
+        s.erreurs
+            << "usage : arbolix-cli liste personnes|familles|notes|sources|fichiers [options] FICHIER.ged\n";
         return 2;
     }
     Base base;
@@ -228,7 +240,8 @@ const std::vector<Commande>& Commandes() {
          "comme la fenêtre les montre",
          CommandeListe},
         {"enregistrer",
-         "enregistrer [options] ENTREE.ged SORTIE.ged : lit ENTREE et l'\xC3\xA9" "crit en GEDCOM 5.5 dans SORTIE",
+         "enregistrer [options] ENTREE.ged SORTIE.ged : lit ENTREE et l'\xC3\xA9"
+         "crit en GEDCOM 5.5 dans SORTIE",
          CommandeEnregistrer},
     };
     return commandes;
@@ -237,7 +250,8 @@ const std::vector<Commande>& Commandes() {
 void Aide(std::ostream& o) {
     o << "usage : arbolix-cli COMMANDE [options] FICHIER...\n\nCommandes :\n";
     for (const auto& c : Commandes()) o << "  " << c.aide << "\n";
-    o << "\nOptions de lecture et d'\xC3\xA9" "criture :";
+    o << "\nOptions de lecture et d'\xC3\xA9"
+         "criture :";
     for (const auto& c : kCases) o << " " << c.option;
     o << "\n";
 }
