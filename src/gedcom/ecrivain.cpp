@@ -74,6 +74,15 @@ LienTrouve ProchainLien(std::string_view t, std::size_t depuis, char genre) {
     return {};
 }
 
+bool NoteAUneLigne(std::string_view note, std::string_view ligne) {
+    for (std::size_t debut = 0; debut <= note.size();) {
+        const std::size_t fin = std::min(note.find("\r\n", debut), note.size());
+        if (SansBlancs(note.substr(debut, fin - debut)) == ligne) return true;
+        debut = fin + 2;
+    }
+    return false;
+}
+
 std::size_t FinDuDossier(std::string_view chemin) {
     const auto p = chemin.find_last_of("/\\");
     return p == std::string_view::npos ? 0 : p + 1;
@@ -387,7 +396,11 @@ void EcrivainGedcom::EcrireActe(const Acte& a, std::string_view balise, std::int
     if (n > 0 && cases_.Ages) {
         const std::int32_t naissance = P(n).Naissance.Annee;
         const std::int32_t age = a.Annee - naissance;
-        if (naissance > 0 && age >= 0 && age < 200) Ligne("2 AGE ", age);
+        // Relu avec la case Âges, l'âge devient une ligne de la note : déjà là, il ne s'écrit
+        // plus, sans quoi chaque enregistrement l'ajouterait une fois de plus.
+        if (naissance > 0 && age >= 0 && age < 200 &&
+            !(cases_.Notes && NoteAUneLigne(a.Notes, std::to_string(age))))
+            Ligne("2 AGE ", age);
     }
     // La case Témoins n'agit qu'à la lecture ; les absents sont dans la note.
     const LiensActe& l = a.Liens();

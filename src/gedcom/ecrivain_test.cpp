@@ -268,6 +268,11 @@ TEST(Ecrivain, AgeSeulementEntreZeroEtCentQuatreVingtDixNeufAns) {
         const auto p = s.find("2 AGE");
         EXPECT_EQ(p == std::string::npos ? "" : s.substr(p), attendu) << annee;
     }
+    // Relu avec la case, l'âge est devenu une ligne de la note : il ne s'écrit pas une seconde fois.
+    deces.Annee = 1800;
+    deces.Notes = "inhum\xE9 le lendemain\r\n50";
+    EXPECT_EQ(ev.Ecrire(deces, "DEAT", 1).find("2 AGE"), std::string::npos);
+    deces.Notes.clear();
     // La naissance inconnue (Annee 0) ne donne pas d'âge, même à la date 0.
     deces.Annee = 0;
     ev.base.Persos[1].Naissance.Annee = 0;
