@@ -561,12 +561,24 @@ void EcrivainGedcom::EcrireNotesExternes(const Tableau<NoteExt>& notes, std::int
         }
         if (!NoteEcrite(lettre, n)) continue;
         const NoteExt& e = notes[n];
-        Ligne("0 @", lettre, n, "@ ", balise);
-        if (!e.Titre.empty()) Ligne("1 TITL ", e.Titre);
-        if (!e.Texte.empty()) {
-            Ajouter("1 TEXT ");
-            AjouterLignes(e.Texte, "\r\n2 CONT ");
+        if (lettre == 'N') {
+            // Le texte d'une note va sur sa ligne 0, comme le veut la norme : les autres
+            // logiciels ignorent un TEXT sous NOTE et perdraient la note.
+            Ajouter("0 @N");
+            Ajouter(n);
+            Ajouter("@ NOTE");
+            if (!e.Texte.empty()) Ajouter(' ');
+            AjouterLignes(e.Texte, "\r\n1 CONT ");
             Ligne();
+            if (!e.Titre.empty()) Ligne("1 TITL ", e.Titre);
+        } else {
+            Ligne("0 @", lettre, n, "@ ", balise);
+            if (!e.Titre.empty()) Ligne("1 TITL ", e.Titre);
+            if (!e.Texte.empty()) {
+                Ajouter("1 TEXT ");
+                AjouterLignes(e.Texte, "\r\n2 CONT ");
+                Ligne();
+            }
         }
         Vider(false);
     }

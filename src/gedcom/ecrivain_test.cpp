@@ -901,7 +901,7 @@ TEST(Ecrivain, NoteAuNumeroDemesureSansParcourirLesTrous) {
         LireGedcomTexte(base, lecture, "0 HEAD\r\n0 @N77777777@ NOTE\r\n1 CONC texte\r\n0 TRLR\r\n").Lu);
     ToutSelectionner(base);
     const ContexteEcriture ecriture{cases, EnteteArbolix(), "01/01/2000"};
-    EXPECT_NE(EcrireGedcomTexte(base, ecriture).find("0 @N77777777@ NOTE\r\n1 TEXT texte"),
+    EXPECT_NE(EcrireGedcomTexte(base, ecriture).find("0 @N77777777@ NOTE texte\r\n"),
               std::string::npos);
 }
 
