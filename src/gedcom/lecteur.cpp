@@ -231,6 +231,16 @@ int LecteurGedcom::Niveau() const {
 }
 
 void LecteurGedcom::Decouper() {
+    // "1 @N59@ CONT texte" : un identifiant n'a de sens que sur une ligne 0. Il est ôté pour
+    // que la sous-ligne et son texte soient lus ; le texte serait sinon perdu.
+    if (LigneCourante.size() > 3 && LigneCourante[0] != '0' && LigneCourante[2] == '@') {
+        const std::size_t fin = LigneCourante.find("@ ", 3);
+        if (fin != std::string::npos) {
+            JournaliserLigne("Info ligne " + std::to_string(NumLigne) + " : identifiant " +
+                             LigneCourante.substr(2, fin - 1) + " ignor\xE9 devant une sous-ligne.");
+            LigneCourante.erase(2, fin);
+        }
+    }
     // La balise va jusqu'au premier blanc à partir du quatrième caractère, la ligne
     // étant prolongée de quatre blancs ; la valeur commence deux caractères plus loin.
     const std::string_view ligne = Depuis(LigneCourante, 3);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "gedcom/lecteur_gedcom.h"
+#include "gedcom/lecture_essai.h"
 #include "platform/progression.h"
 
 namespace arbolix {
@@ -72,6 +73,20 @@ TEST(Lecteur, ReparationsGlobales) {
     std::string rtf = "1 NOTE {\\rtf1 gras}\r\n";
     ReparationsGlobales(rtf);
     EXPECT_EQ(rtf, "1 NOTE [/rtf1 gras]\r\n");
+}
+
+// Un identifiant égaré sur une sous-ligne ne fait pas perdre son texte.
+TEST(Lecteur, IdentifiantSurUneSousLigneIgnore) {
+    essai::Lecture l;
+    l.Lire(
+        "0 @I1@ INDI|1 NAME Ammie /Willis/|1 NOTE @N59@|0 @N59@ NOTE |1 @N59@ CONT |1 @N59@ CONT jamais "
+        "mari\xE9"
+        "e.");
+    EXPECT_NE(l.N(59).find("jamais mari\xE9"
+                          "e."),
+              std::string::npos)
+        << l.N(59);
+    EXPECT_EQ(l.Compte("identifiant @N59@ ignor\xE9 devant une sous-ligne."), 2u);
 }
 
 TEST(Lecteur, IdentifiantsIndiEtNumerosDifferents) {
@@ -361,7 +376,9 @@ TEST(Lecteur, IdentifiantsSansNumeroUtilisable) {
     EXPECT_EQ(l.P(6).Prenoms, "Abraham");
     EXPECT_EQ(l.P(7).Prenoms, "Bart");
     EXPECT_EQ(l.P(8).Prenoms, "Lisa");
-    EXPECT_EQ(l.P(-1).Nom, "G\xE9n\xE9" "alogiste");
+    EXPECT_EQ(l.P(-1).Nom,
+              "G\xE9n\xE9"
+              "alogiste");
 }
 
 }  // namespace
