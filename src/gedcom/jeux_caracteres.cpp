@@ -366,9 +366,9 @@ JeuCaracteres TraiterJeuCaracteres(std::string& tampon, std::size_t depuis, std:
                                    CodageFichier codage) {
     const std::string mot = PremierMotMajuscule(valeur);
     const Traitement traitement = TraitementDe(mot);
-    if (codage != CodageFichier::Octets) {
-        if (traitement != Traitement::Utf8) journal += MessageCodageImpose(valeur, codage);
-        journal += MessageReplis(TableUtf8(tampon, depuis));
+    if (codage != CodageFichier::Octets && traitement != Traitement::Utf8) {
+        const Replis r = TableUtf8(tampon, depuis);
+        journal += MessageCodageImpose(valeur, codage) + MessageReplis(r);
         return JeuCaracteres::Utf8;
     }
     if (!Connue(mot)) {

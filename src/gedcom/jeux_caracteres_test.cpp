@@ -461,6 +461,14 @@ TEST(JeuxCaracteres, CodageDesOctetsAvantCeluiDeChar) {
         const bool remplace = std::string_view(c.octets).find("\xC5\xAB") != std::string_view::npos;
         EXPECT_EQ(journal, std::string(c.journal) + (remplace ? replis : "")) << c.octets;
     }
+    // Marque et CHAR d'accord : le message habituel, rien d'imposé.
+    std::string accord = "\xC3\xA9";
+    std::string journalAccord;
+    TraiterJeuCaracteres(accord, 0, "UTF-8", kTitre, journalAccord, CodageFichier::Utf8Marque);
+    EXPECT_EQ(accord, "\xE9");
+    EXPECT_TRUE(
+        journalAccord.starts_with("Info : le fichier utilise le jeu de caract\xE8res UTF-8 qui a \xE9t\xE9 "
+                                  "automatiquement converti."));
     // Une ligne CHAR a parlé : le contenu ne décide plus.
     std::string tampon = "\xC3\xA9";
     std::string journal;
