@@ -24,6 +24,19 @@ void Reparer(std::string& tampon, std::size_t depuis, std::initializer_list<Repa
 
 }  // namespace
 
+void NomDuGenealogiste(Perso& g, std::string_view valeur) {
+    const auto propre = [](std::string_view t) { return std::string(SansBlancs(SansDoublesBlancs(t))); };
+    const auto barre = valeur.find('/');
+    if (barre == std::string_view::npos) {
+        g.Nom = propre(valeur);
+        g.Prenoms.clear();
+        return;
+    }
+    // Ce qui suit la seconde barre ("Jean /Martin/ fils") reste au nom.
+    g.Prenoms = propre(valeur.substr(0, barre));
+    g.Nom = propre(Remplacer(valeur.substr(barre + 1), "/", " "));
+}
+
 void LecteurGedcom::ReparerProducteur(std::string_view mot) {
     if (mot == "OMEGA") {
         ProduitOmega = true;

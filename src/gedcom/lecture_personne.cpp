@@ -53,9 +53,7 @@ void FixerSuite(Perso& p, Texte PersoSuite::*champ, std::string_view v) {
 void Nom(LecteurGedcom& l, Perso& p, std::string& valeur) {
     const std::int32_t n = l.base_.NumCourant;
     if (n <= 0) {
-        // Le généalogiste : un seul nom, sans barres obliques.
-        p.Nom = SansBlancs(SansDoublesBlancs(Remplacer(valeur, "/", " ")));
-        p.Prenoms.clear();
+        NomDuGenealogiste(p, valeur);
         return;
     }
     if (Comme(valeur, "?*/?*/?*/")) {
