@@ -47,7 +47,7 @@ TEST(DateGedcom, RelueCommeEcrite) {
     fichier.GedcomVisible = true;
     for (const char* ligne :
          {"2 FEB 1716/17", "ABT 1750/51", "1733/34", "27 OCT 1699/00", "BET 5 APR 1712/13 AND 28 SEP 1714/15",
-          "11 AUG", "1 JAN", "29 FEB", "ABT 3 MAR", "12 MAR 1750", "BEF 1750", "BET 1750 AND 1760",
+          "11 AUG", "1 JAN", "29 FEB", "ABT 3 MAR", "12 MAR 1750", "BEF 1750", "BET 1750 AND 1760", "TO 1760",
           "22 SEP 1793", "13/1750"}) {
         SCOPED_TRACE(ligne);
         Acte lu;

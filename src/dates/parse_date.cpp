@@ -23,12 +23,13 @@ struct MotPrefixe {
     std::string_view prefixe;
 };
 
-// Mots admis devant la date ; un mot absent (un nom de mois aussi) est jeté.
+// Mots admis devant la date ; un mot absent (un nom de mois aussi) est jeté. "à" relit le
+// "  À 1760" que l'écriture produit pour " à 1760", qui sinon perdrait son sens.
 constexpr MotPrefixe kMotsPrefixes[] = {
-    {"bef", "avant "},    {"-", "avant "},   {"avant", "avant "}, {"aft", kApres},  {"+", kApres},
-    {"apr\xE8s", kApres}, {"abt", "vers "},  {"*", "vers "},      {"~", "vers "},   {"vers", "vers "},
-    {"cal", "vers "},     {"est", "vers "},  {"ca", "vers "},     {"ca.", "vers "}, {"from", "de "},
-    {"to", " \xE0 "},     {"bet", "entre "}, {"int", ""},
+    {"bef", "avant "},    {"-", "avant "},    {"avant", "avant "}, {"aft", kApres},  {"+", kApres},
+    {"apr\xE8s", kApres}, {"abt", "vers "},   {"*", "vers "},      {"~", "vers "},   {"vers", "vers "},
+    {"cal", "vers "},     {"est", "vers "},   {"ca", "vers "},     {"ca.", "vers "}, {"from", "de "},
+    {"to", " \xE0 "},     {"\xE0", " \xE0 "}, {"bet", "entre "},   {"int", ""},
 };
 
 // Mots d'intervalle restés dans le texte, dans cet ordre. "/à/" relit le "DE 1750 À 1760"
