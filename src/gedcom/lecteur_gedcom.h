@@ -149,6 +149,11 @@ public:
     std::int32_t DecalageFamilles = base_.NbFamis;
     // Fiche en cours d'une section de notes, sources ou médias, pour y revenir après une ligne vide.
     std::int32_t DerniereNoteLue = 0, DerniereSourceLue = 0, DernierMediaLu = 0;
+    // Fiche de note ou de source en cours : le libellé (« Note : ») d'une ligne vide, posé avec sa suite.
+    std::string LibelleEnAttente;
+    // Noms des dépôts (0 @R1@ REPO, 1 NAME ...) par identifiant, relevés une fois dans le fichier.
+    std::unordered_map<std::string, std::string> NomsDepots;
+    bool DepotsParcourus = false;
 
     // Entrée dans une fiche : les contextes de la fiche précédente ne valent plus.
     void NouvelleFiche();
