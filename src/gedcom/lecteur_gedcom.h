@@ -151,6 +151,8 @@ public:
     std::int32_t DerniereNoteLue = 0, DerniereSourceLue = 0, DernierMediaLu = 0;
     // Fiche de note ou de source en cours : le libellé (« Note : ») d'une ligne vide, posé avec sa suite.
     std::string LibelleEnAttente;
+    // Balise de la dernière ligne de niveau 3 d'une fiche : c'est elle que continue une suite de niveau 4.
+    std::string Balise3;
     // Noms des dépôts (0 @R1@ REPO, 1 NAME ...) par identifiant, relevés une fois dans le fichier.
     std::unordered_map<std::string, std::string> NomsDepots;
     bool DepotsParcourus = false;

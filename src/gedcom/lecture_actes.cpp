@@ -14,11 +14,16 @@ std::string NumLigneTexte(const LecteurGedcom& l) {
 }
 
 void DonneeNonTraitee(LecteurGedcom& l, std::string_view qui) {
+    DonneeNonTraitee(l, qui, l.Balise, l.LigneCourante);
+}
+
+void DonneeNonTraitee(LecteurGedcom& l, std::string_view qui, std::string_view balise,
+                      std::string_view valeur) {
     l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + ", " + std::string(qui) +
                        ", donn\xE9"
                        "e non trait\xE9"
                        "e : " +
-                       l.Balise + " " + l.LigneCourante);
+                       std::string(balise) + " " + std::string(valeur));
 }
 
 void LienVersUneFamille(LecteurGedcom& l, std::string_view v, std::string_view deQui) {
@@ -42,7 +47,18 @@ std::string LieuLu(LecteurGedcom& l, std::string_view v) {
 }
 
 void DateDeModification(LecteurGedcom& l, std::string_view v, double& dateModif) {
-    if (const auto d = LireDate(l.LireDateLigne(v, l.base_.ActeCourant))) dateModif = NumeroJour(*d);
+    if (const auto d = LireDate(DateDeTravail(l, v))) dateModif = NumeroJour(*d);
+}
+
+std::string DateDeTravail(LecteurGedcom& l, std::string_view v) {
+    Acte travail;
+    return l.LireDateLigne(v, travail).str();
+}
+
+bool MarquerConnu(const LecteurGedcom& l, Acte* a, std::string_view v) {
+    if (v != "Y" || l.NiveauLigne != 1 || !a) return false;
+    a->Connu = true;
+    return true;
 }
 
 void AjouterNoteActe(Acte& a, std::string_view v) {

@@ -137,8 +137,12 @@ void LecteurGedcom::PreparerLigne() {
         Ligne2.clear();
         TemoinEnAttente = 0;
     }
+    if (NiveauLigne <= 2) Balise3.clear();
     Decouper();
-    if ((Balise == "CONT" || Balise == "CONC") && NiveauLigne >= 3 && Contexte2() == "SOUR") {
+    if (NiveauLigne == 3) Balise3 = Balise;
+    // Seule la suite directe d'une source de niveau 2 en est le texte : plus bas, elle continue
+    // une ligne de la citation (3 NOTE, 3 DATA...).
+    if ((Balise == "CONT" || Balise == "CONC") && NiveauLigne == 3 && Contexte2() == "SOUR") {
         if (Balise == "CONT") LigneCourante.insert(LigneCourante.begin(), ' ');
         Balise = "TEXT";
     }

@@ -20,8 +20,12 @@ TEST(LecturePersonne, Noms) {
         {"1 NAME Jean /Dupont/|1 NAME Jean /Dupond/", "Dupont,Dupond", "Jean Jean"},
         // "//" final : le second nom est collé sans virgule.
         {"1 NAME Jean /Martin/|1 NAME /Dupont//", "MartinDupont", "Jean"},
-        // Sans barre oblique : tout est nom, les prénoms restent ceux d'avant.
-        {"1 NAME Pierre /Durand/|1 NAME Jean", "Jean", "Pierre"},
+        // Un nom de plus sans barre oblique (ou vide) est un surnom : le nom lu reste.
+        {"1 NAME Pierre /Durand/|1 NAME Jean|2 TYPE aka|1 NAME", "Durand", "Pierre \"Jean\""},
+        // Le nom d'une citation ou d'une traduction n'est pas celui de la personne.
+        {"1 NAME Jean /Dupont/|2 SOUR @S1@|3 NAME GEDCOM file imported|2 TRAN|3 SURN Doupon|3 GIVN Zhan",
+         "Dupont", "Jean"},
+
         // Une seule barre : la valeur entière est le nom.
         {"1 NAME Jean /Dupont", "Jean /Dupont", "Jean"},
         {"1 NAME Jean /Du/pont/", "Du,pont", "Jean"},
@@ -56,37 +60,62 @@ TEST(LecturePersonne, SexeAutreQueMOuF) {
     EXPECT_EQ(l.Journal(), "Info ligne 4, personne 1 : le sexe doit \xEAtre M ou F.\r\n");
 }
 
-TEST(LecturePersonne, MetierEtResidenceDatesPassentParLaSepulture) {
-    Lecture l;
-    l.Lire("0 @I1@ INDI|1 NAME A /B/|1 OCCU Tailleur|2 DATE 1750|2 PLAC Paris");
-    EXPECT_EQ(l.P(1),
-              "Nom=B; Prenoms=A; Metier=Tailleur en 1750 \xE0 Paris; CodesMetiers=Ta; Sepulture.Date=1750");
-
-    Lecture r;
-    r.Lire("0 @I1@ INDI|1 NAME A /B/|1 RESI|2 PLAC Paris|2 DATE 1750|1 RESI|2 PLAC Lyon");
-    // "réside" n'est écrit qu'une fois : les notes le contiennent déjà.
-    EXPECT_EQ(r.Pe(1).Notes, "r\xE9side \xE0 Paris en 1750  \xE0 Lyon");
-    EXPECT_EQ(r.Pe(1).Sepulture.Date, "1750");
-
-    // Une sépulture datée après le métier répare la date.
-    Lecture s;
-    s.Lire("0 @I1@ INDI|1 NAME A /B/|1 OCCU Meunier|2 DATE 12 MAR 1760|1 BURI|2 DATE 1790");
-    EXPECT_EQ(s.Pe(1).Metier, "Meunier 12/03/1760");
-    EXPECT_EQ(s.Pe(1).Sepulture.Date, "1790");
+// La date d'une résidence ou d'un métier va au texte ; la sépulture garde ce que le fichier lui donne.
+TEST(LecturePersonne, MetierEtResidenceDatesNInvententPasDeSepulture) {
+    struct Cas {
+        std::string_view lignes;
+        std::string_view fiche;
+    };
+    const Cas cas[] = {
+        {"1 OCCU Tailleur|2 DATE 1750|2 PLAC Paris", "Metier=Tailleur en 1750 \xE0 Paris; CodesMetiers=Ta"},
+        // "réside" n'est écrit qu'une fois : les notes le contiennent déjà.
+        {"1 RESI|2 PLAC Paris|2 DATE 1750|1 RESI|2 PLAC Lyon",
+         "Notes=r\xE9side \xE0 Paris en 1750  \xE0 Lyon"},
+        // Une sépulture lue avant ou après garde sa date.
+        {"1 BURI|2 DATE 1790|1 OCCU Meunier|2 DATE 12 MAR 1760",
+         "Metier=Meunier 12/03/1760; CodesMetiers=Me; Sepulture.Date=1790"},
+        {"1 OCCU Meunier|2 DATE 12 MAR 1760|1 BURI|2 DATE 1790",
+         "Metier=Meunier 12/03/1760; CodesMetiers=Me; Sepulture.Date=1790"},
+        // La note républicaine que pose la date ne va à aucun évènement.
+        {"1 OCCU Meunier|2 DATE @#DFRENCH R@ 25 VEND 2", "Metier=Meunier 16/10/1793; CodesMetiers=Me"},
+    };
+    for (const Cas& c : cas) {
+        Lecture l;
+        l.Lire("0 @I1@ INDI|1 NAME A /B/|" + std::string(c.lignes));
+        EXPECT_EQ(l.P(1), "Nom=B; Prenoms=A; " + std::string(c.fiche)) << c.lignes;
+    }
 }
 
-TEST(LecturePersonne, EvenementsDatesLieuxEtDecesSansDate) {
+TEST(LecturePersonne, EvenementsDatesEtLieux) {
     Lecture l;
     l.Lire(
         "0 @I1@ INDI|1 NAME A /B/|1 BIRT|2 DATE 12 MAR 1750|2 PLAC  \xC9pinal |1 BAPM|2 DATE 13 MAR 1750"
-        "|1 DEAT Y|1 EVEN|2 DATE 1780|2 PLAC Metz|1 CHAN|2 DATE 2 JAN 1900|3 TIME 10:00");
+        "|1 EVEN|2 DATE 1780|2 PLAC Metz|1 CHAN|2 DATE 2 JAN 1900|3 TIME 10:00");
     EXPECT_EQ(l.P(1),
               "Nom=B; Prenoms=A; Naissance.Date=12/03/1750; Naissance.Lieu=Epinal; Bapteme.Date=13/03/1750; "
               "Notes= 1780 r\xE9side \xE0 Metz; DateModif=3");
-    EXPECT_TRUE(
-        l.Journalise("Erreur ligne 9 : Arbolix attend une date de d\xE9"
-                     "c\xE8s pour la personne 1."))
-        << l.Journal();
+    EXPECT_TRUE(l.Journal().empty()) << l.Journal();
+}
+
+// « 1 DEAT Y » : l'évènement a eu lieu, sans date ni lieu ; il est gardé comme connu, sans un mot.
+TEST(LecturePersonne, EvenementConnuSansDate) {
+    const std::pair<std::string_view, std::string_view> cas[] = {
+        {"1 BIRT Y", "Naissance.Connu=Y"},
+        {"1 CHR Y", "Bapteme.Connu=Y"},
+        {"1 BAPM Y", "Bapteme.Connu=Y"},
+        {"1 DEAT Y", "Deces.Connu=Y"},
+        {"1 BURI Y", "Sepulture.Connu=Y"},
+        {"1 DEAT Y|2 DATE 1750|2 PLAC Metz", "Deces.Date=1750; Deces.Connu=Y; Deces.Lieu=Metz"},
+        // Seul "Y" dit que l'évènement a eu lieu.
+        {"1 DEAT N|1 BURI y", ""},
+    };
+    for (const auto& [lignes, fiche] : cas) {
+        Lecture l;
+        l.Lire("0 @I1@ INDI|1 NAME A /B/|" + std::string(lignes));
+        EXPECT_EQ(l.P(1), "Nom=B; Prenoms=A" + std::string(fiche.empty() ? "" : "; ") + std::string(fiche))
+            << lignes;
+        EXPECT_TRUE(l.Journal().empty()) << l.Journal();
+    }
 }
 
 TEST(LecturePersonne, LignesDeSuiteSousChaqueContexte) {
@@ -98,17 +127,21 @@ TEST(LecturePersonne, LignesDeSuiteSousChaqueContexte) {
         "|2 SOUR @S1@|3 CONT page 4"
         "|1 ADDR 1 rue Haute|2 CONT 2e \xE9tage|2 CONT 57000 Metz"
         "|1 SOUR Registre|2 CONT de Metz"
-        "|1 CONT sans contexte");
+        "|1 CONT sans contexte|1 RESI Age: 57; Enumer|2 CONC ation 193|1 SEX F|2 CONT 2 SOUR @S4@");
     const Perso& p = l.Pe(1);
     EXPECT_EQ(p.Notes, "Premi\xE8re \r\ndeuxi\xE8me suite\r\nRegistre \r\nde Metz");
     EXPECT_EQ(p.Naissance.Notes, "n\xE9 \r\n\xE0 terme");
     EXPECT_EQ(p.Naissance.Source, "@S1@ page 4");
     EXPECT_EQ(p.Suite().Adresse1, "1 rue Haute");
     EXPECT_EQ(p.Suite().Adresse2, "57000 Metz");
+    EXPECT_EQ(p.Suite().Ville, "Age: 57; Enumeration 193");
     EXPECT_EQ(l.Journal(),
               "Erreur ligne 17, personne 1, donn\xE9"
               "e non trait\xE9"
-              "e : CONT sans contexte\r\n");
+              "e : CONT sans contexte\r\n"
+              "Erreur ligne 21, personne 1, donn\xE9"
+              "e non trait\xE9"
+              "e : CONT 2 SOUR @S4@\r\n");
 }
 
 TEST(LecturePersonne, SuiteDeNoteSeDoubleSansLeRedire) {
@@ -181,6 +214,7 @@ TEST(LecturePersonne, FichiersEtObjetsMedias) {
     l.LireFichier("fichiers.ged");
     EXPECT_EQ(l.P(1), "Nom=Dupont; Prenoms=Jean; Naissance.Medias=3; ObjetsMedia=3,6,4");
     // L'objet du fichier : ses liens ne sont pas doublés par les OBJE @M3@ de la personne.
+
     EXPECT_EQ(l.M(3),
               "Fichiers=acte.png; Titres=Acte de naissance; Actif=-1; LiensPersos=1; TypeActe=1; NumNote=1");
     // Chemin lu dans un bloc OBJE : objet local, titre compris. Il avait pris le numéro 4,
@@ -204,6 +238,53 @@ TEST(LecturePersonne, NeufFichiersAuPlus) {
     EXPECT_EQ(l.Pe(1).Notes, "\r\nVoir fichier f10.jpg");
     EXPECT_EQ(l.base.NbMediasReels, 9);
     EXPECT_EQ(l.Journal(), "Erreur ligne 23 : impossible de lier le fichier f10.jpg et la personne 1\r\n");
+}
+
+// Les lignes d'une citation ou d'un autre sous-bloc ne touchent pas aux champs de la personne :
+// elles vont au journal. Sous un témoin, la note reste son rôle.
+TEST(LecturePersonne, LignesDesSousBlocs) {
+    struct Cas {
+        std::string_view lignes;  // ligne 4 et suivantes
+        std::string_view fiche;
+        std::string_view journal;
+    };
+    const std::string_view nt =
+        "donn\xE9"
+        "e non trait\xE9"
+        "e : ";
+    const Cas cas[] = {
+        {"1 BIRT|2 DATE 1750|2 SOUR @S1@|3 DATA|4 DATE 1800|3 NOTE citation|4 CONC suite",
+         "Naissance.Date=1750; Naissance.Source=@S1@", "8:DATE 1800|9:NOTE citation|10:CONC suite"},
+        {"1 BURI|2 PLAC Metz|3 NOTE au nord|2 SOUR @S1@|3 PLAC Nancy",
+         "Sepulture.Lieu=Metz; Sepulture.Source=@S1@", "6:NOTE au nord|8:PLAC Nancy"},
+        {"1 RESI|2 PLAC Paris|2 SOUR @S1@|3 DATA|4 DATE 1900", "Notes=r\xE9side \xE0 Paris", "8:DATE 1900"},
+        {"1 OCCU Tailleur|2 NOTE apprenti|3 CONT chez son oncle", "Metier=Tailleur; CodesMetiers=Ta",
+         "5:NOTE apprenti|6:CONT chez son oncle"},
+        {"1 DEAT|2 ASSO @I1@|3 NOTE Ami", "Deces.Temoins=1(Ami)", ""},
+        // La suite d'une page de citation suit la page : dans la note de l'évènement, ou perdue sans
+        // un mot avec elle quand aucun champ ne la garde.
+        {"1 BIRT|2 SOUR @S1@|3 PAGE p. 12|4 CONT suite",
+         "Naissance.Notes=p. 12 \\nsuite; Naissance.Source=@S1@", ""},
+        {"2 SOUR @S1@|3 PAGE p. 3|4 CONC 4", "", ""},
+        // ALIA vers une autre fiche : ce n'est pas un nom.
+        {"1 ALIA @I12@", "", "4:ALIA @I12@"},
+    };
+    for (const Cas& c : cas) {
+        Lecture l;
+        l.Lire("0 @I1@ INDI|1 NAME A /B/|" + std::string(c.lignes));
+        EXPECT_EQ(l.P(1),
+                  "Nom=B; Prenoms=A" + std::string(c.fiche.empty() ? "" : "; ") + std::string(c.fiche))
+            << c.lignes;
+        std::string journal;
+        for (std::string_view reste = c.journal; !reste.empty();) {
+            const std::string_view ligne = reste.substr(0, reste.find('|'));
+            const auto deux = ligne.find(':');
+            journal += "Erreur ligne " + std::string(ligne.substr(0, deux)) + ", personne 1, " +
+                       std::string(nt) + std::string(ligne.substr(deux + 1)) + "\r\n";
+            reste.remove_prefix(std::min(reste.size(), ligne.size() + 1));
+        }
+        EXPECT_EQ(l.Journal(), journal) << c.lignes;
+    }
 }
 
 TEST(LecturePersonne, AdressesTelephoneEtDivers) {
