@@ -156,6 +156,14 @@ public:
     // Noms des dépôts (0 @R1@ REPO, 1 NAME ...) par identifiant, relevés une fois dans le fichier.
     std::unordered_map<std::string, std::string> NomsDepots;
     bool DepotsParcourus = false;
+    // Lien d'une personne vers un fichier (objet, ou chemin quand objet vaut 0) qui n'a pas trouvé
+    // de place : tranché après la lecture, quand les doubles faits par les chemins sont partis.
+    struct FichierEnAttente {
+        std::int32_t personne, objet, ligne, typeActe;
+        Acte Perso::*acte;  // nul : la liste de la personne
+        std::string valeur;
+    };
+    std::vector<FichierEnAttente> FichiersEnAttente;
 
     // Entrée dans une fiche : les contextes de la fiche précédente ne valent plus.
     void NouvelleFiche();

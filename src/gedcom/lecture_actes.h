@@ -115,14 +115,23 @@ void LierObjetEnRetour(LecteurGedcom& l, std::int32_t m, Emplacements<std::int32
                        std::string_view v, std::string_view etQui, std::int32_t typeActe);
 
 // Nouvel objet local pour un chemin lu sous une fiche ; dans un bloc OBJE il devient
-// l'objet du bloc et prend le titre lu avant lui. Rend son numéro.
+// l'objet du bloc (voir RattacherAuBloc). Rend son numéro.
 std::int32_t NouvelObjetLu(LecteurGedcom& l, std::string_view chemin);
+
+// Dans un bloc OBJE, l'objet m (neuf, ou déjà lié à la fiche pour le même chemin) devient
+// l'objet du bloc et reçoit le titre lu avant le FILE.
+void RattacherAuBloc(LecteurGedcom& l, std::int32_t m);
+
+// Le FILE d'un bloc OBJE n'a pas pu être lié : le titre du bloc, lu avant ou après, est
+// perdu avec lui et va au journal. qui : "personne 3", "famille 2".
+void BlocSansObjet(LecteurGedcom& l, std::string_view qui);
 
 // OBJE : vrai pour un pointeur, que l'appelant lie comme FILE @M..@ ; sans valeur, ouvre
 // un bloc FILE/TITL/FORM.
 bool ObjetPointe(LecteurGedcom& l, std::string_view v);
 
-// Titre d'un fichier du bloc OBJE : sur l'objet déjà créé, sinon gardé pour le FILE qui suit.
-void TitreDeBloc(LecteurGedcom& l, std::string_view v);
+// Titre d'un fichier du bloc OBJE : sur l'objet du bloc, sinon gardé pour le FILE qui suit ;
+// au journal quand le fichier du bloc n'a pas pu être lié.
+void TitreDeBloc(LecteurGedcom& l, std::string_view v, std::string_view qui);
 
 }  // namespace arbolix

@@ -215,11 +215,17 @@ void Fichier(LecteurGedcom& l, Fami& f, std::string& v) {
         return;
     }
     // Un chemin : l'objet local est rangé dans l'évènement, sans quoi il serait perdu à l'écriture.
+    // Le même chemin déjà lié à l'évènement ne fait pas un second objet.
     Acte& a = ActeOuMariage(f, l.Contexte1());
+    if (const std::int32_t deja = ObjetAuChemin(l.base_, a.Liens().Medias, v)) {
+        RattacherAuBloc(l, deja);
+        return;
+    }
     if (a.Liens().Medias.PremierLibre() > kMaxLiens) {
         l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier la famille " +
                            NumFamille(l) + " et le fichier " + v);
         VoirFichier(a.Notes, v);
+        BlocSansObjet(l, Famille(l));
         return;
     }
     const std::int32_t m = NouvelObjetLu(l, v);
@@ -234,7 +240,7 @@ void Objet(LecteurGedcom& l, Fami& f, std::string& v) {
 }
 
 void TitreDeFichier(LecteurGedcom& l, Fami&, std::string& v) {
-    if (l.DansBlocObjet()) TitreDeBloc(l, v);
+    if (l.DansBlocObjet()) TitreDeBloc(l, v, Famille(l));
 }
 
 // --- La table des balises ---

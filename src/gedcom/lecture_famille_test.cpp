@@ -48,15 +48,17 @@ TEST(LectureFamille, EnfantDansDeuxFamillesEtMariageSansDate) {
               "parents F2 a \xE9t\xE9 ignor\xE9.\r\n");
 }
 
-// Évènements connus sans date, lignes d'une citation.
-TEST(LectureFamille, EvenementsConnusEtSousBlocs) {
+// Évènements connus sans date, lignes d'une citation, même chemin deux fois.
+TEST(LectureFamille, EvenementsConnusSousBlocsEtFichiersEnDouble) {
     Lecture l;
     l.Lire(
         "0 @I1@ INDI|1 NAME A /B/|0 @F1@ FAM|1 HUSB @I1@|1 MARR|2 DATE 1750|2 SOUR @S1@|3 DATA|4 DATE 1800"
-        "|3 NOTE citation|4 CONC suite|1 DIV Y|1 MARC Y|1 WIFE @I1@"
+        "|3 NOTE citation|4 CONC suite|2 FILE a.jpg|2 FILE a.jpg|1 DIV Y|1 MARC Y|1 WIFE @I1@"
         "|0 @F2@ FAM|1 HUSB @I1@|1 MARR N");
     EXPECT_EQ(l.F(1),
-              "Mari=1; Femme=1; Contrat.Connu=Y; Mariage.Date=1750; Mariage.Source=@S1@; Divorce.Connu=Y");
+              "Mari=1; Femme=1; Contrat.Connu=Y; Mariage.Date=1750; Mariage.Source=@S1@; Mariage.Medias=1; "
+              "Divorce.Connu=Y");
+    EXPECT_EQ(l.base.NbMediasReels, 1);
     const std::string nt =
         "donn\xE9"
         "e non trait\xE9"
@@ -65,7 +67,7 @@ TEST(LectureFamille, EvenementsConnusEtSousBlocs) {
         l.Journal(),
         "Erreur ligne 10, famille 1, " + nt + "DATE 1800\r\nErreur ligne 11, famille 1, " + nt +
             "NOTE citation\r\nErreur ligne 12, famille 1, " + nt +
-            "CONC suite\r\nErreur ligne 18 : Arbolix attend une date de mariage pour la famille 2.\r\n");
+            "CONC suite\r\nErreur ligne 20 : Arbolix attend une date de mariage pour la famille 2.\r\n");
 }
 
 TEST(LectureFamille, VingtSixiemeEnfant) {

@@ -52,6 +52,34 @@ std::string LienLu(LecteurGedcom& l, std::string_view pointeur, char genre) {
     return lien;
 }
 
+std::int32_t ObjetAuChemin(const Base& b, const Emplacements<std::int32_t, 1, kMaxLiens>& objets,
+                           std::string_view chemin) {
+    for (const auto& [i, m] : objets)
+        if (m > 0 && m <= b.Medias.Haut() && Contient(b.Medias[m].Fichiers, Texte(chemin))) return m;
+    return 0;
+}
+
+namespace {
+
+constexpr Acte Perso::*kActesAvecObjets[] = {&Perso::Naissance, &Perso::Bapteme, &Perso::Deces,
+                                             &Perso::Sepulture};
+
+}  // namespace
+
+bool ObjetDeLaPersonne(const Perso& p, std::int32_t m) {
+    if (Contient(p.Suite().ObjetsMedia, m)) return true;
+    for (const auto acte : kActesAvecObjets)
+        if (Contient((p.*acte).Liens().Medias, m)) return true;
+    return false;
+}
+
+std::int32_t ObjetDeLaPersonneAuChemin(const Base& b, const Perso& p, std::string_view chemin) {
+    std::int32_t m = ObjetAuChemin(b, p.Suite().ObjetsMedia, chemin);
+    for (const auto acte : kActesAvecObjets)
+        if (!m) m = ObjetAuChemin(b, (p.*acte).Liens().Medias, chemin);
+    return m;
+}
+
 void LierRetour(LecteurGedcom& l, std::string_view lien, char genre, std::int32_t numero, bool famille) {
     const std::int32_t g = NumeroDuLien(lien, genre);
     if (g <= 0 || g > l.base_.MaxFiches) return;

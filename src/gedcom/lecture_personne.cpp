@@ -315,7 +315,7 @@ void ListerMetiers(LecteurGedcom& l, Perso& p, std::string m) {
 void Metier(LecteurGedcom& l, Perso& p, std::string& v) {
     const bool titre = l.Balise == "TITL" || l.Balise == "TYPE";
     if (l.Balise == "TITL" && l.DansBlocObjet()) {
-        if (l.cases_.Fichiers) TitreDeBloc(l, v);
+        if (l.cases_.Fichiers) TitreDeBloc(l, v, "personne " + Numero(l));
         return;
     }
     if (!l.cases_.Professions) return;
@@ -418,31 +418,31 @@ void EvenementConnu(LecteurGedcom& l, Perso& p, std::string& v) {
 
 // --- Fichiers liés ---
 
-// Lien vers un objet média @M..@, depuis la personne ou l'un de ses évènements.
+// Un lien sans place libre attend la fin de la lecture : un objet venu d'un chemin lu plus tôt peut
+// encore s'avérer le double d'un objet du fichier et lui céder sa place.
+void MettreEnAttente(LecteurGedcom& l, std::int32_t objet, const ActePersonne* r, const std::string& v) {
+    l.FichiersEnAttente.push_back(
+        {l.base_.NumCourant, objet, l.NumLigne, r ? r->typeActe : 0, r ? r->acte : nullptr, v});
+}
+
+// Lien vers un objet média @M..@, depuis la personne ou l'un de ses évènements. La personne n'a
+// qu'un lien vers un objet ; celui de sa propre liste l'emporte sur celui d'un évènement, qu'il
+// remplace : c'est lui que l'écriture redonne.
 void LierMedia(LecteurGedcom& l, Perso& p, const std::string& v) {
     const std::int32_t m = MediaDuPointeur(l, v);
     const ActePersonne* r = LigneActe(l.Contexte1());
     Acte* a = r ? &(p.*(r->acte)) : nullptr;
-    const auto& medias = a ? a->Liens().Medias : p.Suite().ObjetsMedia;
-    if (!Contient(medias, m)) {
-        if (medias.PremierLibre() > kMaxLiens) {
-            l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier la personne " + Numero(l) +
-                               " et le fichier " + v);
-            VoirFichier(a ? a->Notes : p.Notes, v);
-        } else if (a) {
-            PlacerPremierLibre(a->LiensModif().Medias, m);
-        } else {
-            PlacerPremierLibre(p.SuiteModif().ObjetsMedia, m);
+    if (!a && !Contient(p.Suite().ObjetsMedia, m)) {
+        if (PlacerPremierLibre(p.SuiteModif().ObjetsMedia, m)) {
+            for (const auto& e : kActesPersonne)
+                if (Contient((p.*(e.acte)).Liens().Medias, m)) Retirer((p.*(e.acte)).LiensModif().Medias, m);
+        } else if (!ObjetDeLaPersonne(p, m)) {
+            MettreEnAttente(l, m, r, v);
         }
+    } else if (a && !ObjetDeLaPersonne(p, m)) {
+        if (!PlacerPremierLibre(a->LiensModif().Medias, m)) MettreEnAttente(l, m, r, v);
     }
     LierObjetEnRetour(l, m, &ObjetMedia::LiensPersos, v, " et la personne " + Numero(l), r ? r->typeActe : 0);
-}
-
-// Le même chemin déjà lié à la personne ne fait pas un second objet.
-bool CheminDejaLie(const Base& b, const Perso& p, std::string_view chemin) {
-    for (const auto& [i, m] : p.Suite().ObjetsMedia)
-        if (m <= b.Medias.Haut() && std::as_const(b.Medias)[m].Fichiers(1) == chemin) return true;
-    return false;
 }
 
 void Fichier(LecteurGedcom& l, Perso& p, std::string& v) {
@@ -451,11 +451,14 @@ void Fichier(LecteurGedcom& l, Perso& p, std::string& v) {
         LierMedia(l, p, v);
         return;
     }
-    if (CheminDejaLie(l.base_, p, v)) return;
+    // Le même chemin déjà lié à la personne ne fait pas un second objet ; le bloc va au sien.
+    if (const std::int32_t deja = ObjetDeLaPersonneAuChemin(l.base_, p, v)) {
+        RattacherAuBloc(l, deja);
+        return;
+    }
     if (p.Suite().ObjetsMedia.PremierLibre() > kMaxLiens) {
-        l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier le fichier " + v +
-                           " et la personne " + Numero(l));
-        VoirFichier(p.Notes, v);
+        MettreEnAttente(l, 0, LigneActe(l.Contexte1()), v);
+        BlocSansObjet(l, "personne " + Numero(l));
         return;
     }
     const std::int32_t m = NouvelObjetLu(l, v);

@@ -212,7 +212,8 @@ TEST(LecturePersonne, NotesEtSourcesExternesAvecRetours) {
 TEST(LecturePersonne, FichiersEtObjetsMedias) {
     Lecture l;
     l.LireFichier("fichiers.ged");
-    EXPECT_EQ(l.P(1), "Nom=Dupont; Prenoms=Jean; Naissance.Medias=3; ObjetsMedia=3,6,4");
+    // L'objet @M3@, lié à la personne par sa fiche, ne l'est pas une seconde fois par la naissance.
+    EXPECT_EQ(l.P(1), "Nom=Dupont; Prenoms=Jean; ObjetsMedia=3,6,4");
     // L'objet du fichier : ses liens ne sont pas doublés par les OBJE @M3@ de la personne.
 
     EXPECT_EQ(l.M(3),
@@ -238,6 +239,85 @@ TEST(LecturePersonne, NeufFichiersAuPlus) {
     EXPECT_EQ(l.Pe(1).Notes, "\r\nVoir fichier f10.jpg");
     EXPECT_EQ(l.base.NbMediasReels, 9);
     EXPECT_EQ(l.Journal(), "Erreur ligne 23 : impossible de lier le fichier f10.jpg et la personne 1\r\n");
+}
+
+// Un fichier ou un objet que la personne a déjà n'est pas lié une seconde fois, dans quelque ordre
+// que viennent chemins, pointeurs et fiches d'objets ; rien n'en est dit au journal.
+TEST(LecturePersonne, UnSeulLienParFichier) {
+    struct Cas {
+        std::string_view lignes;  // sous la personne 1 ; les fiches d'objets suivent
+        std::string_view fiche;
+        std::string_view objets;  // M(1) à M(3)
+    };
+    const std::string_view fiche = "|0 @M1@ OBJE|1 FILE a.jpg|1 TITL Acte";
+    const Cas cas[] = {
+        {"1 OBJE @M1@|1 OBJE @M1@", "ObjetsMedia=1", "Fichiers=a.jpg; Titres=Acte; Actif=-1; LiensPersos=1"},
+        // Le lien de la personne remplace celui de l'évènement, que l'écriture ne redonnerait pas.
+        {"1 BIRT|2 OBJE @M1@|1 OBJE @M1@", "ObjetsMedia=1",
+         "Fichiers=a.jpg; Titres=Acte; Actif=-1; LiensPersos=1; TypeActe=1"},
+        {"1 OBJE @M1@|1 BIRT|2 OBJE @M1@", "ObjetsMedia=1",
+         "Fichiers=a.jpg; Titres=Acte; Actif=-1; LiensPersos=1; TypeActe=1"},
+        // Un chemin deux fois ; le titre du second bloc va à l'objet du premier.
+        {"1 OBJE|2 FILE b.jpg|1 OBJE|2 TITL Portrait|2 FILE b.jpg", "ObjetsMedia=2",
+         "Fichiers=a.jpg; Titres=Acte; Actif=-1|Fichiers=b.jpg; Titres=Portrait; Local=-1; Actif=-1; "
+         "LiensPersos=1"},
+        // Le chemin d'un objet du fichier, avant ou après son pointeur : l'objet du fichier seul.
+        {"1 OBJE @M1@|1 OBJE|2 FILE a.jpg", "ObjetsMedia=1",
+         "Fichiers=a.jpg; Titres=Acte; Actif=-1; LiensPersos=1"},
+        // Forme que nous avons écrite : l'objet derrière chaque évènement, le pointeur à la fin.
+        {"1 BIRT|1 OBJE|2 FILE a.jpg|1 DEAT|1 OBJE|2 FILE a.jpg|2 TITL Copie|1 OBJE @M1@", "ObjetsMedia=1",
+         "Fichiers=a.jpg; Titres=Acte,Copie; Actif=-1; LiensPersos=1"},
+        // Un FILE juste sous la personne la lie au fichier.
+        {"1 FILE c.jpg", "ObjetsMedia=2",
+         "Fichiers=a.jpg; Titres=Acte; Actif=-1|Fichiers=c.jpg; Local=-1; Actif=-1; LiensPersos=1"},
+    };
+    for (const Cas& c : cas) {
+        Lecture l;
+        l.Lire("0 @I1@ INDI|1 NAME A /B/|" + std::string(c.lignes) + std::string(fiche));
+        EXPECT_EQ(l.P(1), "Nom=B; Prenoms=A; " + std::string(c.fiche)) << c.lignes;
+        std::string objets = l.M(1);
+        for (int m = 2; m <= 3; ++m)
+            if (!l.M(m).empty()) objets += "|" + l.M(m);
+        EXPECT_EQ(objets, c.objets) << c.lignes;
+        EXPECT_TRUE(l.Journal().empty()) << l.Journal();
+    }
+}
+
+// Neuf chemins écrits avant les neuf pointeurs vers les objets qui les portent (fiches d'objets à la
+// fin) : les doubles cèdent la place, la personne garde les neuf objets dans l'ordre des pointeurs.
+TEST(LecturePersonne, DoublesLocauxCedentLaPlace) {
+    std::string lignes = "0 @I1@ INDI|1 NAME A /B/";
+    for (int m = 9; m >= 1; --m) lignes += "|1 OBJE|2 FILE f" + std::to_string(m) + ".jpg";
+    for (int m = 1; m <= 9; ++m) lignes += "|1 OBJE @M" + std::to_string(m) + "@";
+    for (int m = 1; m <= 9; ++m)
+        lignes += "|0 @M" + std::to_string(m) + "@ OBJE|1 FILE f" + std::to_string(m) + ".jpg";
+    Lecture l;
+    l.Lire(lignes);
+    EXPECT_EQ(l.P(1), "Nom=B; Prenoms=A; ObjetsMedia=1,2,3,4,5,6,7,8,9");
+    EXPECT_EQ(l.base.NbMediasReels, 9);
+    for (int m = 10; m <= 18; ++m) EXPECT_EQ(l.M(m), "") << m;
+    EXPECT_TRUE(l.Journal().empty()) << l.Journal();
+}
+
+// Dix mille liens sur une personne : neuf tiennent, chacun des autres est au journal et aux notes.
+TEST(LecturePersonne, DixMilleFichiersSurUnePersonne) {
+    constexpr int kLiens = 10000;
+    std::string lignes = "0 @I1@ INDI|1 NAME A /B/";
+    for (int i = 1; i <= kLiens / 2; ++i) lignes += "|1 OBJE|2 FILE f" + std::to_string(i) + ".jpg";
+    for (int m = 1; m <= kLiens / 2; ++m) lignes += "|1 OBJE @M" + std::to_string(m) + "@";
+    for (int m = 1; m <= kLiens / 2; ++m)
+        lignes += "|0 @M" + std::to_string(m) + "@ OBJE|1 FILE g" + std::to_string(m) + ".jpg";
+    Lecture l;
+    l.Lire(lignes);
+    EXPECT_EQ(l.Pe(1).Suite().ObjetsMedia.Nombre(), 9u);
+    EXPECT_EQ(l.Compte("Erreur ligne "), static_cast<std::size_t>(kLiens - 9));
+    EXPECT_EQ(l.Compte(" : impossible de lier le fichier f5000.jpg et la personne 1\r\n"), 1u);
+    EXPECT_EQ(l.Compte(" : impossible de lier la personne 1 et le fichier @M5000@\r\n"), 1u);
+    std::size_t voir = 0;
+    for (auto p = l.Pe(1).Notes.vue().find("Voir fichier "); p != std::string_view::npos;
+         p = l.Pe(1).Notes.vue().find("Voir fichier ", p + 1))
+        ++voir;
+    EXPECT_EQ(voir, static_cast<std::size_t>(kLiens - 9));
 }
 
 // Les lignes d'une citation ou d'un autre sous-bloc ne touchent pas aux champs de la personne :
