@@ -1,11 +1,10 @@
 #include "card/medias.h"
 
-#include "card/fichiers_lies.h"
-
 #include <algorithm>
 #include <filesystem>
 #include <utility>
 
+#include "card/fichiers_lies.h"
 #include "card/notes.h"
 #include "gedcom/lecture_liens.h"
 #include "store/aides_texte.h"
@@ -37,7 +36,8 @@ ListeMedias& MediasModif(Perso& p, int acte) {
 }
 
 bool LieuExiste(const Base& base, const LieuMedia& l) {
-    if (l.famille) return l.numero > 0 && l.numero <= base.Familles.Haut() && l.acte >= 1 && l.acte <= kActesFami;
+    if (l.famille)
+        return l.numero > 0 && l.numero <= base.Familles.Haut() && l.acte >= 1 && l.acte <= kActesFami;
     return PersonneExiste(base, l.numero) && l.acte >= 0 && l.acte <= kActesPerso;
 }
 
@@ -52,7 +52,9 @@ ListeMedias& MediasModif(Base& base, const LieuMedia& l) {
     return MediasModif(base.Persos[l.numero], l.acte);
 }
 
-bool ObjetExiste(const Base& base, std::int32_t m) { return m > 0 && m <= base.Medias.Haut(); }
+bool ObjetExiste(const Base& base, std::int32_t m) {
+    return m > 0 && m <= base.Medias.Haut();
+}
 
 // Les fichiers des objets d'une liste, derrière le préfixe de l'évènement qui les tient.
 void AjouterLignesMedias(const Base& base, const ListeMedias& medias, const LieuMedia& lieu,
@@ -61,7 +63,8 @@ void AjouterLignesMedias(const Base& base, const ListeMedias& medias, const Lieu
     for (const auto& [i, m] : medias) {
         if (!ObjetExiste(base, m)) continue;
         for (const auto& [j, chemin] : base.Medias[m].Fichiers)
-            if (!chemin.empty()) r.push_back({prefixe + chemin + " M" + Zeros(m, 6), 'M', m, chemin.str(), 0, lieu});
+            if (!chemin.empty())
+                r.push_back({prefixe + chemin + " M" + Zeros(m, 6), 'M', m, chemin.str(), 0, lieu});
     }
 }
 
@@ -88,7 +91,8 @@ std::vector<LigneDivers> LignesDivers(const Base& base, const Options& options, 
         if (!chemin.empty()) r.push_back({chemin + " P" + Zeros(p, 6), 'P', p, chemin.str(), i, {}});
     AjouterLignesMedias(base, pe.Suite().ObjetsMedia, {false, p, 0}, {}, r);
     for (int a = 1; a <= kActesPerso; ++a)
-        AjouterLignesMedias(base, ActeDe(pe, a)->Liens().Medias, {false, p, a}, options.*kSymbolesPerso[a - 1], r);
+        AjouterLignesMedias(base, ActeDe(pe, a)->Liens().Medias, {false, p, a},
+                            options.*kSymbolesPerso[a - 1], r);
     for (int u = 1; u <= kMaxUnions; ++u) {
         const std::int32_t f = pe.Unions[u];
         if (f <= 0 || f > base.Familles.Haut()) continue;
@@ -117,9 +121,13 @@ void DelierMedia(Base& base, const LieuMedia& lieu, std::int32_t m) {
     base.FichierModifie = kVrai;
 }
 
-bool LierMedia(Base& base, std::int32_t p, int acte, std::int32_t m) { return LierMedia(base, {false, p, acte}, m); }
+bool LierMedia(Base& base, std::int32_t p, int acte, std::int32_t m) {
+    return LierMedia(base, {false, p, acte}, m);
+}
 
-void DelierMedia(Base& base, std::int32_t p, int acte, std::int32_t m) { DelierMedia(base, {false, p, acte}, m); }
+void DelierMedia(Base& base, std::int32_t p, int acte, std::int32_t m) {
+    DelierMedia(base, {false, p, acte}, m);
+}
 
 std::int32_t NouvelObjetMedia(Base& base, std::string_view chemin) {
     const std::int32_t m = base.NbMedias + 1;
@@ -204,17 +212,19 @@ std::vector<std::int32_t> DupliquerLienMedia(Base& base, const LigneDivers& lign
     constexpr std::string_view kTitre = "Dupliquer le lien vers de nouvelles fiches";
     std::vector<std::int32_t> creees;
     if (ligne.genre != 'M' || !ObjetExiste(base, ligne.numero)) {
-        dialogue.Message(kTitre,
-                         "Ce lien de fichier ne peut pas \xEAtre dupliqu\xE9 car il n'appartient pas \xE0 un objet "
-                         "m\xE9"
-                         "dia.",
-                         Icone::Attention);
+        dialogue.Message(
+            kTitre,
+            "Ce lien de fichier ne peut pas \xEAtre dupliqu\xE9 car il n'appartient pas \xE0 un objet "
+            "m\xE9"
+            "dia.",
+            Icone::Attention);
         return creees;
     }
     const std::int32_t m = ligne.numero;
     const auto libres = kMaxLiens - static_cast<int>(std::as_const(base.Medias)[m].LiensPersos.Nombre());
     const auto reponse = dialogue.Saisie(
-        kTitre, "Entrez le nombre de duplications \xE0 faire :\r\n(" + std::to_string(libres) + " maximum)", "1");
+        kTitre, "Entrez le nombre de duplications \xE0 faire :\r\n(" + std::to_string(libres) + " maximum)",
+        "1");
     if (!reponse) return creees;
     // Au-delà de neuf, aucune personne de plus ne pourrait jamais être liée à l'objet.
     const auto nombre = std::min<std::int64_t>(ValeurNumerique(*reponse), kMaxLiens);
@@ -231,8 +241,12 @@ std::vector<std::int32_t> DupliquerLienMedia(Base& base, const LigneDivers& lign
                          "Impossible de lier l'objet m\xE9"
                          "dia n\xB0" +
                              std::to_string(m) + " et les " + std::to_string(sansPlace) +
-                             " derni\xE8res personnes cr\xE9\xE9" "es car il y a d\xE9j\xE0 " +
-                             std::to_string(kMaxLiens) + " personnes li\xE9" "es \xE0 cet objet m\xE9" "dia.",
+                             " derni\xE8res personnes cr\xE9\xE9"
+                             "es car il y a d\xE9j\xE0 " +
+                             std::to_string(kMaxLiens) +
+                             " personnes li\xE9"
+                             "es \xE0 cet objet m\xE9"
+                             "dia.",
                          Icone::Attention);
     if (!creees.empty()) base.FichierModifie = kVrai;
     return creees;
@@ -254,13 +268,18 @@ constexpr DestinationMedia kDestinations[kDestinationsMedia] = {
     {true, 1, "", "au contrat de mariage"},
     {true, 2, "", "au mariage"},
     {true, 3, "", "au divorce"},
-    {false, 3, "le d\xE9" "c\xE8s", "au d\xE9" "c\xE8s"},
+    {false, 3,
+     "le d\xE9"
+     "c\xE8s",
+     "au d\xE9"
+     "c\xE8s"},
     {false, 4, "la s\xE9pulture", "\xE0 la s\xE9pulture"},
 };
 constexpr std::string_view kTitreDeplacer = "Fichier li\xE9";
 
 bool ActeRenseigne(const Acte& a) {
-    return !a.Date.empty() || !a.Lieu.empty() || !a.Notes.empty() || !a.Source.empty() || !a.Liens().Temoins.empty();
+    return !a.Date.empty() || !a.Lieu.empty() || !a.Notes.empty() || !a.Source.empty() ||
+           !a.Liens().Temoins.empty();
 }
 
 // L'union où va le lien, ou nullopt après le message de refus.
@@ -272,16 +291,20 @@ std::optional<std::int32_t> UnionDestination(const Base& base, std::int32_t p, s
         if (pe.Unions[u] > 0 && pe.Unions[u] <= base.Familles.Haut()) unions.push_back(pe.Unions[u]);
     if (unions.empty()) {
         dialogue.Message(kTitreDeplacer,
-                         "Erreur ! Il n'existe aucune union pour la personne affich\xE9" "e, impossible de "
-                         "d\xE9placer l'image li\xE9" "e vers une union.",
+                         "Erreur ! Il n'existe aucune union pour la personne affich\xE9"
+                         "e, impossible de "
+                         "d\xE9placer l'image li\xE9"
+                         "e vers une union.",
                          Icone::Attention);
         return std::nullopt;
     }
     if (std::find(unions.begin(), unions.end(), choisie) != unions.end()) return choisie;
     if (unions.size() == 1) return unions.front();
     dialogue.Message(kTitreDeplacer,
-                     "Erreur ! Quand il y a plusieurs unions pour la personne affich\xE9" "e, il faut d'abord "
-                     "s\xE9lectionner l'union puis d\xE9placer l'image li\xE9" "e.",
+                     "Erreur ! Quand il y a plusieurs unions pour la personne affich\xE9"
+                     "e, il faut d'abord "
+                     "s\xE9lectionner l'union puis d\xE9placer l'image li\xE9"
+                     "e.",
                      Icone::Attention);
     return std::nullopt;
 }
@@ -290,8 +313,8 @@ std::optional<std::int32_t> UnionDestination(const Base& base, std::int32_t p, s
 
 bool DeplacerLienMedia(Base& base, std::int32_t p, const LigneDivers& ligne, int destination,
                        std::int32_t unionChoisie, Dialogue& dialogue) {
-    if (ligne.genre != 'M' || !PersonneExiste(base, p) || !ObjetExiste(base, ligne.numero) || destination < 0 ||
-        destination >= kDestinationsMedia)
+    if (ligne.genre != 'M' || !PersonneExiste(base, p) || !ObjetExiste(base, ligne.numero) ||
+        destination < 0 || destination >= kDestinationsMedia)
         return false;
     const DestinationMedia& d = kDestinations[destination];
     LieuMedia vers{d.famille, p, d.acte};
@@ -302,15 +325,21 @@ bool DeplacerLienMedia(Base& base, std::int32_t p, const LigneDivers& ligne, int
     } else if (d.acte > 0 && !ActeRenseigne(*ActeDe(std::as_const(base.Persos)[p], d.acte))) {
         dialogue.Message(kTitreDeplacer,
                          "Erreur ! Il n'existe aucune information sur " + std::string(d.nom) +
-                             ", impossible de d\xE9placer l'image li\xE9" "e vers " + std::string(d.nom) + ".",
+                             ", impossible de d\xE9placer l'image li\xE9"
+                             "e vers " +
+                             std::string(d.nom) + ".",
                          Icone::Attention);
         return false;
     }
     if (vers == ligne.lieu) return false;
     if (!LierMedia(base, vers, ligne.numero)) {
         dialogue.Message(kTitreDeplacer,
-                         "Impossible de d\xE9placer l'image li\xE9" "e car il existe d\xE9j\xE0 " +
-                             std::to_string(kMaxLiens) + " images li\xE9" "es " + std::string(d.complement) + ".",
+                         "Impossible de d\xE9placer l'image li\xE9"
+                         "e car il existe d\xE9j\xE0 " +
+                             std::to_string(kMaxLiens) +
+                             " images li\xE9"
+                             "es " +
+                             std::string(d.complement) + ".",
                          Icone::Attention);
         return false;
     }
@@ -330,7 +359,7 @@ ResultatOuverture OuvrirFichier(std::string_view chemin, int mode, const LieuxFi
     const auto trouve = TrouverFichier(chemin, lieux);
     if (!trouve) {
         const Bouton b = dialogue.Message("Fichier introuvable", MessageFichierIntrouvable(chemin, true),
-                                          Icone::Question, Boutons::OuiNon);
+                                          Icone::Question, Boutons::OuiNon, Bouton::Non);
         return {b == Bouton::Oui ? Ouverture::SupprimerLien : Ouverture::Introuvable, {}};
     }
     if (mode == 3 && !EstImage(*trouve)) return {Ouverture::PasUneImage, *trouve};
@@ -341,8 +370,7 @@ ResultatOuverture OuvrirFichier(std::string_view chemin, int mode, const LieuxFi
 }
 
 std::optional<std::string> PhotoDePersonne(const Base& base, const Options& options, std::int32_t p,
-                                           const LieuxFichiers& lieux,
-                                           std::string_view extensions) {
+                                           const LieuxFichiers& lieux, std::string_view extensions) {
     for (const LigneDivers& l : LignesDivers(base, options, p))
         if (EstImage(l.chemin, extensions))
             if (auto trouve = TrouverFichier(l.chemin, lieux)) return trouve;

@@ -1,13 +1,12 @@
 #include "card/medias.h"
 
-#include "aides/dossier_essai.h"
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
 #include "aides/base_essai.h"
 #include "aides/dialogue_factice.h"
+#include "aides/dossier_essai.h"
 #include "aides/invariant_liens.h"
 #include "card/notes.h"
 #include "platform/progression.h"
@@ -49,8 +48,9 @@ TEST(FichiersLies, NeufFichiersPuisLeDixiemeRefuse) {
     EXPECT_FALSE(AjouterFichier(t.b, 1, "f10.pdf", d));
     ASSERT_EQ(d.messages.size(), 1u);
     EXPECT_EQ(d.messages[0].titre, "Ajouter un fichier");
-    EXPECT_EQ(d.messages[0].texte,
-              "Impossible d'ajouter le fichier \xE0 cette personne car il y a d\xE9j\xE0 9 fichiers li\xE9s.");
+    EXPECT_EQ(
+        d.messages[0].texte,
+        "Impossible d'ajouter le fichier \xE0 cette personne car il y a d\xE9j\xE0 9 fichiers li\xE9s.");
     EXPECT_EQ(t.S(1).Fichiers(9), "f9.pdf");
 }
 
@@ -80,13 +80,17 @@ TEST(FichiersLies, LignesDeLaListeEtRetraitQuiRefermeLeTrou) {
     d.ReponseSuivante(Bouton::Non);
     SupprimerLienDivers(t.b, 2, lignes[3], &d);
     ASSERT_EQ(d.messages.size(), 1u);
-    EXPECT_EQ(d.messages[0].titre, "Objet m\xE9" "dia sans lien");
+    EXPECT_EQ(d.messages[0].titre,
+              "Objet m\xE9"
+              "dia sans lien");
     EXPECT_EQ(d.messages[0].texte,
               "album/portrait.jpg\r\n\r\n n'a plus aucun lien.\r\nVoulez-vous le supprimer ?");
     EXPECT_TRUE(t.S(2).ObjetsMedia.empty());
     EXPECT_EQ(std::as_const(t.b.Medias)[m].Fichiers(1), "album/portrait.jpg");
     EXPECT_EQ(essais::InvariantLiens(t.b).Ecarts(), "");
+    EXPECT_EQ(d.messages[0].defaut, Bouton::Non);
     // Oui l'efface : il n'est plus en usage et le haut redescend.
+    d.ReponseSuivante(Bouton::Oui);
     EXPECT_TRUE(SupprimerOrpheline(t.b, 'M', m, d));
     EXPECT_EQ(std::as_const(t.b.Medias)[m], ObjetMedia{});
     EXPECT_EQ(t.b.NbMedias, 0);
@@ -141,8 +145,11 @@ TEST(FichiersLies, ObjetsDesEvenementsEtDesUnionsDerriereLeurSymbole) {
     DialogueFactice d;
     d.ReponseSuivante(Bouton::Non);
     SupprimerLienDivers(b, 1, lignes[1], &d);
-    EXPECT_TRUE(std::as_const(b.Familles)[1].Mariage.Liens().Medias.empty()) << "ôté de l'union, pas de la personne";
-    EXPECT_EQ(d.messages.at(0).titre, "Objet m\xE9" "dia sans lien");
+    EXPECT_TRUE(std::as_const(b.Familles)[1].Mariage.Liens().Medias.empty())
+        << "ôté de l'union, pas de la personne";
+    EXPECT_EQ(d.messages.at(0).titre,
+              "Objet m\xE9"
+              "dia sans lien");
     EXPECT_EQ(essais::InvariantLiens(b).Ecarts(), "");
 }
 
@@ -151,8 +158,10 @@ TEST(FichiersLies, DupliquerVersDeNouvellesPersonnesImage) {
     DialogueFactice d;
     AjouterFichier(t.b, 1, "a.pdf", d);
     DupliquerLienMedia(t.b, LignesDivers(t.b, {}, 1).at(0), false, d);
-    EXPECT_EQ(d.messages.at(0).texte, "Ce lien de fichier ne peut pas \xEAtre dupliqu\xE9 car il n'appartient pas "
-                                      "\xE0 un objet m\xE9" "dia.");
+    EXPECT_EQ(d.messages.at(0).texte,
+              "Ce lien de fichier ne peut pas \xEAtre dupliqu\xE9 car il n'appartient pas "
+              "\xE0 un objet m\xE9"
+              "dia.");
 
     const std::int32_t m = NouvelObjetMedia(t.b, "groupe.jpg");
     for (std::int32_t p = 1; p <= 3; ++p) LierMedia(t.b, p, 0, m);
@@ -172,9 +181,14 @@ TEST(FichiersLies, DupliquerVersDeNouvellesPersonnesImage) {
     d.SaisieSuivante("6");
     EXPECT_EQ(DupliquerLienMedia(t.b, ligne, false, d).size(), 6u);
     ASSERT_EQ(d.messages.size(), 1u);
-    EXPECT_EQ(d.messages[0].texte, "Impossible de lier l'objet m\xE9" "dia n\xB0" "1 et les 2 derni\xE8res personnes "
-                                   "cr\xE9\xE9" "es car il y a d\xE9j\xE0 9 personnes li\xE9" "es \xE0 cet objet m\xE9"
-                                   "dia.");
+    EXPECT_EQ(d.messages[0].texte,
+              "Impossible de lier l'objet m\xE9"
+              "dia n\xB0"
+              "1 et les 2 derni\xE8res personnes "
+              "cr\xE9\xE9"
+              "es car il y a d\xE9j\xE0 9 personnes li\xE9"
+              "es \xE0 cet objet m\xE9"
+              "dia.");
     EXPECT_TRUE(std::as_const(t.b.Persos)[11].Suite().ObjetsMedia.empty());
     EXPECT_EQ(essais::InvariantLiens(t.b).Ecarts(), "");
     d.SaisieSuivante(std::nullopt);
@@ -193,11 +207,16 @@ TEST(FichiersLies, DeplacerVersUnEvenementOuUneUnionEtSesRefus) {
     const auto ligne = [&] { return LignesDivers(b, Options{}, 1).at(0); };
 
     EXPECT_FALSE(DeplacerLienMedia(b, 1, ligne(), 2, 0, d));
-    EXPECT_EQ(d.messages.back().texte, "Erreur ! Il n'existe aucune information sur le bapt\xEAme, impossible de "
-                                       "d\xE9placer l'image li\xE9" "e vers le bapt\xEAme.");
+    EXPECT_EQ(d.messages.back().texte,
+              "Erreur ! Il n'existe aucune information sur le bapt\xEAme, impossible de "
+              "d\xE9placer l'image li\xE9"
+              "e vers le bapt\xEAme.");
     EXPECT_FALSE(DeplacerLienMedia(b, 1, ligne(), 4, 0, d));
-    EXPECT_EQ(d.messages.back().texte, "Erreur ! Il n'existe aucune union pour la personne affich\xE9" "e, "
-                                       "impossible de d\xE9placer l'image li\xE9" "e vers une union.");
+    EXPECT_EQ(d.messages.back().texte,
+              "Erreur ! Il n'existe aucune union pour la personne affich\xE9"
+              "e, "
+              "impossible de d\xE9placer l'image li\xE9"
+              "e vers une union.");
 
     ASSERT_TRUE(DeplacerLienMedia(b, 1, ligne(), 1, 0, d));
     EXPECT_TRUE(std::as_const(b.Persos)[1].Suite().ObjetsMedia.empty());
@@ -213,8 +232,11 @@ TEST(FichiersLies, DeplacerVersUnEvenementOuUneUnionEtSesRefus) {
     essai::AjouterFamille(b, 2, 1, 3);
     const std::size_t vus = d.messages.size();
     EXPECT_FALSE(DeplacerLienMedia(b, 1, ligne(), 5, 0, d));
-    EXPECT_EQ(d.messages.back().texte, "Erreur ! Quand il y a plusieurs unions pour la personne affich\xE9" "e, il "
-                                       "faut d'abord s\xE9lectionner l'union puis d\xE9placer l'image li\xE9" "e.");
+    EXPECT_EQ(d.messages.back().texte,
+              "Erreur ! Quand il y a plusieurs unions pour la personne affich\xE9"
+              "e, il "
+              "faut d'abord s\xE9lectionner l'union puis d\xE9placer l'image li\xE9"
+              "e.");
     ASSERT_TRUE(DeplacerLienMedia(b, 1, ligne(), 5, 2, d));
     EXPECT_EQ(std::as_const(b.Familles)[2].Divorce.Liens().Medias(1), m);
     EXPECT_EQ(d.messages.size(), vus + 1);
@@ -226,7 +248,9 @@ TEST(FichiersLies, DeplacerVersUnEvenementOuUneUnionEtSesRefus) {
         if (l.numero == m) divorce = l;
     EXPECT_FALSE(DeplacerLienMedia(b, 1, divorce, 1, 0, d));
     EXPECT_EQ(d.messages.back().texte,
-              "Impossible de d\xE9placer l'image li\xE9" "e car il existe d\xE9j\xE0 9 images li\xE9" "es \xE0 la "
+              "Impossible de d\xE9placer l'image li\xE9"
+              "e car il existe d\xE9j\xE0 9 images li\xE9"
+              "es \xE0 la "
               "naissance.");
     EXPECT_EQ(d.messages.back().titre, "Fichier li\xE9");
     EXPECT_EQ(std::as_const(b.Familles)[2].Divorce.Liens().Medias(1), m);
@@ -249,7 +273,8 @@ TEST(FichiersLies, FichierDeplaceRetrouveDansLesDossiers) {
     const LieuxFichiers lieux{images, gedcom};
     EXPECT_EQ(TrouverFichier(photo, lieux), photo);
     EXPECT_EQ(TrouverFichier("famille/photo.jpg", lieux), photo) << "relatif au dossier des images";
-    EXPECT_EQ(TrouverFichier("/ancien/disque/acte.pdf", lieux), acte) << "par son nom, dans le dossier du fichier";
+    EXPECT_EQ(TrouverFichier("/ancien/disque/acte.pdf", lieux), acte)
+        << "par son nom, dans le dossier du fichier";
     EXPECT_EQ(TrouverFichier("absent.jpg", lieux), std::nullopt);
     EXPECT_EQ(TrouverFichier("", lieux), std::nullopt);
 
@@ -260,10 +285,13 @@ TEST(FichiersLies, FichierDeplaceRetrouveDansLesDossiers) {
     EXPECT_EQ(OuvrirFichier("famille/photo.jpg", 3, lieux, d).chemin, photo);
     EXPECT_EQ(d.ouverts.size(), 1u) << "le mode 3 n'ouvre rien";
 
-    d.ReponseSuivante(Bouton::Non);
+    // Entrée garde le lien : Non est le bouton par défaut.
+    d.EntreeSuivante();
     EXPECT_EQ(OuvrirFichier("absent.jpg", 1, lieux, d).etat, Ouverture::Introuvable);
+    d.ReponseSuivante(Bouton::Oui);
     EXPECT_EQ(OuvrirFichier("absent.jpg", 1, lieux, d).etat, Ouverture::SupprimerLien);
     EXPECT_EQ(d.messages.at(0).titre, "Fichier introuvable");
+    EXPECT_EQ(d.messages.at(0).defaut, Bouton::Non);
     EXPECT_TRUE(d.messages.at(0).texte.starts_with("Le fichier est introuvable :\r\nabsent.jpg\r\n"));
     EXPECT_TRUE(d.messages.at(0).texte.ends_with("Voulez-vous supprimer le lien ?"));
 

@@ -15,11 +15,13 @@ namespace {
 
 using Retours = Emplacements<std::int32_t, 1, kMaxLiens>;
 
-constexpr Acte Perso::* kActesDePerso[kActesPerso] = {&Perso::Naissance, &Perso::Bapteme, &Perso::Deces,
-                                                       &Perso::Sepulture};
-constexpr Acte Fami::* kActesDeFami[kActesFami] = {&Fami::Contrat, &Fami::Mariage, &Fami::Divorce};
+constexpr Acte Perso::*kActesDePerso[kActesPerso] = {&Perso::Naissance, &Perso::Bapteme, &Perso::Deces,
+                                                     &Perso::Sepulture};
+constexpr Acte Fami::*kActesDeFami[kActesFami] = {&Fami::Contrat, &Fami::Mariage, &Fami::Divorce};
 
-bool DansTableau(std::int32_t n, std::int32_t haut) { return n >= 1 && n <= haut; }
+bool DansTableau(std::int32_t n, std::int32_t haut) {
+    return n >= 1 && n <= haut;
+}
 
 std::int32_t Haut(const Base& base, char genre) {
     return genre == 'M' ? base.Medias.Haut() : NotesDuGenre(base, genre).Haut();
@@ -75,8 +77,8 @@ void Completer(Base& base, char genre, std::int32_t n) {
     for (bool famille : {false, true}) {
         if (genre == 'M' && famille) return;
         Retours& r = RetoursDe(base, genre, n, famille);
-        const std::int32_t fin = famille ? std::min(lu.NbFamis, lu.Familles.Haut())
-                                         : std::min(lu.NbPersos, lu.Persos.Haut());
+        const std::int32_t fin =
+            famille ? std::min(lu.NbFamis, lu.Familles.Haut()) : std::min(lu.NbPersos, lu.Persos.Haut());
         for (std::int32_t q = 1; q <= fin && r.PremierLibre() <= kMaxLiens; ++q)
             Combler(r, Occurrences(lu, genre, n, famille, q) - Compter(r, q), q);
     }
@@ -97,9 +99,7 @@ Texte& TexteModif(Base& base, const ChampLien& c) {
 
 template <typename F>
 void PourChaqueFiche(Tableau<NoteExt>& t, std::int32_t fin, F&& f) {
-    t.PourChaqueEcrit(1, fin, [&](std::int32_t i) {
-        f(t[i]);
-    });
+    t.PourChaqueEcrit(1, fin, [&](std::int32_t i) { f(t[i]); });
 }
 
 void LierChamp(Base& base, std::string_view texte, char genre, bool famille, std::int32_t qui) {
@@ -132,14 +132,22 @@ void ReconstruirePersonne(Base& base, std::int32_t p) {
 
 }  // namespace
 
-Acte* ActeDe(Perso& p, int n) { return n >= 1 && n <= kActesPerso ? &(p.*kActesDePerso[n - 1]) : nullptr; }
-Acte* ActeDe(Fami& f, int n) { return n >= 1 && n <= kActesFami ? &(f.*kActesDeFami[n - 1]) : nullptr; }
+Acte* ActeDe(Perso& p, int n) {
+    return n >= 1 && n <= kActesPerso ? &(p.*kActesDePerso[n - 1]) : nullptr;
+}
+Acte* ActeDe(Fami& f, int n) {
+    return n >= 1 && n <= kActesFami ? &(f.*kActesDeFami[n - 1]) : nullptr;
+}
 const Acte* ActeDe(const Perso& p, int n) {
     return n >= 1 && n <= kActesPerso ? &(p.*kActesDePerso[n - 1]) : nullptr;
 }
-const Acte* ActeDe(const Fami& f, int n) { return n >= 1 && n <= kActesFami ? &(f.*kActesDeFami[n - 1]) : nullptr; }
+const Acte* ActeDe(const Fami& f, int n) {
+    return n >= 1 && n <= kActesFami ? &(f.*kActesDeFami[n - 1]) : nullptr;
+}
 
-Tableau<NoteExt>& NotesDuGenre(Base& base, char genre) { return genre == 'S' ? base.Sources : base.Notes; }
+Tableau<NoteExt>& NotesDuGenre(Base& base, char genre) {
+    return genre == 'S' ? base.Sources : base.Notes;
+}
 const Tableau<NoteExt>& NotesDuGenre(const Base& base, char genre) {
     return genre == 'S' ? base.Sources : base.Notes;
 }
@@ -182,7 +190,8 @@ void ChangerChamp(Base& base, const ChampLien& c, std::string_view texte, Dialog
     if (ancien == nouveau) return;
     AccorderRetour(base, genre, nouveau, c.famille, c.numero);
     AccorderRetour(base, genre, ancien, c.famille, c.numero);
-    if (dialogue && DansTableau(ancien, Haut(base, genre))) SupprimerOrpheline(base, genre, ancien, *dialogue);
+    if (dialogue && DansTableau(ancien, Haut(base, genre)))
+        SupprimerOrpheline(base, genre, ancien, *dialogue);
 }
 
 std::int32_t NouvelleNote(Base& base, char genre) {
@@ -229,9 +238,11 @@ void EffacerNote(Base& base, char genre, std::int32_t numero) {
 bool SupprimerMedia(Base& base, std::int32_t m, Dialogue& dialogue) {
     const ObjetMedia& lu = std::as_const(base.Medias)[m];
     if (ALiens(lu.LiensPersos, lu.LiensFamis) || lu.NumNote > 0 || lu.NumSource > 0) return false;
-    const std::string texte = lu.Fichiers(1) + "\r\n" + lu.Titres(1) +
-                              "\r\n n'a plus aucun lien.\r\nVoulez-vous le supprimer ?";
-    if (dialogue.Message("Objet m\xE9" "dia sans lien", texte, Icone::Question, Boutons::OuiNon) != Bouton::Oui)
+    const std::string texte =
+        lu.Fichiers(1) + "\r\n" + lu.Titres(1) + "\r\n n'a plus aucun lien.\r\nVoulez-vous le supprimer ?";
+    if (dialogue.Message("Objet m\xE9"
+                         "dia sans lien",
+                         texte, Icone::Question, Boutons::OuiNon, Bouton::Non) != Bouton::Oui)
         return false;
     ObjetMedia& o = base.Medias[m];
     o.Fichiers.clear();
@@ -264,7 +275,8 @@ bool SupprimerOrpheline(Base& base, char genre, std::int32_t numero, Dialogue& d
     const std::string texte =
         lu.Titre + "\r\n" + lu.Texte + "\r\n n'a plus aucun lien.\r\nVoulez-vous la supprimer ?";
     const char* titre = source ? "Source externe sans lien" : "Note externe sans lien";
-    if (dialogue.Message(titre, texte, Icone::Question, Boutons::OuiNon) != Bouton::Oui) return false;
+    if (dialogue.Message(titre, texte, Icone::Question, Boutons::OuiNon, Bouton::Non) != Bouton::Oui)
+        return false;
     EffacerNote(base, genre, numero);
     return true;
 }
@@ -314,7 +326,8 @@ std::string CouperLignes(std::string_view texte, std::size_t largeur, std::size_
     return r;
 }
 
-void ModifierNote(Base& base, char genre, std::int32_t numero, std::string_view titre, std::string_view texte) {
+void ModifierNote(Base& base, char genre, std::int32_t numero, std::string_view titre,
+                  std::string_view texte) {
     std::string t(texte);
     // Seul un chemin absolu compte : un titre ordinaire ne doit pas tomber sur un fichier du dossier courant.
     std::error_code ec;
@@ -350,9 +363,8 @@ void ReconstruireLiens(Base& base) {
     };
     PourChaqueFiche(base.Notes, base.Notes.Haut(), vider);
     PourChaqueFiche(base.Sources, base.Sources.Haut(), vider);
-    base.Medias.PourChaqueEcrit(1, base.Medias.Haut(), [&](std::int32_t m) {
-        base.Medias[m].LiensPersos.clear();
-    });
+    base.Medias.PourChaqueEcrit(1, base.Medias.Haut(),
+                                [&](std::int32_t m) { base.Medias[m].LiensPersos.clear(); });
     for (std::int32_t p = 1; p <= std::min(base.NbPersos, base.Persos.Haut()); ++p)
         if (PersonneExiste(base, p)) ReconstruirePersonne(base, p);
     for (std::int32_t f = 1; f <= std::min(base.NbFamis, base.Familles.Haut()); ++f) {

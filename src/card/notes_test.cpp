@@ -9,15 +9,17 @@
 #include "aides/invariant_liens.h"
 #include "card/medias.h"
 #include "gedcom/ecrivain.h"
-#include "gedcom/lecture_liens.h"
 #include "gedcom/lecture_essai.h"
+#include "gedcom/lecture_liens.h"
 #include "lists/selection.h"
 #include "store/decrire_base.h"
 
 namespace arbolix {
 namespace {
 
-std::string Ecarts(const Base& b) { return essais::InvariantLiens(b).Ecarts(); }
+std::string Ecarts(const Base& b) {
+    return essais::InvariantLiens(b).Ecarts();
+}
 
 // Une petite base : n personnes, deux familles, trois notes, deux sources, deux objets médias.
 struct PetiteBase {
@@ -35,7 +37,9 @@ struct PetiteBase {
     const NoteExt& N(int n) const { return std::as_const(b.Notes)[n]; }
 };
 
-ChampLien NotePerso(int p) { return {false, p, 0, false}; }
+ChampLien NotePerso(int p) {
+    return {false, p, 0, false};
+}
 
 TEST(NotesExternes, UnLienParChampEtLeDernierRetraitDemande) {
     PetiteBase t;
@@ -58,7 +62,8 @@ TEST(NotesExternes, UnLienParChampEtLeDernierRetraitDemande) {
     ASSERT_EQ(d.messages.size(), 1u);
     EXPECT_EQ(d.messages[0].titre, "Note externe sans lien");
     EXPECT_EQ(d.messages[0].boutons, Boutons::OuiNon);
-    EXPECT_NE(d.messages[0].texte.find(" n'a plus aucun lien.\r\nVoulez-vous la supprimer ?"), std::string::npos);
+    EXPECT_NE(d.messages[0].texte.find(" n'a plus aucun lien.\r\nVoulez-vous la supprimer ?"),
+              std::string::npos);
     EXPECT_EQ(t.b.NbNotes, 3) << "Non garde la note sans lien";
     EXPECT_EQ(Ecarts(t.b), "");
 }
@@ -80,13 +85,16 @@ TEST(NotesExternes, SupprimerOuiEffaceEtBaisseLeHaut) {
     DialogueFactice d;
     t.b.Notes[3].Titre = "Registre";
     ChangerChamp(t.b, NotePerso(4), "@N3@", &d);
-    ChangerChamp(t.b, NotePerso(4), "", &d);  // le faux répond Oui
+    d.ReponseSuivante(Bouton::Oui);
+    ChangerChamp(t.b, NotePerso(4), "", &d);
     EXPECT_EQ(d.messages.at(0).texte, "Registre\r\n\r\n n'a plus aucun lien.\r\nVoulez-vous la supprimer ?");
+    EXPECT_EQ(d.messages.at(0).defaut, Bouton::Non);
     EXPECT_EQ(t.N(3), NoteExt{});
     EXPECT_EQ(t.b.NbNotes, 2);
     EXPECT_EQ(t.b.NbNotesReelles, 2);
     // Une note du milieu : le haut ne bouge pas.
     ChangerChamp(t.b, NotePerso(4), "@N1@", &d);
+    d.ReponseSuivante(Bouton::Oui);
     ChangerChamp(t.b, NotePerso(4), "", &d);
     EXPECT_EQ(t.b.NbNotes, 2);
     EXPECT_EQ(t.b.NbNotesReelles, 1);
@@ -125,8 +133,10 @@ TEST(NotesExternes, SuiteAuHasardGardeLesRetours) {
             c.source = tirer(0, 1) == 1;
             c.acte = c.famille ? tirer(1, 3) : tirer(c.source ? 1 : 0, 4);
             const int cible = tirer(0, 4);
-            const std::string lien = cible == 0 ? "" : cible == 4 ? "texte" : std::string("@") + GenreDuChamp(c) +
-                                                                                  std::to_string(cible) + "@";
+            const std::string lien = cible == 0 ? ""
+                                     : cible == 4
+                                         ? "texte"
+                                         : std::string("@") + GenreDuChamp(c) + std::to_string(cible) + "@";
             ChangerChamp(t.b, c, lien, tirer(0, 1) ? &d : nullptr);
         } else if (quoi < 9) {
             LierMedia(t.b, tirer(1, 12), tirer(0, 4), tirer(1, 2));
@@ -139,7 +149,8 @@ TEST(NotesExternes, SuiteAuHasardGardeLesRetours) {
             for (const auto& l : LignesDivers(t.b, options, p))
                 if (l.genre == 'M') medias.push_back(l);
             if (!medias.empty()) {
-                const LigneDivers& l = medias[static_cast<std::size_t>(tirer(0, static_cast<int>(medias.size()) - 1))];
+                const LigneDivers& l =
+                    medias[static_cast<std::size_t>(tirer(0, static_cast<int>(medias.size()) - 1))];
                 if (quoi == 10)
                     DeplacerLienMedia(t.b, p, l, tirer(0, kDestinationsMedia - 1), 0, d);
                 else
@@ -185,7 +196,9 @@ TEST(NotesExternes, NouvelleNoteAuDessusDuHautEtSelectionnee) {
 TEST(NotesExternes, NouvelleNoteAbandonneeSeulementVideEtSansLien) {
     PetiteBase t;
     ChangerChamp(t.b, NotePerso(1), "@N2@", nullptr);
-    t.b.Notes[3].Titre = "Gard\xE9" "e";
+    t.b.Notes[3].Titre =
+        "Gard\xE9"
+        "e";
     EXPECT_FALSE(AbandonnerNote(t.b, 'N', 2)) << "liée";
     EXPECT_FALSE(AbandonnerNote(t.b, 'N', 3)) << "titrée";
     const std::int32_t n = NouvelleNote(t.b, 'N');
@@ -264,7 +277,8 @@ TEST(NotesExternes, AllerRetourGedcomGardeNotesSourcesEtMedias) {
     ASSERT_EQ(premiere.N(1), "Titre=Registre; Texte=ligne un \\nligne deux; LiensPersos=1,2");
 
     OptionsGedcom cases;
-    const std::string ecrit = EcrireGedcomTexte(premiere.base, ContexteEcriture{cases, "0 HEAD\r\n", "05/04/2024"});
+    const std::string ecrit =
+        EcrireGedcomTexte(premiere.base, ContexteEcriture{cases, "0 HEAD\r\n", "05/04/2024"});
     essai::Lecture seconde;
     seconde.LireTout(ecrit);
     ToutSelectionner(seconde.base);

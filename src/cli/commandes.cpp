@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "gedcom/enregistrement.h"
+#include "gedcom/journal_lecture.h"
 #include "gedcom/lecteur.h"
 #include "lists/listes.h"
 #include "lists/selection.h"
@@ -67,10 +68,13 @@ bool LireCases(const Arguments& args, OptionsGedcom& cases, Arguments& fichiers,
     return true;
 }
 
+// En 1252, comme le journal qui la précède.
 std::string Resume(const Base& b) {
-    return "Lu : " + std::to_string(b.NbPersosReels) + " personnes, " + std::to_string(b.NbFamisReels) +
-           " familles, " + std::to_string(b.NbNotesReelles) + " notes, " + std::to_string(b.NbSourcesReelles) +
-           " sources, " + std::to_string(b.NbMediasReels) + " objets m\xC3\xA9" "dias.";
+    return "Lu : " + NombreFrancais(b.NbPersosReels) + " personnes, " + NombreFrancais(b.NbFamisReels) +
+           " familles, " + NombreFrancais(b.NbNotesReelles) + " notes, " +
+           NombreFrancais(b.NbSourcesReelles) + " sources, " + NombreFrancais(b.NbMediasReels) +
+           " objets m\xE9"
+           "dias.";
 }
 
 // Lit un fichier avec les cases données ; rend faux avec un message si le fichier ne se lit pas.
@@ -90,24 +94,31 @@ bool Charger(const std::string& fichier, OptionsGedcom cases, Base& base, Option
     return true;
 }
 
-// Le journal de lecture pour le terminal : UTF-8, fins de ligne LF.
+// Un texte 1252 pour le terminal : UTF-8, fins de ligne LF. D'une seule passe : le journal
+// d'un gros fichier compte des millions de lignes.
 std::string JournalUtf8(const std::string& journal) {
     std::string j = Cp1252VersUtf8(journal);
-    for (std::size_t p; (p = j.find('\r')) != std::string::npos;) j.erase(p, 1);
+    std::erase(j, '\r');
     return j;
 }
 
-// Sans fenêtre : chaque boîte est écrite sur la sortie d'erreurs et reçoit Oui ou Ok ;
-// une saisie ou un choix de fichier est annulé.
+// Sans fenêtre : chaque boîte est écrite sur la sortie d'erreurs et reçoit son bouton par
+// défaut (Non aux questions qui détruisent), sinon Oui ou Ok ; une saisie ou un choix de
+// fichier est annulé.
 class DialogueCli : public Dialogue {
 public:
     explicit DialogueCli(std::ostream& erreurs) : erreurs_(erreurs) {}
-    Bouton Message(std::string_view titre, std::string_view texte, Icone, Boutons boutons) override {
+    Bouton Message(std::string_view titre, std::string_view texte, Icone, Boutons boutons,
+                   std::optional<Bouton> defaut) override {
         erreurs_ << Cp1252VersUtf8(titre) << " : " << JournalUtf8(std::string(texte)) << "\n";
+        if (defaut) return *defaut;
         return boutons == Boutons::OuiNon || boutons == Boutons::OuiNonAnnuler ? Bouton::Oui : Bouton::Ok;
     }
-    std::optional<std::string> Saisie(std::string_view, std::string_view, std::string_view) override { return {}; }
-    std::optional<std::string> ChoisirFichierOuvrir(std::string_view, std::string_view, std::string_view) override {
+    std::optional<std::string> Saisie(std::string_view, std::string_view, std::string_view) override {
+        return {};
+    }
+    std::optional<std::string> ChoisirFichierOuvrir(std::string_view, std::string_view,
+                                                    std::string_view) override {
         return {};
     }
     std::optional<std::string> ChoisirFichierEnregistrer(std::string_view, std::string_view,
@@ -133,7 +144,7 @@ int CommandeLire(const Arguments& args, Sorties& s) {
     Options options;
     ResultatLecture resultat;
     if (!Charger(fichiers[0], cases, base, options, resultat, s)) return 2;
-    s.sortie << JournalUtf8(resultat.Journal) << Resume(base) << "\n";
+    s.sortie << JournalUtf8(JournalLisible(resultat.Journal, resultat.Reperes) + Resume(base)) << "\n";
     return 0;
 }
 
@@ -151,7 +162,7 @@ int CommandeEnregistrer(const Arguments& args, Sorties& s) {
     Options options;
     ResultatLecture resultat;
     if (!Charger(fichiers[0], cases, base, options, resultat, s)) return 2;
-    s.sortie << JournalUtf8(resultat.Journal);
+    s.sortie << JournalUtf8(JournalLisible(resultat.Journal, resultat.Reperes));
     ToutSelectionner(base);
     cases.Fichier = fichiers[1];
     DialogueCli dialogue(s.erreurs);
@@ -180,8 +191,11 @@ bool ListeFamisSansInvite(const Base& b, ContexteListe& c, ListePersonne& l) {
 }
 
 constexpr SorteListe kListes[] = {
-    {"personnes", ListePersosSansInvite}, {"familles", ListeFamisSansInvite}, {"notes", ListeNotes},
-    {"sources", ListeSources},            {"fichiers", ListeFichiers},
+    {"personnes", ListePersosSansInvite},
+    {"familles", ListeFamisSansInvite},
+    {"notes", ListeNotes},
+    {"sources", ListeSources},
+    {"fichiers", ListeFichiers},
 };
 
 int CommandeListe(const Arguments& args, Sorties& s) {
@@ -192,7 +206,8 @@ int CommandeListe(const Arguments& args, Sorties& s) {
     for (const auto& l : kListes)
         if (!reste.empty() && reste[0] == l.nom) sorte = &l;
     if (!sorte || reste.size() != 2) {
-        s.erreurs << "usage : arbolix-cli liste personnes|familles|notes|sources|fichiers [options] FICHIER.ged\n";
+        s.erreurs
+            << "usage : arbolix-cli liste personnes|familles|notes|sources|fichiers [options] FICHIER.ged\n";
         return 2;
     }
     Base base;
@@ -225,7 +240,8 @@ const std::vector<Commande>& Commandes() {
          "comme la fenêtre les montre",
          CommandeListe},
         {"enregistrer",
-         "enregistrer [options] ENTREE.ged SORTIE.ged : lit ENTREE et l'\xC3\xA9" "crit en GEDCOM 5.5 dans SORTIE",
+         "enregistrer [options] ENTREE.ged SORTIE.ged : lit ENTREE et l'\xC3\xA9"
+         "crit en GEDCOM 5.5 dans SORTIE",
          CommandeEnregistrer},
     };
     return commandes;
@@ -234,7 +250,8 @@ const std::vector<Commande>& Commandes() {
 void Aide(std::ostream& o) {
     o << "usage : arbolix-cli COMMANDE [options] FICHIER...\n\nCommandes :\n";
     for (const auto& c : Commandes()) o << "  " << c.aide << "\n";
-    o << "\nOptions de lecture et d'\xC3\xA9" "criture :";
+    o << "\nOptions de lecture et d'\xC3\xA9"
+         "criture :";
     for (const auto& c : kCases) o << " " << c.option;
     o << "\n";
 }

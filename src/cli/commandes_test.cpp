@@ -39,10 +39,17 @@ TEST(Cli, LireAfficheLeJournalEnUtf8PuisLesNombres) {
     const auto a = Lancer({"lire", f});
     EXPECT_EQ(a.code, 0);
     EXPECT_EQ(a.sortie,
-              "Alerte : fin de fichier atteinte sans terminateur Gedcom ! Le fichier pourrait \xC3\xAAtre tronqu\xC3\xA9 "
+              "En r\xC3\xA9sum\xC3\xA9 :\n"
+              "1 fichier tronqu\xC3\xA9 (sans ligne TRLR)\n"
+              "1 fiche vide r\xC3\xA9utilisable\n"
+              "\nEn d\xC3\xA9tail :\n"
+              "Alerte : fin de fichier atteinte sans terminateur Gedcom ! Le fichier pourrait \xC3\xAAtre "
+              "tronqu\xC3\xA9 "
               "et incomplet.\n"
-              "Info : la fiche 2 est vide et peut \xC3\xAAtre r\xC3\xA9utilis\xC3\xA9" "e.\n"
-              "Lu : 2 personnes, 0 familles, 0 notes, 0 sources, 0 objets m\xC3\xA9" "dias.\n");
+              "Info : la fiche 2 est vide et peut \xC3\xAAtre r\xC3\xA9utilis\xC3\xA9"
+              "e.\n"
+              "Lu : 2 personnes, 0 familles, 0 notes, 0 sources, 0 objets m\xC3\xA9"
+              "dias.\n");
     std::filesystem::remove(f);
 }
 
@@ -58,18 +65,54 @@ TEST(Cli, FichierAbsentOptionInconnueEtUsage) {
     EXPECT_EQ(Lancer({"voler"}).code, 2);
 }
 
+// Un fichier qui n'est pas du GEDCOM n'est pas une base vide : code 2 et la raison.
+TEST(Cli, CeQuiNEstPasDuGedcomEstRefuse) {
+    const std::string donnees = ARBOLIX_DONNEES;
+    for (const char* nom : {"vide.ged", "binaire.ged", "texte.ged"}) {
+        const std::string f = donnees + "/ouverture/" + nom;
+        const auto a = Lancer({"lire", f});
+        EXPECT_EQ(a.code, 2) << nom;
+        EXPECT_TRUE(a.sortie.empty()) << a.sortie;
+        EXPECT_TRUE(a.erreurs.starts_with("Le fichier " + f + " ")) << a.erreurs;
+        EXPECT_EQ(Lancer({"enregistrer", f, "/tmp/arbolix-jamais-ecrit.ged"}).code, 2);
+    }
+    EXPECT_FALSE(std::filesystem::exists("/tmp/arbolix-jamais-ecrit.ged"));
+    const auto a = Lancer({"lire", donnees + "/caracteres/utf16le.ged"});
+    EXPECT_EQ(a.code, 0) << a.erreurs;
+}
+
+TEST(Cli, EnregistrerSurUnFichierEnLectureSeuleLeLaisse) {
+    const auto entree =
+        FichierTemporaire("cli-entree3.ged", "0 HEAD\r\n0 @I1@ INDI\r\n1 NAME A /B/\r\n0 TRLR\r\n");
+    const auto sortie = FichierTemporaire("cli-protege.ged", "ancien");
+    std::filesystem::permissions(sortie,
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::group_read);
+    const auto a = Lancer({"enregistrer", entree, sortie});
+    EXPECT_EQ(a.code, 2);
+    EXPECT_EQ(a.erreurs,
+              "Le fichier " + sortie +
+                  " n'a pas pu \xC3\xAAtre enregistr\xC3\xA9 : le fichier est en lecture seule. L'ancien "
+                  "fichier est rest\xC3\xA9 intact.\n");
+    std::ifstream f(sortie, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>()), "ancien");
+    std::filesystem::remove(entree);
+    std::filesystem::remove(sortie);
+}
+
 TEST(Cli, RenumeroterPrendLeFichierNommeCommeFichierParDefaut) {
-    const auto f = FichierTemporaire("cli-renum.ged",
-                                     "0 HEAD\r\n0 @I7@ INDI\r\n1 NAME A /B/\r\n0 @I9@ INDI\r\n1 NAME C /D/\r\n0 TRLR\r\n");
+    const auto f = FichierTemporaire(
+        "cli-renum.ged",
+        "0 HEAD\r\n0 @I7@ INDI\r\n1 NAME A /B/\r\n0 @I9@ INDI\r\n1 NAME C /D/\r\n0 TRLR\r\n");
     EXPECT_NE(Lancer({"lire", f}).sortie.find("Info : la fiche 1 est vide"), std::string::npos);
     EXPECT_EQ(Lancer({"lire", "--renumeroter", f}).sortie,
-              "Lu : 2 personnes, 0 familles, 0 notes, 0 sources, 0 objets m\xC3\xA9" "dias.\n");
+              "Lu : 2 personnes, 0 familles, 0 notes, 0 sources, 0 objets m\xC3\xA9"
+              "dias.\n");
     std::filesystem::remove(f);
 }
 
 TEST(Cli, ListeMontreLesRangeesEnUtf8EtRefuseUneSorteInconnue) {
-    const auto f = FichierTemporaire("cli-liste.ged",
-                                     "0 HEAD\r\n0 @I1@ INDI\r\n1 NAME Ren\xE9 /L\xE9vy/\r\n0 TRLR\r\n");
+    const auto f =
+        FichierTemporaire("cli-liste.ged", "0 HEAD\r\n0 @I1@ INDI\r\n1 NAME Ren\xE9 /L\xE9vy/\r\n0 TRLR\r\n");
     const auto a = Lancer({"liste", "personnes", f});
     EXPECT_EQ(a.code, 0);
     EXPECT_EQ(a.sortie, " Ajouter... P000002\nL\xC3\xA9vy Ren\xC3\xA9 P000001\n");
@@ -86,8 +129,12 @@ TEST(Cli, EnregistrerLitPuisEcritToutAvecLesCases) {
     const auto sortie = (std::filesystem::temp_directory_path() / "cli-sortie.ged").string();
     auto a = Lancer({"enregistrer", "--sans-dates", entree, sortie});
     EXPECT_EQ(a.code, 0) << a.erreurs;
-    EXPECT_EQ(a.sortie, "Info : la fiche 2 est vide et peut \xC3\xAAtre r\xC3\xA9utilis\xC3\xA9" "e.\n"
-                        "Enregistr\xC3\xA9 : " + sortie + "\n");
+    EXPECT_EQ(a.sortie,
+              "En r\xC3\xA9sum\xC3\xA9 :\n1 fiche vide r\xC3\xA9utilisable\n\nEn d\xC3\xA9tail :\n"
+              "Info : la fiche 2 est vide et peut \xC3\xAAtre r\xC3\xA9utilis\xC3\xA9"
+              "e.\n"
+              "Enregistr\xC3\xA9 : " +
+                  sortie + "\n");
     std::ifstream f(sortie, std::ios::binary);
     const std::string ecrit{std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>()};
     // La case Dates décochée vaut aussi pour la ligne DATE de l'en-tête : l'année seule.
@@ -98,20 +145,23 @@ TEST(Cli, EnregistrerLitPuisEcritToutAvecLesCases) {
     const std::string ligne = ecrit.substr(date, ecrit.find('\r', date) - date);
     EXPECT_EQ(ligne.size(), 11u) << ligne;
     EXPECT_EQ(ligne.find_first_not_of("0123456789", 7), std::string::npos) << ligne;
-    EXPECT_EQ(ecrit.substr(personnes),
-              "\r\n0 @I1@ INDI\r\n1 NAME Jean /Dupont/\r\n1 SEX  \r\n0 @I3@ INDI\r\n1 NAME Ren\xE9 /L\xE9vy/\r\n"
-              "1 SEX  \r\n0 TRLR\r\n");
+    EXPECT_EQ(
+        ecrit.substr(personnes),
+        "\r\n0 @I1@ INDI\r\n1 NAME Jean /Dupont/\r\n1 SEX  \r\n0 @I3@ INDI\r\n1 NAME Ren\xE9 /L\xE9vy/\r\n"
+        "1 SEX  \r\n0 TRLR\r\n");
     std::filesystem::remove(entree);
     std::filesystem::remove(sortie);
 }
 
 TEST(Cli, EnregistrerEchoueSansToucherAuxFichiers) {
-    const auto entree = FichierTemporaire("cli-entree2.ged", "0 HEAD\r\n0 @I1@ INDI\r\n1 NAME A /B/\r\n0 TRLR\r\n");
+    const auto entree =
+        FichierTemporaire("cli-entree2.ged", "0 HEAD\r\n0 @I1@ INDI\r\n1 NAME A /B/\r\n0 TRLR\r\n");
     auto a = Lancer({"enregistrer", entree, "/nulle/part/sortie.ged"});
     EXPECT_EQ(a.code, 2);
-    EXPECT_EQ(a.erreurs,
-              "Le fichier /nulle/part/sortie.ged n'a pas pu \xC3\xAAtre enregistr\xC3\xA9 : le dossier /nulle/part "
-              "est introuvable.\n");
+    EXPECT_EQ(
+        a.erreurs,
+        "Le fichier /nulle/part/sortie.ged n'a pas pu \xC3\xAAtre enregistr\xC3\xA9 : le dossier /nulle/part "
+        "est introuvable.\n");
     a = Lancer({"enregistrer", "/nulle/part.ged", entree});
     EXPECT_EQ(a.code, 2);
     EXPECT_EQ(a.erreurs, "Le fichier /nulle/part.ged est introuvable.\n");

@@ -25,6 +25,8 @@ std::string CleDate(std::string_view s) {
     if (const auto d = LireDate(s))
         return Zeros(d->annee, 4) + "/" + Zeros(d->mois, 2) + "/" + Zeros(d->jour, 2);
     if (s.empty()) return "0000/00/00";
+    // Jour et mois sans année : l'année 0, le mois et le jour pour ranger ces dates entre elles.
+    if (const auto jm = LireJourEtMois(s)) return "0000/" + Zeros(jm->mois, 2) + "/" + Zeros(jm->jour, 2);
     const std::string annee = Zeros(ValeurNumerique(Droite(s, 4)), 4);
     for (const auto& m : kMarques)
         if (Gauche(s, 3) == m.debut) return annee + std::string(m.suite);

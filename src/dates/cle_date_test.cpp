@@ -29,6 +29,8 @@ TEST(CleDate, Formes) {
         {"Avant 1750", "1750/00/00"},
         {"vers 17", "0000/0./00"},
         {"mars 1750 ?", "0050/00/00"},  // "50 ?" : le blanc est sauté
+        {"11/08", "0000/08/11"},        // jour et mois sans année
+        {"31/02", "0001/00/00"},        // ce jour n'existe pas : les 4 derniers caractères
         {"abt", "0000/00/00"},
         {"", "0000/00/00"},
     };

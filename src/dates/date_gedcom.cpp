@@ -21,6 +21,15 @@ std::string_view MoisOuVide(std::int64_t i) {
 
 std::string Traduire(std::string_view d, int profondeur);
 
+// Les sept caractères d'un mois et d'une année ("03/1750"), ou un texte sans barre
+// ("vers 17", qui sort derrière un blanc). "1750/60" n'est ni l'un ni l'autre : la règle
+// n'en garderait que "60".
+bool FormeMoisAnnee(std::string_view s) {
+    if (s.find('/') == std::string_view::npos) return true;
+    const auto mois = ValeurNumerique(Gauche(s, 2));
+    return s[2] == '/' && mois >= 1 && mois <= 12;
+}
+
 std::string Intervalle(std::string_view s, int profondeur) {
     // " et" cherché à partir du 9e caractère ; sans lui le texte sort tel quel.
     const std::size_t p = s.size() > 8 ? s.find(" et", 8) : std::string_view::npos;
@@ -48,7 +57,11 @@ std::string Traduire(std::string_view d, int profondeur) {
             return Zeros(date->jour, 2) + " " + std::string(MoisGedcom[date->mois]) + " " +
                    std::to_string(date->annee);
     }
-    if (s.size() == 7) {
+    // Jour et mois sans année : "11 AUG" se relit "11/08" ; laissé "11/08", il se relirait
+    // comme une date républicaine.
+    if (const auto jm = LireJourEtMois(s))
+        return Zeros(jm->jour, 2) + " " + std::string(MoisGedcom[jm->mois]);
+    if (s.size() == 7 && FormeMoisAnnee(s)) {
         // "vers 17" n'a pas de barre : tout le texte suit le blanc.
         const std::size_t barre = s.find('/');
         return std::string(MoisOuVide(ValeurNumerique(Gauche(s, 2)))) + " " +

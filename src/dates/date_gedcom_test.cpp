@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "dates/parse_date.h"
+
 namespace arbolix {
 namespace {
 
@@ -16,7 +18,12 @@ TEST(DateGedcom, AvecDatesCompletes) {
         {"03/1750", "MAR 1750"},
         {"1750", "1750"},
         {"31/02/1750", "31/02/1750"},
-        {"13/1750", " 1750"},
+        {"13/1750", "13/1750"},  // pas un mois : sort tel quel plutôt que sans son mois
+        {"1750/60", "1750/60"},  // la forme mois et année n'en garderait que 60
+        {"11/08", "11 AUG"},     // jour et mois sans année
+        {"1/8", "01 AUG"},
+        {"vers 11/08", "ABT 11 AUG"},
+        {"31/02", "31/02"},  // ce jour n'existe pas : tel quel
         {"vers 17", " VERS 17"},
         {"vers 1750", "ABT 1750"},
         {"vers 03/1750", "ABT MAR 1750"},
@@ -30,6 +37,30 @@ TEST(DateGedcom, AvecDatesCompletes) {
         {"mars 1750 ?", "MARS 1750 ?"},
     };
     for (const auto& [texte, gedcom] : cas) EXPECT_EQ(DateGedcom(texte, true), gedcom) << texte;
+}
+
+// Ce que l'écriture donne se relit avec le même sens : même texte, même clé, même année,
+// et aucune date républicaine en note.
+TEST(DateGedcom, RelueCommeEcrite) {
+    ContexteDate fichier;
+    fichier.ConvCalRep = true;
+    fichier.GedcomVisible = true;
+    for (const char* ligne :
+         {"2 FEB 1716/17", "ABT 1750/51", "1733/34", "27 OCT 1699/00", "BET 5 APR 1712/13 AND 28 SEP 1714/15",
+          "11 AUG", "1 JAN", "29 FEB", "ABT 3 MAR", "12 MAR 1750", "BEF 1750", "BET 1750 AND 1760",
+          "22 SEP 1793", "13/1750"}) {
+        SCOPED_TRACE(ligne);
+        Acte lu;
+        ParseDate(ligne, lu, fichier);
+        const std::string ecrit = DateGedcom(lu.Date.vue(), true);
+        Acte relu;
+        ParseDate(ecrit, relu, fichier);
+        EXPECT_EQ(relu.Date, lu.Date) << ecrit;
+        EXPECT_EQ(relu.DateTri, lu.DateTri);
+        EXPECT_EQ(relu.Annee, lu.Annee);
+        EXPECT_EQ(relu.Notes, lu.Notes);
+        EXPECT_EQ(DateGedcom(relu.Date.vue(), true), ecrit);
+    }
 }
 
 TEST(DateGedcom, SansDatesIlNeResteQueLAnnee) {

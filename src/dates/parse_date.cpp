@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-
 #include <exception>
 #include <optional>
 
@@ -43,11 +42,15 @@ struct Lecture {
     std::string prefixe;
     std::string t;
     std::string notes;
+    bool doubleAnnee = false;  // une année "1716/17" a été lue en nouveau style
 };
 
+bool DateDeFamille(const ContexteDate& ctx) {
+    return ctx.Ligne1.find("MAR") != std::string_view::npos || ctx.Ligne1 == "DIV";
+}
+
 std::string QuiEst(const ContexteDate& ctx) {
-    if (ctx.Ligne1.find("MAR") != std::string_view::npos || ctx.Ligne1 == "DIV")
-        return "famille n\xB0" + std::to_string(ctx.NbFamis);
+    if (DateDeFamille(ctx)) return "famille n\xB0" + std::to_string(ctx.NbFamis);
     return " personne n\xB0" + std::to_string(ctx.NumCourant);
 }
 
@@ -59,6 +62,16 @@ std::string Rogner(std::string_view s) {
     const auto debut = s.find_first_not_of(' ');
     if (debut == std::string_view::npos) return {};
     return std::string(s.substr(debut, s.find_last_not_of(' ') - debut + 1));
+}
+
+void NoterDoubleAnnee(const ContexteDate& ctx, std::string_view texte, const std::string& date) {
+    const bool famille = DateDeFamille(ctx);
+    Noter(ctx, "Info ligne " + std::to_string(ctx.NumLigne) + (famille ? ", famille " : ", personne ") +
+                   std::to_string(famille ? ctx.NbFamis : ctx.NumCourant) + " : la date \xAB " +
+                   std::string(SansBlancs(texte)) +
+                   " \xBB porte une double ann\xE9"
+                   "e ; lue en nouveau style : " +
+                   date + ".");
 }
 
 void CouperTronquee(Lecture& l, const ContexteDate& ctx) {
@@ -81,6 +94,38 @@ bool RetirerEchappementFrancais(Lecture& l) {
     if (premier < 2) return false;  // "dfrench" plus tôt dans le texte : tranche négative
     l.t = l.t.substr(0, premier - 2) + l.t.substr(premier + 10 <= l.t.size() ? premier + 10 : l.t.size());
     return true;
+}
+
+// Double année de l'ancien style ("1716/17", "1699/00", "1733/4") : l'année commençait
+// le 25 mars, la seconde année est celle du nouveau style, qu'on garde. Sans cela, la
+// barre ferait lire "17" comme un mois.
+std::optional<std::int64_t> AnneeNouveauStyle(std::string_view mot) {
+    const auto barre = mot.find('/');
+    if (barre == std::string_view::npos || barre < 3 || barre > 4) return std::nullopt;
+    const std::string_view avant = mot.substr(0, barre), apres = mot.substr(barre + 1);
+    if (!EstNumerique(avant) || !EstNumerique(apres) || apres.size() > 2) return std::nullopt;
+    const std::int64_t suivante = ValeurNumerique(avant) + 1;
+    const std::int64_t modulo = apres.size() == 1 ? 10 : 100;
+    if (suivante % modulo != ValeurNumerique(apres)) return std::nullopt;
+    return suivante;
+}
+
+void LireDoublesAnnees(Lecture& l) {
+    if (l.t.find('/') == std::string::npos) return;
+    std::string r;
+    for (std::size_t debut = 0; debut <= l.t.size();) {
+        const std::size_t fin = std::min(l.t.find(' ', debut), l.t.size());
+        const std::string_view mot = std::string_view(l.t).substr(debut, fin - debut);
+        if (const auto annee = AnneeNouveauStyle(mot)) {
+            r += std::to_string(*annee);
+            l.doubleAnnee = true;
+        } else {
+            r += mot;
+        }
+        if (fin < l.t.size()) r += ' ';
+        debut = fin + 1;
+    }
+    l.t = std::move(r);
 }
 
 void LirePrefixe(Lecture& l) {
@@ -146,15 +191,16 @@ void RemplacerMois(Lecture& l) {
         return n;
     }();
     for (int i = 1; i <= 12; ++i)
-        RemplacerTout(l.t, MoisGedcom[static_cast<std::size_t>(i)], kNumeros[static_cast<std::size_t>(i)], debut);
+        RemplacerTout(l.t, MoisGedcom[static_cast<std::size_t>(i)], kNumeros[static_cast<std::size_t>(i)],
+                      debut);
     for (const auto& r : kIntervalles) RemplacerTout(l.t, r[0], r[1]);
 }
 
 // Formes reconnues du tableau des dates : jamais signalées.
 bool FormeConnue(const Lecture& l) {
     const std::size_t n = l.t.size();
-    return n == 3 || n == 4 || n == 9 || n == 10 || EstDate(l.t) || !l.prefixe.empty() ||
-           l.t.starts_with(kApres) || l.t.find(" et ") != std::string::npos ||
+    return n == 3 || n == 4 || n == 9 || n == 10 || EstDate(l.t) || LireJourEtMois(l.t) ||
+           !l.prefixe.empty() || l.t.starts_with(kApres) || l.t.find(" et ") != std::string::npos ||
            l.t.find(" \xE0 ") != std::string::npos;
 }
 
@@ -179,6 +225,7 @@ bool Lire(Lecture& l, const ContexteDate& ctx) {
     CouperTronquee(l, ctx);
     l.t = EnMinuscules(l.t);
     if (!RetirerEchappementFrancais(l)) return false;
+    LireDoublesAnnees(l);
     LirePrefixe(l);
     Separer(l);
     if (!l.t.empty()) DecouperSansSeparateur(l);
@@ -207,10 +254,14 @@ const Texte& ParseDate(std::string_view texte, Acte& a, const ContexteDate& ctx)
     } catch (const std::exception&) {
         return a.Date;
     }
-    a.Annee = static_cast<std::int16_t>(ValeurNumerique(Remplacer(Droite(l.t, 4), "/", "")));
+    // Un jour et un mois sans année n'en ont aucune ("11/08" ne dit pas l'an 108).
+    a.Annee = LireJourEtMois(l.t)
+                  ? 0
+                  : static_cast<std::int16_t>(ValeurNumerique(Remplacer(Droite(l.t, 4), "/", "")));
     a.Date = l.prefixe + l.t;
     a.DateTri = CleDate(a.Date.vue());
     a.Notes = l.notes;
+    if (l.doubleAnnee && ctx.GedcomVisible) NoterDoubleAnnee(ctx, texte, a.Date.str());
     return a.Date;
 }
 

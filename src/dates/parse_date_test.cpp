@@ -82,12 +82,48 @@ TEST(ParseDate, ChiffresEtSignes) {
         {"-1750", "avant 1750", "1750/-0/00", 1750},
         {"*1750", "vers 1750", "1750/0./00", 1750},
         {"03/50", "03/50", "0003/00/00", 350},
+        {"11 AUG", "11/08", "0000/08/11", 0},  // jour et mois sans année : pas d'an 108
+        {"29/02", "29/02", "0000/02/29", 0},
         {"31/02/1750", "31/02/1750", "1750/00/00", 1750},
         {"32/13/1750", "32/13/1750", "1750/00/00", 1750},
         {"abt", "abt", "0000/00/00", 0},
         {"", "", "0000/00/00", 0},
     };
     VerifierTable(std::begin(cas), std::end(cas), ContexteDate{});
+}
+
+// L'année de l'ancien style est lue en nouveau style ; la seconde année ne devient jamais un mois.
+TEST(ParseDate, DoubleAnneeLueEnNouveauStyle) {
+    const CasLecture cas[] = {
+        {"12 FEB 1716/17", "12/02/1717", "1717/02/12", 1717},
+        {"ABT 1750/51", "vers 1751", "1751/0./00", 1751},
+        {"       1733/34", "1734", "1734/00/00", 1734},
+        {"27 OCT 1699/00", "27/10/1700", "1700/10/27", 1700},
+        {"3 MAR 1733/4", "03/03/1734", "1734/03/03", 1734},
+        {"BET 5 APR 1712/13 AND 28 SEP 1714/15", "entre 05/04/1713 et 28/09/1715", "1715/00/00", 1715},
+        {"BEF 1699/00", "avant 1700", "1700/-0/00", 1700},
+        // pas une double année : la seconde ne suit pas la première
+        {"1750/60", "1750/60", "0000/00/00", 60},
+        {"12/03/1750", "12/03/1750", "1750/03/12", 1750},
+    };
+    VerifierTable(std::begin(cas), std::end(cas), ContexteDate{});
+
+    // Le fichier en garde une ligne au journal, l'éditeur non.
+    std::string journal;
+    auto ctx = Fichier(&journal);
+    Acte a;
+    ParseDate("12 FEB 1716/17", a, ctx);
+    ctx.Ligne1 = "1 MARR";
+    ParseDate("ABT 1750/51", a, ctx);
+    EXPECT_EQ(journal,
+              "Info ligne 12, personne 5 : la date \xAB 12 FEB 1716/17 \xBB porte une double ann\xE9"
+              "e ; lue en nouveau style : 12/02/1717.\r\n"
+              "Info ligne 12, famille 3 : la date \xAB ABT 1750/51 \xBB porte une double ann\xE9"
+              "e ; lue en nouveau style : vers 1751.\r\n");
+    journal.clear();
+    ctx.GedcomVisible = false;
+    ParseDate("1716/17", a, ctx);
+    EXPECT_EQ(journal, "");
 }
 
 TEST(ParseDate, DateTronqueeNoteeAuJournal) {
@@ -129,7 +165,8 @@ TEST(ParseDate, DateNonReconnueSeulementDuFichier) {
 
     // formes du tableau des dates : jamais signalées
     ctx.EvenementVisible = false;
-    for (const char* texte : {"03/1750", "1750-", "31/02/1750", "1750 \xE0 1760", "1750 and 1760", "950"}) {
+    for (const char* texte :
+         {"03/1750", "1750-", "31/02/1750", "1750 \xE0 1760", "1750 and 1760", "950", "11 AUG"}) {
         ctx.LigneCourante = texte;
         ParseDate(texte, a, ctx);
         EXPECT_EQ(journal, "") << texte;

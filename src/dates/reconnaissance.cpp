@@ -66,4 +66,17 @@ bool EstDateComplete(std::string_view s) {
     return b1 != std::string_view::npos && b2 != b1 && s.size() - b2 - 1 == 4 && LireDate(s).has_value();
 }
 
+std::optional<DateCalendrier> LireJourEtMois(std::string_view s) {
+    if (s.size() > 5) return std::nullopt;
+    std::array<std::string_view, 3> m;
+    int n = 0;
+    if (!Decouper(s, m, n) || n != 2 || m[0].empty() || m[1].empty() || m[0].size() > 2 || m[1].size() > 2)
+        return std::nullopt;
+    DateCalendrier d{Nombre(m[0]), Nombre(m[1]), 0};
+    constexpr int kBissextile = 2000;  // le 29 février existe tant que l'année n'est pas dite
+    if (d.mois < 1 || d.mois > 12 || d.jour < 1 || d.jour > JoursDuMois(d.mois, kBissextile))
+        return std::nullopt;
+    return d;
+}
+
 }  // namespace arbolix

@@ -25,4 +25,8 @@ inline bool EstDate(std::string_view s) {
 // Une date complète : jour, mois et année sur 4 chiffres ("12/03/1750"), qui existe.
 bool EstDateComplete(std::string_view s);
 
+// Un jour et un mois sans année ("11/08", lu d'un "11 AUG" de fichier) : jour et mois
+// sur 1 ou 2 chiffres, le jour existant dans ce mois d'une année bissextile.
+std::optional<DateCalendrier> LireJourEtMois(std::string_view s);
+
 }  // namespace arbolix

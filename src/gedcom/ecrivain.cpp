@@ -7,6 +7,7 @@
 
 #include "dates/calendrier_gregorien.h"
 #include "dates/date_gedcom.h"
+#include "gedcom/lecture_liens.h"
 #include "platform/cp1252.h"
 #include "platform/progression.h"
 #include "store/chaines.h"
@@ -19,8 +20,67 @@ constexpr std::size_t kBloc = 1 << 20;
 // Le formulaire est rafraîchi toutes les kPasProgression personnes.
 constexpr std::int32_t kPasProgression = 10000;
 
-bool ActeRempli(const Acte& a) {
-    return !a.Date.empty() || !a.Lieu.empty() || !a.Notes.empty() || !a.Source.empty();
+// Un évènement s'écrit quand il a une donnée, un témoin, ou qu'il est connu sans date.
+bool ActeAEcrire(const Acte& a) {
+    if (!a.Date.empty() || !a.Lieu.empty() || !a.Notes.empty() || !a.Source.empty() || a.Connu) return true;
+    for (const auto& [i, t] : a.Liens().Temoins)
+        if (i >= 1 && t > 0) return true;
+    return false;
+}
+
+// Deux textes de note l'un sous l'autre ; sans copie quand l'un est vide, le cas courant.
+// Il peut désigner l'un des deux : il ne doit pas leur survivre.
+class Joint {
+public:
+    Joint(std::string_view a, std::string_view b) {
+        if (a.empty() || b.empty()) {
+            vue_ = a.empty() ? b : a;
+        } else {
+            texte_.append(a).append("\r\n").append(b);
+            vue_ = texte_;
+        }
+    }
+    Joint(const Joint&) = delete;
+    std::string_view vue() const { return vue_; }
+    operator std::string_view() const { return vue_; }
+
+private:
+    std::string texte_;
+    std::string_view vue_;
+};
+
+Joint Joindre(std::string_view a, std::string_view b) {
+    return Joint(a, b);
+}
+
+bool Blanc(std::string_view t) {
+    return t.find_first_not_of(" \r\n") == std::string_view::npos;
+}
+
+// Le prochain lien "@S12@" à partir de depuis : sa position, sa fin et son numéro.
+struct LienTrouve {
+    std::size_t debut = std::string_view::npos, fin = 0;
+    std::int32_t numero = 0;
+};
+LienTrouve ProchainLien(std::string_view t, std::size_t depuis, char genre) {
+    const char ouverture[] = {'@', genre};
+    for (std::size_t p = t.find(std::string_view(ouverture, 2), depuis); p != std::string_view::npos;
+         p = t.find(std::string_view(ouverture, 2), p + 1)) {
+        const std::size_t fin = t.find('@', p + 2);
+        if (fin == std::string_view::npos) break;
+        const std::int32_t n = NumeroDuLien(t.substr(p, fin + 1 - p), genre);
+        if (n > 0) return {p, fin + 1, n};
+    }
+    return {};
+}
+
+bool NoteAUneLigne(std::string_view note, std::string_view ligne) {
+    for (std::size_t debut = 0; debut <= note.size();) {
+        const std::size_t fin = std::min(note.find("\r\n", debut), note.size());
+        if (SansBlancs(note.substr(debut, fin - debut)) == ligne) return true;
+        debut = fin + 2;
+    }
+    return false;
 }
 
 std::size_t FinDuDossier(std::string_view chemin) {
@@ -44,6 +104,12 @@ constexpr ChampAdresse kAdresse[] = {
     {"3 ADR1 ", &PersoSuite::Adresse1},  {"3 ADR2 ", &PersoSuite::Adresse2}, {"3 CITY ", &PersoSuite::Ville},
     {"3 STAE ", &PersoSuite::Etat},      {"3 POST ", &PersoSuite::CP},       {"3 CTRY ", &PersoSuite::Pays},
     {"2 PHON ", &PersoSuite::Telephone},
+};
+constexpr ChampAdresse kAdresseGenealogiste[] = {
+    {"2 CITY ", &PersoSuite::Ville},
+    {"2 STAE ", &PersoSuite::Etat},
+    {"2 POST ", &PersoSuite::CP},
+    {"2 CTRY ", &PersoSuite::Pays},
 };
 
 template <typename T>
@@ -157,12 +223,9 @@ bool EcrivainGedcom::EcrireGedcom() {
             ctx_.progression->LaisserPasser();
         }
         if (base_.Persos[n].Sel == 0) continue;
-        courant_ = n;
         EcrirePersonne(n);
         Vider(false);
     }
-    // Les évènements de famille viennent après la boucle : plus de personne en cours.
-    courant_ = base_.NbPersos + 1;
 
     const std::int32_t nbFamis = std::min(base_.NbFamis, base_.Familles.Haut());
     for (std::int32_t f = 1; f <= nbFamis; ++f) {
@@ -174,8 +237,8 @@ bool EcrivainGedcom::EcrireGedcom() {
         EcrireFamille(f);
         Vider(false);
     }
-    if (cases_.Notes) EcrireNotes(base_.Notes, base_.NbNotes, 'N', "NOTE");
-    if (cases_.Sources) EcrireNotes(base_.Sources, base_.NbSources, 'S', "SOUR");
+    if (cases_.Notes) EcrireNotesExternes(base_.Notes, base_.NbNotes, 'N', "NOTE");
+    if (cases_.Sources) EcrireNotesExternes(base_.Sources, base_.NbSources, 'S', "SOUR");
     if (cases_.Fichiers) {
         const std::int32_t nbMedias = std::min(base_.NbMedias, base_.Medias.Haut());
         // Seules les pages écrites : un numéro isolé très haut ne fait pas parcourir des millions de fiches.
@@ -187,19 +250,43 @@ bool EcrivainGedcom::EcrireGedcom() {
     return !flux_ || flux_->good();
 }
 
+bool EcrivainGedcom::InteretEcrit() const {
+    const std::int32_t fin = std::min(base_.NbPersos, base_.Persos.Haut());
+    for (std::int32_t n = 1; n <= fin; ++n) {
+        if (base_.Persos.PageVierge(n)) {
+            n = base_.Persos.FinDePage(n);
+            continue;
+        }
+        const Perso& p = base_.Persos[n];
+        if (p.Sel != 0 && (p.Interet & 3) != 0) return true;
+    }
+    return false;
+}
+
 void EcrivainGedcom::EcrireGenealogiste() {
     const Perso& g = P(-1);
-    if (g.Nom.empty()) return;
-    const PersoSuite& s = g.Suite();
+    const bool nomme = !g.Nom.empty() || !g.Prenoms.empty();
+    // ANCI et DESI pointent @SUB1@ : la fiche est écrite pour eux même sans généalogiste nommé.
+    genealogiste_ = nomme || InteretEcrit();
+    if (!genealogiste_) return;
     Ligne("1 SUBM @SUB1@");
     Ligne("0 @SUB1@ SUBM");
-    Ligne("1 NAME ", g.Prenoms, g.Prenoms.empty() ? "" : " ", "/", g.Nom, "/");
-    Ligne("1 ADDR ", s.Adresse1);
-    Ligne("2 CONT ", s.Adresse2);
-    if (!s.Ville.empty()) Ligne("2 CONT ", s.Etat, " ", s.CP, " ", s.Ville);
-    if (!s.Pays.empty()) Ligne("2 CTRY ", s.Pays);
+    if (nomme)
+        Ligne("1 NAME ", SansBarre{g.Prenoms}, g.Prenoms.empty() ? "" : " ", "/", SansBarre{g.Nom}, "/");
+    const PersoSuite& s = g.Suite();
+    const bool adresse = !s.Adresse1.empty() || !s.Adresse2.empty() || !s.Ville.empty() || !s.Etat.empty() ||
+                         !s.CP.empty() || !s.Pays.empty();
+    if (adresse) {
+        // Ville, département et code postal en champs, non en ligne de suite : relue,
+        // chaque suite de ADDR devient la seconde ligne d'adresse et l'écraserait.
+        Ligne("1 ADDR", s.Adresse1.empty() ? "" : " ", s.Adresse1);
+        if (!s.Adresse2.empty()) Ligne("2 CONT ", s.Adresse2);
+        for (const auto& c : kAdresseGenealogiste)
+            if (!(s.*c.champ).empty()) Ligne(c.ligne, s.*c.champ);
+    }
     if (!s.Telephone.empty()) Ligne("1 PHON ", s.Telephone);
     if (!s.EMail.empty()) Ligne("1 EMAIL ", s.EMail);
+    if (!s.URL.empty()) Ligne("1 WWW ", s.URL);
 }
 
 void EcrivainGedcom::EcrirePersonne(std::int32_t n) {
@@ -207,25 +294,21 @@ void EcrivainGedcom::EcrirePersonne(std::int32_t n) {
     Ligne("0 @I", n, "@ INDI");
     Ligne("1 NAME ", SansBarre{p.Prenoms}, " /", SansBarre{p.Nom}, "/");
     Ligne("1 SEX ", p.Sexe);
-    if (ActeRempli(p.Naissance)) EcrireActe(p.Naissance, "BIRT", 0);
-    if (ActeRempli(p.Bapteme)) EcrireActe(p.Bapteme, "CHR", n);
-    if (ActeRempli(p.Deces)) EcrireActe(p.Deces, "DEAT", n);
-    if (ActeRempli(p.Sepulture)) EcrireActe(p.Sepulture, "BURI", n);
+    if (ActeAEcrire(p.Naissance)) EcrireActe(p.Naissance, "BIRT", 0);
+    if (ActeAEcrire(p.Bapteme)) EcrireActe(p.Bapteme, "CHR", n);
+    if (ActeAEcrire(p.Deces)) EcrireActe(p.Deces, "DEAT", n);
+    if (ActeAEcrire(p.Sepulture)) EcrireActe(p.Sepulture, "BURI", n);
     const PersoSuite& s = p.Suite();
     if (cases_.Adresses) EcrireAdresse(s);
     if (!s.Ref.empty()) Ligne("1 REFN ", s.Ref);
-    if (p.Interet & 1) Ligne("1 ANCI @SUB1@");
-    if (p.Interet & 2) Ligne("1 DESI @SUB1@");
+    if (genealogiste_ && (p.Interet & 1)) Ligne("1 ANCI @SUB1@");
+    if (genealogiste_ && (p.Interet & 2)) Ligne("1 DESI @SUB1@");
     for (int i = 1; i <= kMaxUnions; ++i) {
         const std::int32_t u = p.Unions[i];
         if (u > 0 && FamilleEcrite(u)) Ligne("1 FAMS @F", u, "@");
     }
-    EcrireParents(p);
-    if (cases_.Notes && !p.Notes.empty()) {
-        Ajouter("1 NOTE ");
-        AjouterLignes(p.Notes, "\r\n2 CONT ");
-        Ligne();
-    }
+    const std::string parents = EcrireParents(p);
+    if (cases_.Notes) EcrireNote(Joindre(parents, p.Notes), '1');
     // La case Professions n'agit qu'à la lecture.
     if (!p.Metier.empty()) Ligne("1 OCCU ", p.Metier);
     if (cases_.Fichiers) EcrireFichiersPersonne(p);
@@ -245,24 +328,24 @@ void EcrivainGedcom::EcrireAdresse(const PersoSuite& s) {
     if (!s.URL.empty()) Ligne("1 WWW ", s.URL);
 }
 
-void EcrivainGedcom::EcrireParents(const Perso& p) {
-    if (p.NumParents <= 0) return;
-    const Fami& f = F(p.NumParents);
-    if (f.Sel != 0) {
-        // Jamais de pointeur vers une famille absente du fichier : il serait refusé à la relecture.
-        if (FamilleEcrite(p.NumParents)) Ligne("1 FAMC @F", p.NumParents, "@");
-        return;
+std::string EcrivainGedcom::EcrireParents(const Perso& p) {
+    if (p.NumParents <= 0) return {};
+    if (FamilleEcrite(p.NumParents)) {
+        Ligne("1 FAMC @F", p.NumParents, "@");
+        return {};
     }
-    // Des parents hors de la sélection restent nommés en toutes lettres. Sans blanc final,
+    // Des parents absents du fichier restent nommés en toutes lettres. Sans blanc final,
     // que la relecture retirerait : la ligne se relit et se réécrit à l'identique.
-    if (!cases_.Notes) return;
+    if (!cases_.Notes) return {};
+    const Fami& f = F(p.NumParents);
     const bool pere = f.Mari > 0, mere = f.Femme > 0;
     const Perso& m = P(f.Mari);
     const Perso& fe = P(f.Femme);
-    std::string note = "enfant de " + m.Nom + (pere ? " " : "") + m.Prenoms + " " + (pere && mere ? "et " : "") +
-                       fe.Nom + (mere ? " " : "") + fe.Prenoms;
+    std::string note = "enfant de " + m.Nom + (pere ? " " : "") + m.Prenoms + " " +
+                       (pere && mere ? "et " : "") + fe.Nom + (mere ? " " : "") + fe.Prenoms;
     note.resize(SansBlancsDroite(note).size());
-    if (note != "enfant de") Ligne("1 NOTE ", note);
+    if (note == "enfant de") note.clear();
+    return note;
 }
 
 void EcrivainGedcom::EcrireFichiersPersonne(const Perso& p) {
@@ -271,14 +354,20 @@ void EcrivainGedcom::EcrireFichiersPersonne(const Perso& p) {
         Ligne("1 OBJE");
         EcrireFichierEtForme('2', s.Fichiers(i), true);
     }
-    for (const auto& [i, m] : s.ObjetsMedia) {
+    EcrireObjets(s.ObjetsMedia, '1');
+}
+
+void EcrivainGedcom::EcrireObjets(const Emplacements<std::int32_t, 1, kMaxLiens>& objets, char niveau) {
+    for (const auto& [i, m] : objets) {
         if (m <= 0) continue;
         const ObjetMedia& o = Fiche(base_.Medias, m);
         if (o.Local != 0) {
-            Ligne("1 OBJE");
-            EcrireFichierEtForme('2', o.Fichiers(1), false);
-        } else {
-            Ligne("1 OBJE @M", m, "@");
+            if (o.Fichiers(1).empty()) continue;  // objet vidé : plus rien à lier
+            Ligne(niveau, " OBJE");
+            EcrireFichierEtForme(static_cast<char>(niveau + 1), o.Fichiers(1), false);
+            if (!o.Titres(1).empty()) Ligne(static_cast<char>(niveau + 1), " TITL ", o.Titres(1));
+        } else if (MediaEcrit(m)) {
+            Ligne(niveau, " OBJE @M", m, "@");
         }
     }
 }
@@ -292,99 +381,223 @@ void EcrivainGedcom::EcrireFichierEtForme(char niveau, std::string_view chemin, 
 }
 
 void EcrivainGedcom::EcrireActe(const Acte& a, std::string_view balise, std::int32_t n) {
-    Ligne("1 ", balise);
+    const bool lieu = !a.Lieu.empty() && cases_.Lieux;
+    const std::string absents = TemoinsAbsents(a.Liens());
+    const Joint notes = Joindre(a.Notes, absents);
+    const bool source = !a.Source.empty() && cases_.Sources;
+    // Connu sans rien d'autre : "1 DEAT Y", que la relecture rend connu.
+    Ligne(
+        "1 ", balise,
+        a.Connu && a.Date.empty() && !lieu && (notes.vue().empty() || !cases_.Notes) && !source ? " Y" : "");
     if (!a.Date.empty()) Ligne("2 DATE ", DateGedcom(a.Date, cases_.Dates));
-    if (!a.Lieu.empty() && cases_.Lieux) Ligne("2 PLAC ", a.Lieu);
-    if (!a.Notes.empty() && cases_.Notes) {
-        Ajouter("2 NOTE ");
-        AjouterLignes(a.Notes, "\r\n3 CONT ");
-        Ligne();
-    }
-    if (!a.Source.empty() && cases_.Sources) Ligne("2 SOUR ", a.Source);
+    if (lieu) Ligne("2 PLAC ", a.Lieu);
+    if (cases_.Notes) EcrireNote(notes, '2');
+    if (source) EcrireSources(a.Source);
     if (n > 0 && cases_.Ages) {
         const std::int32_t naissance = P(n).Naissance.Annee;
         const std::int32_t age = a.Annee - naissance;
-        if (naissance > 0 && age >= 0 && age < 200) Ligne("2 AGE ", age);
+        // Relu avec la case Âges, l'âge devient une ligne de la note : déjà là, il ne s'écrit
+        // plus, sans quoi chaque enregistrement l'ajouterait une fois de plus.
+        if (naissance > 0 && age >= 0 && age < 200 &&
+            !(cases_.Notes && NoteAUneLigne(a.Notes, std::to_string(age))))
+            Ligne("2 AGE ", age);
     }
-    // La case Témoins n'agit qu'à la lecture ; un témoin hors sélection est tu.
+    // La case Témoins n'agit qu'à la lecture ; les absents sont dans la note.
     const LiensActe& l = a.Liens();
     for (const auto& [i, t] : l.Temoins) {
-        if (i < 1 || t <= 0 || P(t).Sel == 0) continue;
+        if (i < 1 || !PersonneEcrite(t)) continue;
         Ligne("2 ASSO @I", t, "@");
         Ligne("3 TYPE INDI");
         Ligne("3 RELA ", l.RolesTemoins(i));
     }
-    // Les objets de la personne en cours suivent chacun de ses évènements, sauf pour
-    // la dernière personne et les familles : la règle est gardée telle quelle.
-    if (!cases_.Fichiers || courant_ >= base_.NbPersos) return;
-    const PersoSuite& s = P(courant_).Suite();
-    for (int i = 1; i <= kMaxLiens && s.ObjetsMedia(i) != 0; ++i) {
-        Ligne("1 OBJE");
-        EcrireFichierEtForme('2', Fiche(base_.Medias, s.ObjetsMedia(i)).Fichiers(1), true);
+}
+
+std::string EcrivainGedcom::TemoinsAbsents(const LiensActe& l) const {
+    std::string r;
+    if (!cases_.Notes) return r;
+    for (const auto& [i, t] : l.Temoins) {
+        if (i < 1 || t <= 0 || PersonneEcrite(t)) continue;
+        const Texte& role = l.RolesTemoins(i);
+        const std::string ligne = Absent(role.empty() ? std::string_view("t\xE9moin") : role.vue(), t);
+        if (!ligne.empty()) r.append(r.empty() ? "" : "\r\n").append(ligne);
     }
+    return r;
+}
+
+std::string EcrivainGedcom::Absent(std::string_view qui, std::int32_t p) const {
+    const Perso& absent = P(p);
+    std::string nom(absent.Nom.vue());
+    if (!nom.empty() && !absent.Prenoms.empty()) nom += ' ';
+    nom += absent.Prenoms.vue();
+    const std::string_view ecrit = SansBlancs(nom);
+    return ecrit.empty() ? std::string() : std::string(qui) + " : " + std::string(ecrit);
+}
+
+void EcrivainGedcom::EcrireNote(std::string_view texte, char niveau) {
+    const char suite[] = {'\r', '\n', static_cast<char>(niveau + 1), ' ', 'C', 'O', 'N', 'T', ' '};
+    std::size_t debut = 0;  // début des lignes de texte pas encore écrites
+    const auto ecrireTexte = [&](std::size_t fin) {
+        if (debut >= fin) return;
+        const std::string_view t = texte.substr(debut, fin - debut);
+        if (Blanc(t)) return;
+        Ajouter(niveau);
+        Ajouter(" NOTE ");
+        AjouterLignes(t, std::string_view(suite, sizeof suite));
+        Ligne();
+    };
+    for (std::size_t p = 0;;) {
+        const std::size_t fin = std::min(texte.find("\r\n", p), texte.size());
+        const std::string_view ligne = texte.substr(p, fin - p);
+        const std::int32_t note = NumeroDuLien(ligne, 'N'), source = NumeroDuLien(ligne, 'S');
+        if (note > 0 || source > 0) {
+            ecrireTexte(p >= 2 ? p - 2 : 0);
+            if (note > 0 && NoteEcrite('N', note)) Ligne(niveau, " NOTE @N", note, "@");
+            if (source > 0 && NoteEcrite('S', source)) Ligne(niveau, " SOUR @S", source, "@");
+            debut = fin + 2;
+        }
+        if (fin == texte.size()) break;
+        p = fin + 2;
+    }
+    ecrireTexte(texte.size());
+}
+
+void EcrivainGedcom::EcrireSources(std::string_view source) {
+    // Un lien vers une source non écrite est ôté ; son texte reste à la citation d'avant.
+    bool citation = false;  // un "2 SOUR @Sn@" attend le texte qui le suit
+    std::string texte;
+    const auto ecrireTexte = [&] {
+        const std::string_view t = SansBlancsGauche(texte);
+        if (!Blanc(t)) {
+            Ajouter(citation ? "3 TEXT " : "2 SOUR ");
+            AjouterLignes(t, citation ? "\r\n4 CONT " : "\r\n3 CONT ");
+            Ligne();
+        }
+        texte.clear();
+    };
+    for (std::size_t p = 0;;) {
+        const LienTrouve l = ProchainLien(source, p, 'S');
+        texte.append(
+            source.substr(p, l.debut == std::string_view::npos ? std::string_view::npos : l.debut - p));
+        if (l.debut == std::string_view::npos) break;
+        p = l.fin;
+        if (!NoteEcrite('S', l.numero)) continue;
+        ecrireTexte();
+        Ligne("2 SOUR @S", l.numero, "@");
+        citation = true;
+    }
+    ecrireTexte();
+}
+
+bool EcrivainGedcom::PersonneEcrite(std::int32_t n) const {
+    return n >= 1 && n <= std::min(base_.NbPersos, base_.Persos.Haut()) && P(n).Sel != 0;
 }
 
 bool EcrivainGedcom::FamilleEcrite(std::int32_t n) const {
+    if (n < 1 || n > std::min(base_.NbFamis, base_.Familles.Haut())) return false;
     const Fami& f = F(n);
     if (f.Sel == 0) return false;
     // Conjoints et enfants comptés tels que le fichier les portera : une famille écrite
     // se relit écrite, et les numéros des suivantes ne bougent plus d'une relecture à l'autre.
-    const auto ecrit = [this](std::int32_t p) { return p > 0 && P(p).Sel != 0; };
+    if (PersonneEcrite(f.Mari) || PersonneEcrite(f.Femme)) return true;
     int enfants = 0;
-    for (const auto& [i, c] : f.Enfants) enfants += i >= 1 && ecrit(c);
-    const auto nomme = [&](std::int32_t p) { return ecrit(p) && !P(p).Nom.empty(); };
-    // Une famille sans conjoint nommé n'a de sens que par une fratrie.
-    return nomme(f.Mari) || nomme(f.Femme) || enfants >= 2;
+    for (const auto& [i, c] : f.Enfants) enfants += i >= 1 && PersonneEcrite(c);
+    return enfants >= 2;
+}
+
+bool EcrivainGedcom::NoteEcrite(char genre, std::int32_t n) const {
+    const bool note = genre == 'N';
+    if (!(note ? cases_.Notes : cases_.Sources)) return false;
+    const Tableau<NoteExt>& t = note ? base_.Notes : base_.Sources;
+    if (n < 1 || n > std::min(note ? base_.NbNotes : base_.NbSources, t.Haut())) return false;
+    const NoteExt& e = t[n];
+    return e.Sel != 0 && (!e.Titre.empty() || !e.Texte.empty());
+}
+
+bool EcrivainGedcom::MediaEcrit(std::int32_t m) const {
+    if (!cases_.Fichiers || m < 1 || m > std::min(base_.NbMedias, base_.Medias.Haut())) return false;
+    const ObjetMedia& o = base_.Medias[m];
+    return o.Actif != 0 && o.Local == 0;
 }
 
 void EcrivainGedcom::EcrireFamille(std::int32_t n) {
     const Fami& f = F(n);
     if (!FamilleEcrite(n)) return;
     Ligne("0 @F", n, "@ FAM");
-    // Un conjoint hors du fichier écrit n'est pas nommé : pas de pointeur dans le vide.
-    if (f.Mari > 0 && P(f.Mari).Sel != 0) Ligne("1 HUSB @I", f.Mari, "@");
-    if (f.Femme > 0 && P(f.Femme).Sel != 0) Ligne("1 WIFE @I", f.Femme, "@");
-    if (ActeRempli(f.Mariage)) EcrireActe(f.Mariage, "MARR", 0);
-    if (ActeRempli(f.Contrat)) EcrireActe(f.Contrat, "MARC", 0);
-    if (ActeRempli(f.Divorce)) EcrireActe(f.Divorce, "DIV", 0);
+    // Pas de pointeur dans le vide : un conjoint absent du fichier est nommé en note.
+    if (PersonneEcrite(f.Mari)) Ligne("1 HUSB @I", f.Mari, "@");
+    if (PersonneEcrite(f.Femme)) Ligne("1 WIFE @I", f.Femme, "@");
+    if (cases_.Notes) {
+        const std::string mari = PersonneEcrite(f.Mari) ? "" : Absent("mari", f.Mari);
+        const std::string femme = PersonneEcrite(f.Femme) ? "" : Absent("femme", f.Femme);
+        EcrireNote(Joindre(mari, femme), '1');
+    }
+    // Les objets d'un évènement vont sous lui ; ceux d'un évènement qui ne s'écrit pas vont
+    // à la famille, que la relecture rend au mariage, plutôt que d'inventer l'évènement.
+    const Acte* sansEvenement[3] = {};
+    int nbSans = 0;
+    for (const auto& [acte, balise] :
+         {std::pair{&Fami::Mariage, "MARR"}, {&Fami::Contrat, "MARC"}, {&Fami::Divorce, "DIV"}}) {
+        const Acte& a = f.*acte;
+        if (!ActeAEcrire(a)) {
+            sansEvenement[nbSans++] = &a;
+            continue;
+        }
+        EcrireActe(a, balise, 0);
+        if (cases_.Fichiers) EcrireObjets(a.Liens().Medias, '2');
+    }
     for (const auto& [i, c] : f.Enfants)
-        if (i >= 1 && c > 0 && P(c).Sel != 0) Ligne("1 CHIL @I", c, "@");
+        if (i >= 1 && PersonneEcrite(c)) Ligne("1 CHIL @I", c, "@");
+    for (int i = 0; i < nbSans && cases_.Fichiers; ++i) EcrireObjets(sansEvenement[i]->Liens().Medias, '1');
     EcrireChangement(f.DateModif);
 }
 
-void EcrivainGedcom::EcrireNotes(const Tableau<NoteExt>& notes, std::int32_t nombre, char lettre,
-                                 std::string_view balise) {
+void EcrivainGedcom::EcrireNotesExternes(const Tableau<NoteExt>& notes, std::int32_t nombre, char lettre,
+                                         std::string_view balise) {
     const std::int32_t fin = std::min(nombre, notes.Haut());
     for (std::int32_t n = 1; n <= fin; ++n) {
         if (notes.PageVierge(n)) {
             n = notes.FinDePage(n);
             continue;
         }
+        if (!NoteEcrite(lettre, n)) continue;
         const NoteExt& e = notes[n];
-        if (e.Sel == 0) continue;
-        Ligne("0 @", lettre, n, "@ ", balise);
-        Ligne("1 TITL ", e.Titre);
-        Ajouter("1 TEXT ");
-        AjouterLignes(e.Texte, "\r\n2 CONT ");
-        Ligne();
+        if (lettre == 'N') {
+            // Le texte d'une note va sur sa ligne 0, comme le veut la norme : les autres
+            // logiciels ignorent un TEXT sous NOTE et perdraient la note.
+            Ajouter("0 @N");
+            Ajouter(n);
+            Ajouter("@ NOTE");
+            if (!e.Texte.empty()) Ajouter(' ');
+            AjouterLignes(e.Texte, "\r\n1 CONT ");
+            Ligne();
+            if (!e.Titre.empty()) Ligne("1 TITL ", e.Titre);
+        } else {
+            Ligne("0 @", lettre, n, "@ ", balise);
+            if (!e.Titre.empty()) Ligne("1 TITL ", e.Titre);
+            if (!e.Texte.empty()) {
+                Ajouter("1 TEXT ");
+                AjouterLignes(e.Texte, "\r\n2 CONT ");
+                Ligne();
+            }
+        }
         Vider(false);
     }
 }
 
 void EcrivainGedcom::EcrireMedia(std::int32_t m) {
+    if (!MediaEcrit(m)) return;
     const ObjetMedia& o = base_.Medias[m];
-    if (o.Actif == 0 || o.Local != 0) return;
     Ligne("0 @M", m, "@ OBJE");
     for (int i = 1; i <= kMaxLiens && !o.Fichiers(i).empty(); ++i) {
         EcrireFichierEtForme('1', o.Fichiers(i), false);
         if (!o.Titres(i).empty()) Ligne("2 TITL ", o.Titres(i));
     }
     for (const auto& [i, p] : o.LiensPersos)
-        if (p > 0) Ligne("1 INDI @I", p, "@");
+        if (PersonneEcrite(p)) Ligne("1 INDI @I", p, "@");
     for (const auto& [i, f] : o.LiensFamis)
-        if (f > 0) Ligne("1 FAM @F", f, "@");
-    if (o.NumNote > 0) Ligne("1 NOTE @N", o.NumNote, "@");
-    if (o.NumSource > 0) Ligne("1 SOUR @S", o.NumSource, "@");
+        if (FamilleEcrite(f)) Ligne("1 FAM @F", f, "@");
+    if (NoteEcrite('N', o.NumNote)) Ligne("1 NOTE @N", o.NumNote, "@");
+    if (NoteEcrite('S', o.NumSource)) Ligne("1 SOUR @S", o.NumSource, "@");
     Vider(false);
 }
 

@@ -47,25 +47,45 @@ public:
     bool EcrireGedcom();
 
     // Un évènement. n : la personne dont on écrit l'âge (0 pour la naissance et les
-    // évènements de famille). Les OBJE de la personne en cours suivent chaque évènement.
+    // évènements de famille). Connu sans rien d'autre à écrire, il s'écrit "1 DEAT Y".
     void EcrireActe(const Acte& a, std::string_view balise, std::int32_t n);
 
-    // La personne en cours d'écriture : EcrireGedcom la tient, un test peut la fixer.
-    void FixerCourant(std::int32_t n) { courant_ = n; }
+    // Ce que le fichier portera : une fiche n'est pointée que si elle y est écrite.
+    bool PersonneEcrite(std::int32_t n) const;
+    // Sélectionnée, avec un conjoint écrit ou deux enfants écrits : relue, elle l'est encore.
+    bool FamilleEcrite(std::int32_t f) const;
+    // genre 'N' ou 'S' : sélectionnée, case cochée, avec un titre ou un texte.
+    bool NoteEcrite(char genre, std::int32_t n) const;
+    // Un objet en fiche à part (0 @M..@ OBJE) : actif, non local, case Fichiers cochée.
+    bool MediaEcrit(std::int32_t m) const;
 
     const std::string& Tampon() const { return tampon_; }
 
 private:
     void EcrireGenealogiste();
+    // Une personne écrite porte ANCI ou DESI.
+    bool InteretEcrit() const;
     void EcrirePersonne(std::int32_t n);
     void EcrireAdresse(const PersoSuite& s);
-    void EcrireParents(const Perso& p);
+    // FAMC ; sinon les parents absents du fichier en toutes lettres, pour la note.
+    std::string EcrireParents(const Perso& p);
     void EcrireFichiersPersonne(const Perso& p);
+    // Liens vers des objets médias : un objet local en OBJE/FILE, un objet écrit en OBJE @M..@.
+    // Ceux des évènements d'une personne ne s'écrivent pas : la fiche de l'objet les pointe
+    // (INDI), et la relecture les rend à la personne.
+    void EcrireObjets(const Emplacements<std::int32_t, 1, kMaxLiens>& objets, char niveau);
     void EcrireFamille(std::int32_t f);
-    // Une famille est écrite quand elle est sélectionnée et a un conjoint nommé ou une fratrie.
-    bool FamilleEcrite(std::int32_t f) const;
-    void EcrireNotes(const Tableau<NoteExt>& notes, std::int32_t nombre, char lettre,
-                     std::string_view balise);
+    // Les lignes d'une note au niveau donné : une ligne faite d'un seul lien "@N7@" ou
+    // "@S2@" s'écrit en lien (NOTE ou SOUR), les autres en NOTE suivie de CONT.
+    void EcrireNote(std::string_view texte, char niveau);
+    // Les citations d'un évènement ("@S2@ page 4@S3@") : une ligne SOUR par lien, son texte en TEXT.
+    void EcrireSources(std::string_view source);
+    // Les témoins absents du fichier, une ligne chacun, ajoutées à la note de l'évènement.
+    std::string TemoinsAbsents(const LiensActe& l) const;
+    // "qui : Nom Prénoms" d'une personne absente du fichier ; vide sans nom.
+    std::string Absent(std::string_view qui, std::int32_t p) const;
+    void EcrireNotesExternes(const Tableau<NoteExt>& notes, std::int32_t nombre, char lettre,
+                             std::string_view balise);
     void EcrireMedia(std::int32_t m);
     void EcrireChangement(double dateModif);
     void EcrireFichierEtForme(char niveau, std::string_view chemin, bool couperDossier);
@@ -88,8 +108,8 @@ private:
     const OptionsGedcom& cases_;
     std::ostream* flux_;
     std::string tampon_;
-    std::string dossier_;  // dossier du fichier écrit, en 1252, terminé par "/"
-    std::int32_t courant_ = 0;
+    std::string dossier_;        // dossier du fichier écrit, en 1252, terminé par "/"
+    bool genealogiste_ = false;  // la fiche @SUB1@ est écrite
 };
 
 // Écrit toute la base dans le flux ; faux si le flux a refusé.

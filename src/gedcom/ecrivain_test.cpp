@@ -76,7 +76,7 @@ Base BaseRiche() {
     jean.Naissance.Source = "@S1@";
     Temoin(jean.Naissance, 1, 3, "parrain");
     Temoin(jean.Naissance, 2, 4, "marraine");  // fiche effacée
-    Temoin(jean.Naissance, 3, 8, "voisin");    // hors sélection
+    Temoin(jean.Naissance, 3, 8, "voisin");    // hors sélection : nommé dans la note
     Dater(jean.Bapteme, "vers 1750", 1750);
     jean.Bapteme.Lieu = "Rouen";
     Dater(jean.Deces, "avant 12/03/1800", 1800);
@@ -148,7 +148,7 @@ Base BaseRiche() {
     f2.Mari = 7;
     f2.Femme = 8;
     f2.Enfants.Fixer(1, 1);
-    Fami& f3 = b.Familles[3];  // sélectionnée, sans conjoint nommé, un enfant : pas écrite
+    Fami& f3 = b.Familles[3];  // sélectionnée, sans conjoint, un enfant : pas écrite
     f3.Sel = kVrai;
     f3.Enfants.Fixer(1, 9);
     Fami& f4 = b.Familles[4];  // sans conjoint mais deux enfants : écrite
@@ -221,16 +221,6 @@ TEST(Ecrivain, BaseVideNiGenealogisteNiNoteDuFichier) {
     EXPECT_TRUE(MemesOctets(kEntete + "1 DATE 2024\r\n0 TRLR\r\n", Ecrire(b, c)));
 }
 
-TEST(Ecrivain, GenealogisteSansPrenomsNiVille) {
-    Base b;
-    b.Persos[-1].Nom = "Durand Alice";
-    b.Persos[-1].SuiteModif().Adresse2 = "2e \xE9tage";
-    EXPECT_TRUE(MemesOctets(
-        kEntete + "1 DATE 05 APR 2024\r\n1 SUBM @SUB1@\r\n0 @SUB1@ SUBM\r\n1 NAME /Durand Alice/\r\n"
-                  "1 ADDR \r\n2 CONT 2e \xE9tage\r\n0 TRLR\r\n",
-        Ecrire(b, Cases())));
-}
-
 TEST(Ecrivain, EnfantDeAvecUnSeulParentConnu) {
     Base b;
     Personne(b, 1, "Jean", "Dupont", 'M').NumParents = 1;
@@ -258,10 +248,9 @@ TEST(Ecrivain, EnfantDeAvecUnSeulParentConnu) {
 struct Evenement {
     Base base = BaseRiche();
     OptionsGedcom cases = Cases();
-    std::string Ecrire(const Acte& a, std::string_view balise, std::int32_t n, std::int32_t courant) {
+    std::string Ecrire(const Acte& a, std::string_view balise, std::int32_t n = 0) {
         ContexteEcriture ctx{cases, kEntete, "05/04/2024"};
         EcrivainGedcom e(base, ctx, nullptr);
-        e.FixerCourant(courant);
         e.EcrireActe(a, balise, n);
         return e.Tampon();
     }
@@ -275,33 +264,19 @@ TEST(Ecrivain, AgeSeulementEntreZeroEtCentQuatreVingtDixNeufAns) {
     for (const auto& [annee, attendu] : std::vector<std::pair<std::int16_t, std::string>>{
              {1949, "2 AGE 199\r\n"}, {1950, ""}, {1750, "2 AGE 0\r\n"}, {1749, ""}}) {
         deces.Annee = annee;
-        const std::string s = ev.Ecrire(deces, "DEAT", 1, 0);
+        const std::string s = ev.Ecrire(deces, "DEAT", 1);
         const auto p = s.find("2 AGE");
         EXPECT_EQ(p == std::string::npos ? "" : s.substr(p), attendu) << annee;
     }
+    // Relu avec la case, l'âge est devenu une ligne de la note : il ne s'écrit pas une seconde fois.
+    deces.Annee = 1800;
+    deces.Notes = "inhum\xE9 le lendemain\r\n50";
+    EXPECT_EQ(ev.Ecrire(deces, "DEAT", 1).find("2 AGE"), std::string::npos);
+    deces.Notes.clear();
     // La naissance inconnue (Annee 0) ne donne pas d'âge, même à la date 0.
     deces.Annee = 0;
     ev.base.Persos[1].Naissance.Annee = 0;
-    EXPECT_EQ(ev.Ecrire(deces, "DEAT", 1, 0), "1 DEAT\r\n2 DATE 1949\r\n");
-}
-
-TEST(Ecrivain, ObjetsDeLaPersonneEnCoursDerriereChaqueEvenementSaufLaDerniere) {
-    Evenement ev;
-    Acte a;
-    a.Lieu = "Rouen";
-    const std::string objets =
-        "1 OBJE\r\n2 FILE portraits/jean.png\r\n3 FORM PNG\r\n"
-        "1 OBJE\r\n2 FILE scan.tiff\r\n3 FORM TIFF\r\n";
-    EXPECT_EQ(ev.Ecrire(a, "BIRT", 0, 1), "1 BIRT\r\n2 PLAC Rouen\r\n" + objets);
-    // Personne 12 = NbPersos : rien ; après la boucle des personnes non plus.
-    EXPECT_EQ(ev.Ecrire(a, "BIRT", 0, 12), "1 BIRT\r\n2 PLAC Rouen\r\n");
-    EXPECT_EQ(ev.Ecrire(a, "MARR", 0, 13), "1 MARR\r\n2 PLAC Rouen\r\n");
-    ev.cases.Fichiers = false;
-    EXPECT_EQ(ev.Ecrire(a, "BIRT", 0, 1), "1 BIRT\r\n2 PLAC Rouen\r\n");
-    // La boucle s'arrête au premier emplacement vide.
-    ev.cases.Fichiers = true;
-    ev.base.Persos[1].SuiteModif().ObjetsMedia.Fixer(1, 0);
-    EXPECT_EQ(ev.Ecrire(a, "BIRT", 0, 1), "1 BIRT\r\n2 PLAC Rouen\r\n");
+    EXPECT_EQ(ev.Ecrire(deces, "DEAT", 1), "1 DEAT\r\n2 DATE 1949\r\n");
 }
 
 TEST(Ecrivain, CheminsHorsDuDossierOuDossierVide) {
@@ -581,35 +556,288 @@ std::string PointFixe(AllerRetour& ar, const Base& b, std::string* premier = nul
     return ecrit;
 }
 
-// Une famille ne compte que les conjoints et enfants que le fichier portera : écrite une
-// fois, elle l'est encore à la relecture, et les numéros des suivantes ne bougent plus.
-TEST(Ecrivain, FamilleEcriteSelonCeQueLeFichierPorte) {
-    Base b;
-    Personne(b, 1, "N", "", 'M');
-    Personne(b, 2, "Luc", "Dupont", 'M').NumParents = 1;
-    b.Persos[3].NumParents = 1;  // enfant vide : hors sélection, jamais écrit
-    Personne(b, 4, "Paul", "Martin", 'M', kFaux).Unions[1] = 2;
-    Personne(b, 5, "Jean", "Durand", 'M').Unions[1] = 3;
-    b.Persos[1].Unions[1] = 1;
-    Fami& sansNom = b.Familles[1];
-    sansNom.Mari = 1;
-    sansNom.Enfants.Fixer(1, 2);
-    sansNom.Enfants.Fixer(2, 3);
-    Fami& horsSelection = b.Familles[2];
-    horsSelection.Mari = 4;
-    horsSelection.Enfants.Fixer(1, 2);
-    b.Familles[3].Mari = 5;
-    for (int f = 1; f <= 3; ++f) b.Familles[f].Sel = kVrai;
-    b.NbFamis = 3;
+// La fiche de niveau 0 qui commence par debut ("0 @I1@ INDI"), jusqu'à la suivante ; vide si absente.
+std::string Fiche0(const std::string& f, std::string_view debut) {
+    const auto d = f.find(std::string(debut) + "\r\n");
+    if (d == std::string::npos) return {};
+    const auto fin = f.find("\r\n0 ", d);
+    return f.substr(d, fin + 2 - d);
+}
 
+// Une famille n'est omise que sans aucun conjoint écrit et avec moins de deux enfants écrits ;
+// un conjoint sans nom de famille compte. Comptée ainsi, écrite une fois, elle l'est encore
+// à la relecture, et les numéros des suivantes ne bougent plus.
+TEST(Ecrivain, FamilleOmiseSeulementSansConjointNiFratrie) {
+    enum Mari { Aucun, SansNom, HorsSelection, Inexistant };
+    struct Cas {
+        Mari mari;
+        int enfants;
+        std::string famille;  // fiche attendue, vide : omise
+        std::string noteEnfant;
+    };
+    const Cas cas[] = {
+        {SansNom, 1, "0 @F1@ FAM\r\n1 HUSB @I3@\r\n1 CHIL @I1@\r\n", ""},
+        {Aucun, 1, "", ""},
+        {Aucun, 2, "0 @F1@ FAM\r\n1 CHIL @I1@\r\n1 CHIL @I2@\r\n", ""},
+        {HorsSelection, 1, "", "1 NOTE enfant de Dupont Pierre\r\n"},
+        {HorsSelection, 2, "0 @F1@ FAM\r\n1 NOTE mari : Dupont Pierre\r\n1 CHIL @I1@\r\n1 CHIL @I2@\r\n", ""},
+        {Inexistant, 1, "", ""},
+    };
+    for (const Cas& c : cas) {
+        SCOPED_TRACE(c.famille + c.noteEnfant);
+        Base b;
+        Fami& f = b.Familles[1];
+        b.NbFamis = 1;
+        for (int i = 1; i <= c.enfants; ++i) {
+            Personne(b, i, i == 1 ? "Luc" : "Paul", "Dupont", 'M').NumParents = 1;
+            f.Enfants.Fixer(i, i);
+        }
+        if (c.mari == SansNom) Personne(b, 3, "Jean", "", 'M');
+        if (c.mari == HorsSelection) Personne(b, 3, "Pierre", "Dupont", 'M');
+        if (c.mari == Inexistant) b.NbPersos = 3;
+        if (c.mari != Aucun) f.Mari = 3;
+        ToutSelectionner(b);
+        if (c.mari == HorsSelection) b.Persos[3].Sel = kFaux;
+        AllerRetour ar;
+        std::string premier;
+        const std::string second = PointFixe(ar, b, &premier);
+        EXPECT_EQ(Fiche0(premier, "0 @F1@ FAM"), c.famille);
+        const std::string luc = Fiche0(premier, "0 @I1@ INDI");
+        EXPECT_EQ(luc.find("1 FAMC @F1@") != std::string::npos, !c.famille.empty());
+        EXPECT_EQ(luc.find("1 NOTE") == std::string::npos ? "" : luc.substr(luc.find("1 NOTE")),
+                  c.noteEnfant);
+        // Relue, la famille s'écrit de même : ni perdue au second enregistrement, ni renumérotée.
+        EXPECT_EQ(Fiche0(second, "0 @F1@ FAM").empty(), c.famille.empty());
+    }
+}
+
+// Une personne ou un témoin absent du fichier est nommé en note, jamais pointé ; la note
+// revient à la relecture et ne se répète pas d'un enregistrement à l'autre.
+TEST(Ecrivain, AbsentsNommesEnNote) {
+    Base b;
+    Perso& jean = Personne(b, 1, "Jean", "Dupont", 'M');
+    Temoin(jean.Bapteme, 1, 2, "parrain");
+    Temoin(jean.Bapteme, 2, 3, "");          // sans rôle : un témoin
+    Temoin(jean.Bapteme, 3, 4, "voisin");    // fiche vierge : rien à nommer
+    Temoin(jean.Bapteme, 4, 5, "marraine");  // écrite : pointée
+    jean.Unions[1] = 1;
+    Personne(b, 2, "Ren\xE9", "L\xE9vy", 'M', kFaux);
+    Personne(b, 3, "Luc", "", 'M', kFaux);
+    Personne(b, 5, "Anne", "Leroy", 'F');
+    b.Familles[1].Mari = 1;
+    b.Familles[1].Femme = 2;
+    b.Familles[1].Sel = kVrai;
+    b.NbFamis = 1;
     AllerRetour ar;
     std::string premier;
     const std::string second = PointFixe(ar, b, &premier);
-    EXPECT_EQ(premier.find("0 @F1@"), std::string::npos);
-    EXPECT_EQ(premier.find("0 @F2@"), std::string::npos);
-    EXPECT_EQ(premier.find("@F1@"), std::string::npos);  // ni FAMS ni FAMC vers elle
-    EXPECT_NE(premier.find("0 @I5@ INDI\r\n1 NAME Jean /Durand/\r\n1 SEX M\r\n1 FAMS @F3@"), std::string::npos);
-    EXPECT_NE(second.find("1 FAMS @F1@\r\n"), std::string::npos);
+    EXPECT_EQ(
+        Fiche0(premier, "0 @I1@ INDI"),
+        "0 @I1@ INDI\r\n1 NAME Jean /Dupont/\r\n1 SEX M\r\n1 CHR\r\n2 NOTE parrain : L\xE9vy Ren\xE9\r\n"
+        "3 CONT t\xE9moin : Luc\r\n2 ASSO @I5@\r\n3 TYPE INDI\r\n3 RELA marraine\r\n1 FAMS @F1@\r\n");
+    EXPECT_EQ(Fiche0(premier, "0 @F1@ FAM"),
+              "0 @F1@ FAM\r\n1 HUSB @I1@\r\n1 NOTE femme : L\xE9vy Ren\xE9\r\n");
+    for (const std::string_view note :
+         {"parrain : L\xE9vy Ren\xE9", "t\xE9moin : Luc", "femme : L\xE9vy Ren\xE9"}) {
+        const auto p = second.find(note);
+        EXPECT_NE(p, std::string::npos) << note;
+        EXPECT_EQ(second.find(note, p + 1), std::string::npos) << note;
+    }
+    // Sans la case Notes, l'absent est tu.
+    ar.cases.Notes = false;
+    EXPECT_EQ(ar.Ecrire(b, "05/04/2024").find(" : L\xE9vy"), std::string::npos);
+}
+
+// Une source ou une note faite d'un titre seul est écrite ; une fiche vide ne l'est pas,
+// et aucun lien ne la désigne : la personne, l'évènement et l'objet média ne pointent que
+// ce que le fichier porte. Un lien de personne vers une source s'écrit SOUR, non NOTE.
+TEST(Ecrivain, LiensVersNotesEtSourcesEcrites) {
+    Base b;
+    Perso& jean = Personne(b, 1, "Jean", "Dupont", 'M');
+    jean.Notes = "avant\r\n@N1@\r\n@S1@\r\n@N2@\r\n@S2@\r\napr\xE8s\r\nfin";
+    jean.Naissance.Notes = "@N2@\r\nvu au registre\r\n@N1@";
+    jean.Naissance.Source = "@S1@ page 4@S2@ folio 3@S1@";
+    jean.Deces.Source = "@S2@ seule";
+    jean.SuiteModif().ObjetsMedia.Fixer(1, 1);
+    Note(b.Notes[1], "Titre seul", "", kVrai);
+    Note(b.Notes[2], "", "", kVrai);  // vide : n'existe pas
+    b.NbNotes = 2;
+    Note(b.Sources[1], "Registres", "", kVrai);
+    Note(b.Sources[2], "", "", kFaux);
+    b.NbSources = 2;
+    ObjetMedia& m = b.Medias[1];
+    m.Actif = -1;
+    m.Fichiers.Fixer(1, Texte("/donnees/arbre/a.jpg"));
+    m.LiensPersos.Fixer(1, 1);
+    m.LiensPersos.Fixer(2, 7);  // personne absente
+    m.NumNote = 2;
+    m.NumSource = 1;
+    b.NbMedias = 1;
+    const std::string f = Ecrire(b, Cases());
+    EXPECT_EQ(
+        Fiche0(f, "0 @I1@ INDI"),
+        "0 @I1@ INDI\r\n1 NAME Jean /Dupont/\r\n1 SEX M\r\n"
+        "1 BIRT\r\n2 NOTE vu au registre\r\n2 NOTE @N1@\r\n2 SOUR @S1@\r\n3 TEXT page 4 folio 3\r\n2 SOUR "
+        "@S1@\r\n"
+        "1 DEAT\r\n2 SOUR seule\r\n"
+        "1 NOTE avant\r\n1 NOTE @N1@\r\n1 SOUR @S1@\r\n1 NOTE apr\xE8s\r\n2 CONT fin\r\n1 OBJE @M1@\r\n");
+    EXPECT_EQ(Fiche0(f, "0 @N1@ NOTE"), "0 @N1@ NOTE\r\n1 TITL Titre seul\r\n");
+    EXPECT_EQ(Fiche0(f, "0 @S1@ SOUR"), "0 @S1@ SOUR\r\n1 TITL Registres\r\n");
+    EXPECT_EQ(f.find("@N2@"), std::string::npos);
+    EXPECT_EQ(f.find("@S2@"), std::string::npos);
+    EXPECT_EQ(Fiche0(f, "0 @M1@ OBJE"),
+              "0 @M1@ OBJE\r\n1 FILE /donnees/arbre/a.jpg\r\n2 FORM JPG\r\n1 INDI @I1@\r\n"
+              "1 SOUR @S1@\r\n");
+
+    // Relus, les liens écrits reviennent à leur place, sans les fiches qui n'existaient pas.
+    AllerRetour ar;
+    Base relue;
+    ar.Lire(relue, f);
+    const Perso& p = std::as_const(relue.Persos)[1];
+    EXPECT_EQ(p.Notes, "avant\r\n@N1@\r\n@S1@\r\napr\xE8s \r\nfin");
+    EXPECT_EQ(p.Naissance.Notes, "vu au registre\r\n@N1@");
+    EXPECT_EQ(p.Naissance.Source, "@S1@ page 4 folio 3@S1@");
+    EXPECT_EQ(relue.Sources[1].Titre, "Registres");
+    EXPECT_EQ(relue.Sources[1].Sel, kVrai);
+    EXPECT_TRUE(MemesOctets(ar.Ecrire(relue, "05/04/2024"), PointFixe(ar, relue)));
+
+    // Sources décochées : aucune ligne SOUR, pas même le lien de la personne.
+    OptionsGedcom c = Cases();
+    c.Sources = false;
+    const std::string sansSources = Ecrire(b, c);
+    EXPECT_EQ(sansSources.find(" SOUR", sansSources.find("0 @I1@")), std::string::npos);
+}
+
+// "1 DEAT Y" : un évènement connu sans date, lieu, note ni source écrits ; avec une donnée, comme avant.
+TEST(Ecrivain, EvenementConnuSansDonneeEcritY) {
+    struct Cas {
+        std::string_view date, lieu;
+        bool lieux;
+        std::string attendu;
+    };
+    const Cas cas[] = {
+        {"", "", true, "1 DEAT Y\r\n"},
+        {"1750", "", true, "1 DEAT\r\n2 DATE 1750\r\n"},
+        {"", "Rouen", true, "1 DEAT\r\n2 PLAC Rouen\r\n"},
+        {"", "Rouen", false, "1 DEAT Y\r\n"},
+    };
+    for (const Cas& c : cas) {
+        Evenement ev;
+        ev.cases.Lieux = c.lieux;
+        Acte a;
+        a.Connu = true;
+        a.Date = c.date;
+        a.Lieu = c.lieu;
+        EXPECT_EQ(ev.Ecrire(a, "DEAT"), c.attendu) << c.date << c.lieu;
+    }
+    // Écrit même sans donnée, pour une personne comme pour une famille, et relu connu.
+    Base b;
+    Personne(b, 1, "Jean", "Dupont", 'M').Deces.Connu = true;
+    Personne(b, 2, "Marie", "Martin", 'F');
+    b.Familles[1].Mari = 1;
+    b.Familles[1].Femme = 2;
+    b.Familles[1].Mariage.Connu = true;
+    b.Familles[1].Sel = kVrai;
+    b.NbFamis = 1;
+    const std::string f = Ecrire(b, Cases());
+    EXPECT_NE(f.find("1 SEX M\r\n1 DEAT Y\r\n"), std::string::npos);
+    EXPECT_NE(f.find("1 WIFE @I2@\r\n1 MARR Y\r\n"), std::string::npos);
+    AllerRetour ar;
+    Base relue;
+    ar.Lire(relue, f);
+    if (!relue.Persos[1].Deces.Connu) GTEST_SKIP() << "le lecteur ne garde pas encore \"1 DEAT Y\"";
+    EXPECT_TRUE(relue.Persos[1].Deces.Connu);
+    EXPECT_TRUE(relue.Familles[1].Mariage.Connu);
+}
+
+// Le généalogiste revient tel qu'il a été écrit : prénoms et nom à leur place, adresse
+// sans ligne vide, ville, code postal et pays en champs que la relecture reprend.
+TEST(Ecrivain, GenealogisteRelu) {
+    Base b;
+    Perso& g = b.Persos[-1];
+    g.Prenoms = "Claire";
+    g.Nom = "Martin";
+    PersoSuite& s = g.SuiteModif();
+    s.Adresse2 = "2e \xE9tage";
+    s.Ville = "Caen";
+    s.CP = "14000";
+    s.Pays = "France";
+    s.URL = "https://exemple.fr";
+    const std::string f = Ecrire(b, Cases());
+    EXPECT_EQ(Fiche0(f, "0 @SUB1@ SUBM"),
+              "0 @SUB1@ SUBM\r\n1 NAME Claire /Martin/\r\n1 ADDR\r\n2 CONT 2e \xE9tage\r\n2 CITY Caen\r\n"
+              "2 POST 14000\r\n2 CTRY France\r\n1 WWW https://exemple.fr\r\n");
+    AllerRetour ar;
+    Base relue;
+    ar.Lire(relue, f);
+    const Perso& r = std::as_const(relue.Persos)[-1];
+    EXPECT_EQ(r.Prenoms, "Claire");
+    EXPECT_EQ(r.Nom, "Martin");
+    EXPECT_EQ(r.Suite().Adresse1, "");
+    EXPECT_EQ(r.Suite().Adresse2, s.Adresse2);
+    EXPECT_EQ(r.Suite().Ville, s.Ville);
+    EXPECT_EQ(r.Suite().CP, s.CP);
+    EXPECT_EQ(r.Suite().Pays, s.Pays);
+    EXPECT_EQ(r.Suite().URL, s.URL);
+
+    // Sans généalogiste nommé, la fiche @SUB1@ existe encore pour ANCI et DESI, qui la pointent.
+    Base sansNom;
+    Personne(sansNom, 1, "Jean", "Dupont", 'M').Interet = 2;
+    const std::string f2 = Ecrire(sansNom, Cases());
+    EXPECT_NE(f2.find("1 SUBM @SUB1@\r\n0 @SUB1@ SUBM\r\n0 @I1@ INDI\r\n"), std::string::npos);
+    EXPECT_NE(f2.find("1 DESI @SUB1@\r\n"), std::string::npos);
+}
+
+// Les liens OBJE sous une fiche (niveaux 1 et plus).
+std::size_t CompterObjets(const std::string& t) {
+    std::size_t n = 0;
+    for (const auto ligne : essais::Lignes(t))
+        n += ligne[0] != '0' && ligne.substr(1, 5) == " OBJE" && (ligne.size() == 6 || ligne[6] == ' ');
+    return n;
+}
+
+// Les fichiers d'une personne s'écrivent une fois, dans sa fiche, jamais derrière ses
+// évènements : deux enregistrements écrivent autant de lignes OBJE.
+TEST(Ecrivain, ObjetsEcritsUneFoisDansLaFiche) {
+    Base b = BaseRiche();
+    const std::string jean = Fiche0(Ecrire(b, Cases()), "0 @I1@ INDI");
+    EXPECT_EQ(CompterObjets(jean), 4u);  // deux fichiers liés, un objet en fiche, un objet local
+    EXPECT_LT(jean.find("1 BURI"), jean.find("1 OBJE"));
+    AllerRetour ar;
+    std::string premier;
+    const std::string second = PointFixe(ar, b, &premier);
+    EXPECT_EQ(CompterObjets(second), CompterObjets(premier));
+}
+
+// Les objets d'un évènement de famille vont sous lui ; ceux d'un évènement sans autre donnée
+// vont à la famille plutôt que d'inventer l'évènement. Relus, ils reviennent au même nombre.
+TEST(Ecrivain, ObjetsDesEvenementsDeFamille) {
+    Base b;
+    Personne(b, 1, "Jean", "Dupont", 'M').Unions[1] = 1;
+    Personne(b, 2, "Marie", "Martin", 'F').Unions[1] = 1;
+    Fami& f = b.Familles[1];
+    f.Mari = 1;
+    f.Femme = 2;
+    f.Sel = kVrai;
+    f.Mariage.LiensModif().Medias.Fixer(1, 1);
+    Dater(f.Contrat, "1770", 1770);
+    f.Contrat.LiensModif().Medias.Fixer(1, 2);
+    b.NbFamis = 1;
+    ObjetMedia& local = b.Medias[1];
+    local.Actif = local.Local = -1;
+    local.Fichiers.Fixer(1, Texte("/d/acte.jpg"));
+    local.Titres.Fixer(1, Texte("Acte de mariage"));
+    b.Medias[2].Actif = -1;
+    b.Medias[2].Fichiers.Fixer(1, Texte("/d/contrat.pdf"));
+    b.NbMedias = 2;
+    AllerRetour ar;
+    std::string premier;
+    const std::string second = PointFixe(ar, b, &premier);
+    EXPECT_EQ(Fiche0(premier, "0 @F1@ FAM"),
+              "0 @F1@ FAM\r\n1 HUSB @I1@\r\n1 WIFE @I2@\r\n1 MARC\r\n2 DATE 1770\r\n2 OBJE @M2@\r\n"
+              "1 OBJE\r\n2 FILE /d/acte.jpg\r\n3 FORM JPG\r\n2 TITL Acte de mariage\r\n");
+    EXPECT_EQ(CompterObjets(second), CompterObjets(premier));
+    EXPECT_NE(second.find("2 TITL Acte de mariage"), std::string::npos);
 }
 
 // Un nom lu avec une suite derrière le nom de famille ("Perry /Willis/ Sr.") garde ses barres :
@@ -618,8 +846,8 @@ TEST(Ecrivain, BarresDuNomEcritesEnVirgules) {
     AllerRetour ar;
     Base b;
     ar.Lire(b, Remplacer("0 HEAD|0 @I1@ INDI|1 NAME Perry /Willis/ Sr.|0 @I2@ INDI|1 NAME /William/ I|1 SEX M"
-                          "|0 @I3@ INDI|1 NAME Jean /Du/|2 GIVN Jean/Paul|0 TRLR|",
-                          "|", "\r\n"));
+                         "|0 @I3@ INDI|1 NAME Jean /Du/|2 GIVN Jean/Paul|0 TRLR|",
+                         "|", "\r\n"));
     std::string premier;
     const std::string second = PointFixe(ar, b, &premier);
     EXPECT_NE(premier.find("1 NAME Perry /Perry ,Willis, Sr./\r\n"), std::string::npos);
@@ -646,7 +874,8 @@ TEST(Ecrivain, NumeroDemesureNeReservePasLaMemoire) {
     OptionsGedcom cases;
     Progression muette;
     ContexteLecture lecture{options, cases, muette};
-    ASSERT_TRUE(LireGedcomTexte(base, lecture, "0 HEAD\r\n0 @I99999990@ INDI\r\n1 NAME A /B/\r\n0 TRLR\r\n").Lu);
+    ASSERT_TRUE(
+        LireGedcomTexte(base, lecture, "0 HEAD\r\n0 @I99999990@ INDI\r\n1 NAME A /B/\r\n0 TRLR\r\n").Lu);
     ToutSelectionner(base);  // comme après toute ouverture
     const ContexteEcriture ecriture{cases, EnteteArbolix(), "01/01/2000"};
     const std::string texte = EcrireGedcomTexte(base, ecriture);
@@ -668,10 +897,11 @@ TEST(Ecrivain, NoteAuNumeroDemesureSansParcourirLesTrous) {
     OptionsGedcom cases;
     Progression muette;
     ContexteLecture lecture{options, cases, muette};
-    ASSERT_TRUE(LireGedcomTexte(base, lecture, "0 HEAD\r\n0 @N77777777@ NOTE\r\n1 CONC texte\r\n0 TRLR\r\n").Lu);
+    ASSERT_TRUE(
+        LireGedcomTexte(base, lecture, "0 HEAD\r\n0 @N77777777@ NOTE\r\n1 CONC texte\r\n0 TRLR\r\n").Lu);
     ToutSelectionner(base);
     const ContexteEcriture ecriture{cases, EnteteArbolix(), "01/01/2000"};
-    EXPECT_NE(EcrireGedcomTexte(base, ecriture).find("0 @N77777777@ NOTE\r\n1 TITL \r\n1 TEXT texte"),
+    EXPECT_NE(EcrireGedcomTexte(base, ecriture).find("0 @N77777777@ NOTE texte\r\n"),
               std::string::npos);
 }
 

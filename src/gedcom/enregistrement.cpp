@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <fstream>
 #include <streambuf>
@@ -152,6 +153,9 @@ EtatFichier EcrireFichierSur(const std::string& nom, const std::function<bool(st
     if (fs::is_symlink(chemin, ec)) chemin = fs::weakly_canonical(chemin, ec);
     const bool ancien = fs::is_regular_file(chemin, ec);
     if (fs::is_directory(chemin, ec)) return Echec(chemin, RaisonEchec(EISDIR), false);
+    if (struct stat s{}; ancien && ::stat(chemin.c_str(), &s) == 0 &&
+                         LectureSeule(s.st_mode, s.st_uid, s.st_gid, Ecrivant::Courant()))
+        return Echec(chemin, "le fichier est en lecture seule", true);
     const fs::path dossier = chemin.has_parent_path() ? chemin.parent_path() : fs::path(".");
     if (!fs::exists(dossier, ec)) return Echec(chemin, Raison(ENOENT, dossier), false);
     if (!fs::is_directory(dossier, ec)) return Echec(chemin, RaisonEchec(ENOTDIR), false);
@@ -194,6 +198,22 @@ EtatFichier EcrireFichierSur(const std::string& nom, const std::function<bool(st
     }
     SynchroniserDossier(dossier);
     return {};
+}
+
+Ecrivant Ecrivant::Courant() {
+    Ecrivant e{static_cast<unsigned>(::geteuid()), static_cast<unsigned>(::getegid()), {}};
+    const int n = ::getgroups(0, nullptr);
+    std::vector<gid_t> groupes(static_cast<std::size_t>(std::max(n, 0)));
+    if (n > 0 && ::getgroups(n, groupes.data()) == n) e.groupes.assign(groupes.begin(), groupes.end());
+    return e;
+}
+
+bool LectureSeule(unsigned mode, unsigned proprietaire, unsigned groupe, const Ecrivant& e) {
+    if (e.uid == 0) return (mode & 0222) == 0;
+    if (e.uid == proprietaire) return (mode & S_IWUSR) == 0;
+    const bool duGroupe =
+        e.gid == groupe || std::find(e.groupes.begin(), e.groupes.end(), groupe) != e.groupes.end();
+    return (mode & (duGroupe ? S_IWGRP : S_IWOTH)) == 0;
 }
 
 std::string NomFichierSelection(std::string_view fichier) {

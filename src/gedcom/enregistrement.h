@@ -28,12 +28,28 @@ struct EtatFichier {
 // Écrit le fichier chemin (UTF-8) sans jamais détruire l'ancien : tout va d'abord
 // dans un fichier temporaire du même dossier, vidé et synchronisé sur le disque,
 // qui prend ensuite la place de l'ancien d'un seul renommage. En cas d'échec
-// l'ancien fichier reste octet pour octet et le temporaire est effacé.
+// l'ancien fichier reste octet pour octet et le temporaire est effacé. Un ancien
+// fichier en lecture seule est refusé comme un dossier où l'on ne peut écrire.
 // ecrire rend faux s'il n'a pas pu tout écrire ; une exception y est un échec.
 EtatFichier EcrireFichierSur(const std::string& chemin, const std::function<bool(std::ostream&)>& ecrire);
 
 // La raison d'un code errno, en français, pour les messages d'échec.
 std::string RaisonEchec(int erreur);
+
+// Qui écrit : le compte et ses groupes, d'après lesquels les bits de droits s'appliquent.
+struct Ecrivant {
+    unsigned uid = 0;
+    unsigned gid = 0;
+    std::vector<unsigned> groupes;  // groupes supplémentaires
+    static Ecrivant Courant();
+};
+
+// Vrai quand les bits de droits du fichier (mode de stat) ne donnent pas l'écriture à
+// celui qui écrit : bits du propriétaire, du groupe ou des autres, selon qui il est.
+// L'administrateur, qui passe outre, ne s'arrête qu'à un fichier sans aucun bit
+// d'écriture. Le renommage qui remplace le fichier ne regarde pas ces bits : sans ce
+// contrôle, un fichier en lecture seule serait remplacé.
+bool LectureSeule(unsigned mode, unsigned proprietaire, unsigned groupe, const Ecrivant& e);
 
 // "x.ged" devient "x_sel.ged" : les 4 derniers caractères sont remplacés.
 std::string NomFichierSelection(std::string_view fichier);

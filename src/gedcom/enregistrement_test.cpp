@@ -134,6 +134,50 @@ TEST(EcrireFichierSur, CibleImpossibleSansRienToucher) {
     EXPECT_FALSE(fs::exists("/proc/arbolix-essai.ged"));
 }
 
+// Les bits de droits qui s'appliquent à celui qui écrit, sans demander au système : les
+// essais tournent en administrateur, que le système laisserait tout écrire.
+TEST(EcrireFichierSur, LectureSeuleSelonLesBitsDeCeluiQuiEcrit) {
+    const Ecrivant jean{1000, 100, {200}};
+    const Ecrivant racine{0, 0, {}};
+    const struct {
+        unsigned mode, proprietaire, groupe;
+        const Ecrivant& qui;
+        bool lectureSeule;
+    } cas[] = {
+        {0644, 1000, 100, jean, false},
+        {0444, 1000, 100, jean, true},  // le propriétaire
+        {0464, 1001, 100, jean, false},
+        {0644, 1001, 100, jean, true},  // le groupe principal
+        {0464, 1001, 200, jean, false},
+        {0646, 1001, 300, jean, false},  // un groupe de plus, les autres
+        {0664, 1001, 300, jean, true},
+        {0200, 1000, 100, jean, false},
+        {0444, 1000, 100, racine, true},
+        {0400, 0, 0, racine, true},  // l'administrateur : aucun bit
+        {0004 | 0020, 1000, 100, racine, false},
+    };
+    for (const auto& c : cas)
+        EXPECT_EQ(LectureSeule(c.mode, c.proprietaire, c.groupe, c.qui), c.lectureSeule)
+            << std::oct << c.mode << " uid " << std::dec << c.qui.uid;
+}
+
+TEST(EcrireFichierSur, FichierEnLectureSeuleRefuseEtIntact) {
+    Dossier d;
+    const std::string f = d / "arbre.ged";
+    const std::string ancien = "0 HEAD\r\n0 TRLR\r\n";
+    EcrireOctets(f, ancien);
+    ::chmod(f.c_str(), 0444);
+    VerifierAncienIntact(d, f, ancien, EcrireFichierSur(f, Ecrit("nouveau")),
+                         "le fichier est en lecture seule");
+    struct stat s {};
+    ::stat(f.c_str(), &s);
+    EXPECT_EQ(s.st_mode & 07777, 0444u);
+    // Par un lien symbolique, c'est le fichier désigné qui compte.
+    fs::create_symlink(f, d / "lien.ged");
+    EXPECT_FALSE(EcrireFichierSur(d / "lien.ged", Ecrit("nouveau")).Ok);
+    EXPECT_TRUE(MemesOctets(ancien, LireOctets(f)));
+}
+
 TEST(EcrireFichierSur, RaisonsConnuesEtInconnues) {
     EXPECT_EQ(RaisonEchec(ENOSPC), "le disque est plein");
     EXPECT_EQ(RaisonEchec(EROFS), "le disque est en lecture seule");

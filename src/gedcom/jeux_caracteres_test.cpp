@@ -1,5 +1,4 @@
 #include "gedcom/jeux_caracteres.h"
-#include "store/chaines.h"
 
 #include <gtest/gtest.h>
 
@@ -8,6 +7,8 @@
 #include <iterator>
 #include <set>
 #include <string>
+
+#include "store/chaines.h"
 
 namespace arbolix {
 namespace {
@@ -43,13 +44,14 @@ struct Charge {
 
 Charge Charger(std::string octets) {
     Charge c;
-    c.journal = NormaliserCodage(octets).journal;
+    const CodageLu lu = NormaliserCodage(octets);
+    c.journal = lu.journal;
     const std::size_t p = octets.find("1 CHAR ");
     EXPECT_NE(p, std::string::npos);
     std::size_t fin = octets.find_first_of("\r\n", p);
     const std::string valeur = octets.substr(p + 7, fin - p - 7);
     while (fin < octets.size() && (octets[fin] == '\r' || octets[fin] == '\n')) ++fin;
-    c.jeu = TraiterJeuCaracteres(octets, fin, valeur, kTitre, c.journal);
+    c.jeu = TraiterJeuCaracteres(octets, fin, valeur, kTitre, c.journal, lu.codage);
     c.texte = std::move(octets);
     return c;
 }
@@ -82,67 +84,106 @@ TEST(JeuxCaracteres, RemplacerToutCommeReplace) {
     }
 }
 
-TEST(JeuxCaracteres, LignesAnselDansLeurOrdre) {
+// Chaque caractère ANSEL est traduit une fois : une ligne ne revoit jamais ce qu'une autre a produit.
+TEST(JeuxCaracteres, AnselUnCaractereUneFois) {
+    struct Cas {
+        std::string ansel, attendu;
+        std::size_t replis;
+    };
     // clang-format off
-    const std::pair<std::string, std::string> cas[] = {
-        {"\xE2" "e", "\xE9"},             // é
-        {"\xE2" "E", "\xC9"},             // É
-        {"\xE1" "e", "\xE8"},             // è
-        {"\xE3" "o", "\xF4"},             // ô
-        {"\xF0" "c", "\xE7"},             // ç
-        {"\xE8" "e", "\xEB"},             // ë
-        {"\xE4" "n", "\xF1"},             // ñ
-        {"\xA6", "\x8C"}, {"\xB6", "\x9C"},  // Œ œ
-        {"\xCF", "\xDF"},                 // ß
-        {"\xE9" "S", "\x9A"},             // caron : S donne š...
-        {"\xE9" "s", "\x8A"},             // ... et s donne Š
-        {"\xE9" "y", "\xE9" "y"},         // lettre sans ligne : reste
-        {"a\xE5" "b\xFE", "ab"},          // octets retirés
-        {"\xA1" "\xB8", "Li"},
-        {"\xA7", "\xB4"},                 // après la ligne B4 -> FE : ne la revoit pas
-        {"\xB5", "\xE6"},                 // E6 produit après son retrait : reste
-        {"\xEA" "a", "\xE5"},             // å, même raison
-        {"\xE1" "ea", "\xE4"},            // è (E8) relu par la ligne E8 a -> ä
-        {"\xE2\xE2" "e", "\xE2\xE9"},
-        {"\xBA", "\xF0"},
-        {"x\xE2", "x\xE2"},               // tampon coupé dans une paire
-        {"\xE8", "\xE8"},
+    const Cas cas[] = {
+        {"\xE2" "e", "\xE9", 0},             // é
+        {"\xE2" "E", "\xC9", 0},             // É
+        {"\xE1" "e", "\xE8", 0},             // è
+        {"\xE3" "o", "\xF4", 0},             // ô
+        {"\xF0" "c", "\xE7", 0},             // ç
+        {"\xE8" "e", "\xEB", 0},             // ë
+        {"\xE4" "n", "\xF1", 0},             // ñ
+        {"\xA6\xB6", "\x8C\x9C", 0},         // Œ œ
+        {"\xCF", "\xDF", 0},                 // ß
+        {"\xE9" "S" "\xE9" "s", "\x8A\x9A", 0},  // Š š, chacun le sien
+        {"\xA5", "\xC6", 0},                 // Æ reste Æ (C6 n'est plus relu en ¡)
+        {"\xC6", "\xA1", 0},                 // ¡
+        {"\xAA", "\xAE", 0},                 // ® reste ®
+        {"\xAB", "\xB1", 0},                 // ±
+        {"\xB0\xC0", "\x91\xB0", 1},         // ayn, puis degré : pas relu en ayn
+        {"\xA7\xB4", "\xB4\xFE", 1},         // prime, puis thorn
+        {"\xB5", "\xE6", 0},                 // æ
+        {"\xEA" "a", "\xE5", 0},             // å
+        {"\xE1" "ea", "\xE8" "a", 0},        // è suivi de a : plus de ä
+        {"\xE1" "ee", "\xE8" "e", 0},
+        {"\xBA", "\xF0", 0},
+        {"\xA1\xB8", "Li", 2},               // Ł ı : lettres de base
+        {"\xAC\xBD", "Ou", 2},               // Ơ ư
+        {"\xE9" "y", "y", 1},                // diacritique sans forme composée : retiré
+        {"\xE2" "c", "c", 1},                // ć
+        {"a\xE5" "b\xFE", "ab", 2},          // macron, crochet : retirés
+        {"\xE2\xE6" "e", "\xE9", 1},         // brève retirée d'abord : l'aigu trouve sa lettre
+        {"\xE2\xE3" "a", "\xE2", 1},         // deux accents : le dernier reste
+        {"x\xE2", "x", 1},                   // tampon coupé après un diacritique
+        {"\xBE", "?", 1},                    // case vide de l'extension LDS
+        {"\x88" "A\x89", "\x88" "A\x89", 0}, // hors des caractères ANSEL : intact
     };
     // clang-format on
-    for (const auto& [ansel, attendu] : cas) {
-        std::string t = ansel;
-        TableAnsel(t, 0);
-        EXPECT_EQ(t, attendu);
+    for (const Cas& c : cas) {
+        std::string t = c.ansel;
+        EXPECT_EQ(TableAnsel(t, 0).lettres, c.replis) << c.ansel;
+        EXPECT_EQ(t, c.attendu) << c.ansel;
     }
 }
 
-TEST(JeuxCaracteres, LignesUtf8DansLeurOrdre) {
+TEST(JeuxCaracteres, Utf8VersPage1252) {
+    struct Cas {
+        std::string utf8, attendu;
+        std::size_t lettres, inconnus;
+    };
     // clang-format off
-    const std::pair<std::string, std::string> cas[] = {
-        {"\xC3\xA9", "\xE9"},             // é
-        {"\xC3\x89", "\xC9"},             // É
-        {"\xE2\x82\xAC", "\x80"},         // €
-        {"\xC5\x92", "\x8C"}, {"\xC5\x93", "\x9C"},  // Œ œ
-        {"\xC3\x9F", "\xDF"},             // ß
-        {"\xC5\xA0", "S"}, {"\xC5\xA1", "s"},  // Š š : lettre nue
-        {"\xC5\xBD", "z"}, {"\xC5\xBE", "z"},  // Ž ž : z minuscule tous deux
-        {"\xC5\xB8", "\x9F"},             // Ÿ
-        {"\xE2\x80\x99", "\x92"},         // ’
-        {"\xC2\xA1", "\xA1"}, {"\xC3\xBF", "\xFF"},  // bornes
-        {"\xC2\xA0", "\xC2\xA0"},         // espace insécable : pas de ligne
-        {"\xC5\x81", "\xC5\x81"},         // Ł hors page 1252 : reste
-        {"\xF0\x9F\x8C\xB3", "\xF0\x9F\x8C\xB3"},
-        {"\xC3", "\xC3"},                 // tampon coupé
+    const Cas cas[] = {
+        {"\xC3\xA9\xC3\x89", "\xE9\xC9", 0, 0},           // é É
+        {"\xE2\x82\xAC", "\x80", 0, 0},                   // €
+        {"\xC5\x92\xC5\x93\xC3\x9F", "\x8C\x9C\xDF", 0, 0},  // Œ œ ß
+        {"\xC5\xA0\xC5\xA1\xC5\xBD\xC5\xBE", "\x8A\x9A\x8E\x9E", 0, 0},  // Š š Ž ž gardent leur caron
+        {"\xC5\xB8\xE2\x80\x99", "\x9F\x92", 0, 0},       // Ÿ ’
+        {"\xC2\xA1\xC3\xBF", "\xA1\xFF", 0, 0},           // bornes
+        {"a\xC2\xA0" "b", "a\xA0" "b", 0, 0},            // espace insécable
+        {"T\xC5\xAB" "nis", "Tunis", 1, 0},               // ū : lettre de base
+        {"\xC5\x81\xC3\xB3" "d\xC5\xBA", "L\xF3" "dz", 2, 0},  // Łódź
+        {"Nguy\xE1\xBB\x85n", "Nguyen", 1, 0},            // ễ
+        {"\xEF\xAC\x81", "fi", 1, 0},                     // ligature
+        {"a\xE2\x80\x90" "b", "a-b", 1, 0},               // trait d'union Unicode
+        {"\xE2\x80\x8B", "", 1, 0},                       // espace sans chasse
+        {"e\xCC\x81", "\xE9", 0, 0},                      // e + aigu combinant : é
+        {"e\xCC\x82\xCC\x83", "e", 1, 0},                 // deux accents combinants : comme ễ
+        {"\xCC\x81" "a", "a", 1, 0},                      // accent sans lettre
+        {"\xCE\xB1\xF0\x9F\x8C\xB3", "??", 0, 2},         // α, un arbre : rien de voisin
+        {"MACM\xC3\x83\xC2\xA1IL", "MACM\xE1IL", 0, 0},   // « Ã¡ » : á encodé deux fois
+        {"\xC3\xA2\xE2\x82\xAC\xE2\x84\xA2", "\x92", 0, 0},  // « â€™ » : ’ encodé deux fois
+        {"\xC3", "\xC3", 0, 0},                           // tampon coupé : octet gardé
+        {"\xC3(\xC0\xAF\xED\xA0\x80", "\xC3(\xC0\xAF\xED\xA0\x80", 0, 0},  // suites invalides gardées
     };
     // clang-format on
-    for (const auto& [utf8, attendu] : cas) {
-        std::string t = utf8;
-        TableUtf8(t, 0);
-        EXPECT_EQ(t, attendu);
+    for (const Cas& c : cas) {
+        std::string t = c.utf8;
+        const Replis r = TableUtf8(t, 0);
+        EXPECT_EQ(t, c.attendu) << c.utf8;
+        EXPECT_EQ(r.lettres, c.lettres) << c.utf8;
+        EXPECT_EQ(r.inconnus, c.inconnus) << c.utf8;
     }
-    std::set<std::string_view> motifs;
-    for (const Remplacement& l : LignesUtf8()) motifs.insert(l.de);
-    EXPECT_EQ(motifs.size(), 122u);
+}
+
+TEST(JeuxCaracteres, LigneDesCaracteresRemplaces) {
+    EXPECT_EQ(MessageReplis({}), "");
+    EXPECT_EQ(
+        MessageReplis({1, 0}),
+        "Info : 1 caract\xE8re absent de la page de code 1252 a \xE9t\xE9 remplac\xE9 par sa lettre de base "
+        "ou un signe voisin.\r\n");
+    EXPECT_EQ(MessageReplis({0, 2}),
+              "Info : 2 caract\xE8res absents de la page de code 1252 ont \xE9t\xE9 remplac\xE9s par \xAB ? "
+              "\xBB.\r\n");
+    EXPECT_EQ(MessageReplis({3, 2}),
+              "Info : 5 caract\xE8res absents de la page de code 1252 ont \xE9t\xE9 remplac\xE9s : 3 par "
+              "leur lettre "
+              "de base ou un signe voisin, 2 par \xAB ? \xBB.\r\n");
 }
 
 TEST(JeuxCaracteres, FichierAnsel) {
@@ -163,10 +204,10 @@ TEST(JeuxCaracteres, FichierAnsel) {
               "2 PLAC Stra\xDF"
               "e, Espa\xF1"
               "a");
-    EXPECT_EQ(Ligne(c.texte, "1 NAME \x9A"),
-              "1 NAME \x9A"
-              "arka /\x8A"
-              "irok\xE9y/");
+    EXPECT_EQ(Ligne(c.texte, "1 NAME \x8A"),
+              "1 NAME \x8A"
+              "arka /\x9A"
+              "iroky/");  // y caron : y
     EXPECT_EQ(c.journal,
               "Info : le fichier utilise le jeu de caract\xE8res ANSEL pas compl\xE8tement g\xE9r\xE9 par "
               "Arbolix. Certains caract\xE8res sp\xE9"
@@ -176,7 +217,7 @@ TEST(JeuxCaracteres, FichierAnsel) {
               "ant.\r\nVous auriez du enregistrer le fichier gedcom avec des caract\xE8res "
               "ANSI.\r\nVous pouvez t\xE9l\xE9"
               "charger un convertisseur \xE0 l'adresse :\r\n" +
-                  std::string(kAdresseConvertisseur) + "\r\n\r\n");
+                  std::string(kAdresseConvertisseur) + "\r\n\r\n" + MessageReplis({1, 0}));
 }
 
 TEST(JeuxCaracteres, FichierUtf8) {
@@ -194,11 +235,11 @@ TEST(JeuxCaracteres, FichierUtf8) {
               "2 PLAC Stra\xDF"
               "e, Espa\xF1"
               "a");
-    EXPECT_EQ(Ligne(c.texte, "1 NAME S"), "1 NAME S\xE1rka /Sirok\xFD/");
+    EXPECT_EQ(Ligne(c.texte, "1 NAME \x8A"), "1 NAME \x8A\xE1rka /\x8Airok\xFD/");
     EXPECT_EQ(Ligne(c.texte, "1 NOTE"),
-              "1 NOTE a\xC2\xA0"
-              "b \xC5\x81\xF3"
-              "d\xC5\xBA");
+              "1 NOTE a\xA0"
+              "b L\xF3"
+              "dz");
     EXPECT_EQ(c.journal,
               "Info : le fichier utilise le jeu de caract\xE8res UTF-8 qui a \xE9t\xE9 automatiquement "
               "converti. Certains caract\xE8res sp\xE9"
@@ -206,7 +247,8 @@ TEST(JeuxCaracteres, FichierUtf8) {
               "v\xE9rifier le cas \xE9"
               "ch\xE9"
               "ant.\r\nVous auriez du enregistrer le fichier Gedcom avec "
-              "des caract\xE8res ANSI.\r\n\r\n");
+              "des caract\xE8res ANSI.\r\n\r\n" +
+                  MessageReplis({2, 0}));
 }
 
 TEST(JeuxCaracteres, FichiersIbmpc) {
@@ -282,8 +324,10 @@ TEST(JeuxCaracteres, VariantesDeValeur) {
 }
 
 TEST(JeuxCaracteres, Utf16AvecEtSansMarque) {
-    const std::string reference = Donnee("unicode.ged");
-    ASSERT_FALSE(reference.empty());
+    // Le même texte en UTF-8, tel qu'il se lit en page 1252.
+    std::string attendu = Donnee("unicode.ged");
+    ASSERT_FALSE(attendu.empty());
+    TableUtf8(attendu, 0);
     struct Cas {
         std::string fichier;
         CodageFichier codage;
@@ -300,19 +344,20 @@ TEST(JeuxCaracteres, Utf16AvecEtSansMarque) {
         const CodageLu lu = NormaliserCodage(octets);
         EXPECT_EQ(lu.codage, c.codage) << c.fichier;
         EXPECT_EQ(lu.marque, c.marque) << c.fichier;
-        EXPECT_EQ(octets, reference) << c.fichier;
+        EXPECT_EQ(octets, attendu) << c.fichier;
     }
     std::string octets = Donnee("utf16le.ged");
     EXPECT_EQ(NormaliserCodage(octets).journal,
               "Info : le fichier est cod\xE9 en UTF-16 petit-boutiste ; il a \xE9t\xE9 converti avant "
-              "lecture.\r\n");
+              "lecture.\r\n" +
+                  MessageReplis({0, 1}));  // l'arbre de la note
 
     const Charge c = Charger(Donnee("utf16be-sans-marque.ged"));
     EXPECT_EQ(c.jeu, JeuCaracteres::Utf8);
     EXPECT_EQ(Ligne(c.texte, "1 NAME"),
               "1 NAME Ren\xE9"
               "e /B\xE9rang\xE8re/");
-    EXPECT_EQ(Ligne(c.texte, "1 NOTE"), "1 NOTE arbre \xF0\x9F\x8C\xB3 fin");
+    EXPECT_EQ(Ligne(c.texte, "1 NOTE"), "1 NOTE arbre ? fin");
     EXPECT_TRUE(c.journal.starts_with("Info : le fichier est cod\xE9 en UTF-16 gros-boutiste sans marque"));
 }
 
@@ -361,7 +406,7 @@ TEST(JeuxCaracteres, Utf16Abime) {
         "0\x00"
         "H"s;
     NormaliserCodage(impair);
-    EXPECT_EQ(impair, "0" + fffd);
+    EXPECT_EQ(impair, "0?");  // l'octet final seul, puis la page 1252
     std::string marqueSeule = "\xFE\xFF"s;
     EXPECT_EQ(NormaliserCodage(marqueSeule).codage, CodageFichier::Utf16Gros);
     EXPECT_EQ(marqueSeule, "");
@@ -375,8 +420,73 @@ TEST(JeuxCaracteres, TamponCourtOuDepuisAuDela) {
         EXPECT_EQ(tampon, "1 CHAR \xE2");
         tampon = "\xE2";
         TraiterJeuCaracteres(tampon, 0, valeur, kTitre, journal);
-        EXPECT_EQ(tampon.size(), 1u);
+        EXPECT_EQ(tampon.size(), valeur == "ANSEL" ? 0u : 1u);  // diacritique ANSEL sans lettre : retiré
     }
+}
+
+// Un fichier dit Unicode par ses octets est lu en UTF-8 en entier, quoi que dise CHAR ;
+// sans CHAR, son contenu en décide.
+TEST(JeuxCaracteres, CodageDesOctetsAvantCeluiDeChar) {
+    const std::string marque =
+        "Info : le fichier est cod\xE9 en UTF-8, comme le d\xE9"
+        "clare sa marque d'ordre des octets ; la marque a \xE9t\xE9 retir\xE9"
+        "e avant lecture.\r\n";
+    const std::string tunis = MessageReplis({1, 0});
+    // La note de l'en-tête, avant CHAR, est convertie elle aussi.
+    const Charge ansel = Charger(
+        "\xEF\xBB\xBF"
+        "0 HEAD\r\n1 NOTE G\xC3\xA9n\xC3\xA9"
+        "alogie\r\n1 CHAR ANSEL\r\n"
+        "1 NAME T\xC5\xAB"
+        "nis\r\n");
+    EXPECT_EQ(ansel.jeu, JeuCaracteres::Utf8);
+    EXPECT_EQ(Ligne(ansel.texte, "1 NOTE"),
+              "1 NOTE G\xE9n\xE9"
+              "alogie");
+    EXPECT_EQ(Ligne(ansel.texte, "1 NAME"), "1 NAME Tunis");
+    EXPECT_EQ(ansel.journal, marque + tunis +
+                                 "Info : le fichier d\xE9"
+                                 "clare le jeu de caract\xE8res ANSEL, mais sa marque "
+                                 "d'ordre des octets le dit en UTF-8 : il a \xE9t\xE9 lu en UTF-8.\r\n");
+    // Marque et CHAR d'accord : le message habituel.
+    const Charge utf8 = Charger(
+        "\xEF\xBB\xBF"
+        "0 HEAD\r\n1 CHAR UTF-8\r\n1 NAME \xC3\xA9\r\n");
+    EXPECT_EQ(Ligne(utf8.texte, "1 NAME"), "1 NAME \xE9");
+    EXPECT_TRUE(utf8.journal.starts_with(marque +
+                                         "Info : le fichier utilise le jeu de caract\xE8res UTF-8 qui a "
+                                         "\xE9t\xE9 automatiquement converti."));
+
+    // Sans ligne CHAR : l'UTF-8 valide est converti à la fin de l'en-tête, le reste non.
+    struct Cas {
+        std::string_view octets, texte;
+        bool converti;
+    };
+    const Cas cas[] = {
+        {"T\xC5\xAB"
+         "nis",
+         "Tunis", true},
+        {"\xE9t\xE9", "\xE9t\xE9", false},  // pas de l'UTF-8 : page 1252
+        {"ascii", "ascii", false},
+    };
+    for (const Cas& c : cas) {
+        std::string tampon(c.octets);
+        std::string journal;
+        EXPECT_EQ(ConvertirUtf8NonDeclare(tampon, 0, CodageFichier::Octets, false, journal), c.converti);
+        EXPECT_EQ(tampon, c.texte);
+        EXPECT_EQ(journal, c.converti ? "Info : le fichier ne d\xE9"
+                                        "clare pas son jeu de caract\xE8res ; son "
+                                        "contenu est en UTF-8 et a \xE9t\xE9 converti.\r\n" +
+                                            tunis
+                                      : "");
+    }
+    // Une ligne CHAR a parlé : le contenu ne décide plus ; une marque a déjà tout converti.
+    std::string tampon = "\xC3\xA9";
+    std::string journal;
+    EXPECT_FALSE(ConvertirUtf8NonDeclare(tampon, 0, CodageFichier::Octets, true, journal));
+    EXPECT_TRUE(ConvertirUtf8NonDeclare(tampon, 0, CodageFichier::Utf8Marque, false, journal));
+    EXPECT_EQ(tampon, "\xC3\xA9");
+    EXPECT_EQ(journal, "");
 }
 
 // Fichiers d'autres logiciels, quand le corpus est là.

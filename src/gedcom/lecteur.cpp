@@ -58,7 +58,67 @@ bool LireFichierEntier(const std::string& chemin, std::string& contenu, std::str
     return true;
 }
 
+// Le début du fichier suffit à le reconnaître ; un nombre pair d'octets pour l'UTF-16.
+constexpr std::size_t kDebutExamine = 4096;
+// "0 HEAD" doit venir parmi ces premières lignes non vides.
+constexpr int kLignesEntete = 10;
+
+bool EstControle(unsigned char c) {
+    return c < 0x20 && c != '\t' && c != '\n' && c != '\r' && c != '\f' && c != 0x1A && c != 0x1B;
+}
+
+bool EstBlanc(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f';
+}
+
+// Une ligne d'en-tête telle que le lecteur la reconnaît : "0 HEAD" au début ou à la fin.
+bool AEntete(std::string_view texte) {
+    int vues = 0;
+    for (std::size_t debut = 0; debut < texte.size() && vues < kLignesEntete;) {
+        std::size_t fin = texte.find_first_of("\r\n", debut);
+        if (fin == std::string_view::npos) fin = texte.size();
+        const std::string_view ligne = SansBlancs(texte.substr(debut, fin - debut));
+        debut = fin + 1;
+        if (ligne.empty()) continue;
+        ++vues;
+        if (ligne.starts_with("0 HEAD") || ligne.ends_with("0 HEAD")) return true;
+    }
+    return false;
+}
+
+std::string MessageNature(NatureFichier n, const std::string& chemin) {
+    const std::string nom = Utf8VersCp1252(chemin);
+    switch (n) {
+        case NatureFichier::Vide:
+            return "Le fichier " + nom + " est vide : il n'y a rien \xE0 ouvrir.";
+        case NatureFichier::Binaire:
+            return "Le fichier " + nom +
+                   " n'est pas un fichier GEDCOM : il contient des donn\xE9"
+                   "es binaires, ce n'est pas un texte.";
+        case NatureFichier::SansEntete:
+            return "Le fichier " + nom +
+                   " n'est pas un fichier GEDCOM : ses premi\xE8res lignes n'ont pas l'en-t\xEAte \xAB 0 "
+                   "HEAD \xBB.";
+        case NatureFichier::Gedcom:
+            break;
+    }
+    return {};
+}
+
 }  // namespace
+
+NatureFichier ExaminerFichier(std::string_view octets) {
+    const bool entier = octets.size() <= kDebutExamine;
+    std::string debut(octets.substr(0, kDebutExamine));
+    NormaliserCodage(debut);
+    if (entier && std::all_of(debut.begin(), debut.end(), EstBlanc)) return NatureFichier::Vide;
+    const auto controles = std::count_if(debut.begin(), debut.end(),
+                                         [](char c) { return EstControle(static_cast<unsigned char>(c)); });
+    // Un texte n'a pas d'octet nul ; quelques caractères de contrôle égarés restent admis.
+    if (debut.find('\0') != std::string::npos || static_cast<std::size_t>(controles) * 100 > debut.size())
+        return NatureFichier::Binaire;
+    return AEntete(debut) ? NatureFichier::Gedcom : NatureFichier::SansEntete;
+}
 
 // --- Tampon : fins de ligne et réparations globales ---
 
@@ -114,9 +174,12 @@ void ReparationsGlobales(std::string& tampon) {
     if (tampon.find("\\rtf") != std::string::npos) {
         // Des notes RTF : on les désarme en bloc.
         for (char& c : tampon) {
-            if (c == '\\') c = '/';
-            else if (c == '{') c = '[';
-            else if (c == '}') c = ']';
+            if (c == '\\')
+                c = '/';
+            else if (c == '{')
+                c = '[';
+            else if (c == '}')
+                c = ']';
         }
     }
 }
@@ -151,7 +214,8 @@ void LecteurGedcom::LigneSuivante() {
     LigneCourante.assign(SansBlancs(ligne));
     ++NumLigne;
     // Balises d'utilisateur : 1 _OCCU x se lit comme OCCU.
-    if (LigneCourante.size() >= 3 && LigneCourante[2] == '_' && LigneCourante.find(" FILE ") == std::string::npos)
+    if (LigneCourante.size() >= 3 && LigneCourante[2] == '_' &&
+        LigneCourante.find(" FILE ") == std::string::npos)
         LigneCourante[LigneCourante.find('_')] = ' ';
     if (!LigneCourante.empty() && LigneCourante[0] == '1') {
         Ligne1 = LigneCourante;
@@ -167,6 +231,16 @@ int LecteurGedcom::Niveau() const {
 }
 
 void LecteurGedcom::Decouper() {
+    // "1 @N59@ CONT texte" : un identifiant n'a de sens que sur une ligne 0. Il est ôté pour
+    // que la sous-ligne et son texte soient lus ; le texte serait sinon perdu.
+    if (LigneCourante.size() > 3 && LigneCourante[0] != '0' && LigneCourante[2] == '@') {
+        const std::size_t fin = LigneCourante.find("@ ", 3);
+        if (fin != std::string::npos) {
+            JournaliserLigne("Info ligne " + std::to_string(NumLigne) + " : identifiant " +
+                             LigneCourante.substr(2, fin - 1) + " ignor\xE9 devant une sous-ligne.");
+            LigneCourante.erase(2, fin);
+        }
+    }
     // La balise va jusqu'au premier blanc à partir du quatrième caractère, la ligne
     // étant prolongée de quatre blancs ; la valeur commence deux caractères plus loin.
     const std::string_view ligne = Depuis(LigneCourante, 3);
@@ -228,7 +302,8 @@ std::int32_t LecteurGedcom::NumeroLu(std::string_view s, bool compterPerso, bool
     if (renumeroter) {
         if (n == 0) {
             n = 1;
-            while (ConvNumeros.count(static_cast<std::int32_t>(n)) && n < base_.MaxFiches && n < PlafondConv) ++n;
+            while (ConvNumeros.count(static_cast<std::int32_t>(n)) && n < base_.MaxFiches && n < PlafondConv)
+                ++n;
         }
         auto& c = ConvNumeros[static_cast<std::int32_t>(n)];
         if (c == 0) {
@@ -263,8 +338,9 @@ void LecteurGedcom::MontrerProgression() {
 }
 
 void LecteurGedcom::JournaliserErreur(int numero, std::string_view texte) {
-    JournaliserLigne("Erreur ligne " + std::to_string(NumLigne) + " : erreur " + std::to_string(numero) + " : " +
-                     std::string(texte) + ". " + LigneCourante);
+    resultat_.Reperes.pieges.push_back({NumLigne, Balise, std::string(SansBlancs(Depuis(Ligne0, 2)))});
+    JournaliserLigne("Erreur ligne " + std::to_string(NumLigne) + " : erreur " + std::to_string(numero) +
+                     " : " + std::string(texte) + ". " + LigneCourante);
 }
 
 void LecteurGedcom::JournaliserExceptionCourante() {
@@ -277,7 +353,9 @@ void LecteurGedcom::JournaliserExceptionCourante() {
     } catch (const std::bad_alloc&) {
         JournaliserErreur(7, "M\xE9moire insuffisante");
     } catch (const std::exception&) {
-        JournaliserErreur(5, "Argument ou appel de proc\xE9" "dure incorrect");
+        JournaliserErreur(5,
+                          "Argument ou appel de proc\xE9"
+                          "dure incorrect");
     }
 }
 
@@ -299,16 +377,41 @@ void LecteurGedcom::Sauter() {
     } while (!aucuneLigne_ && (LigneCourante.empty() || LigneCourante[0] != '0'));
 }
 
+void LecteurGedcom::NoterFiche(std::int32_t debut, std::string nom) {
+    resultat_.Reperes.fiches.push_back({debut, std::max(debut, NumLigne - 1), std::move(nom)});
+}
+
+void LecteurGedcom::NoterFicheSansNumero(std::int32_t debut, std::string_view ligne0) {
+    const std::string fiche(SansBlancs(Depuis(ligne0, 2)));
+    if (Droite(ligne0, 4) == "SUBM")
+        NoterFiche(debut, base_.NumCourant == -1 ? "la fiche de l'auteur du fichier (" + fiche + ")"
+                                                 : "la fiche d'auteur (" + fiche +
+                                                       ") que l'en-t\xEAte ne d\xE9signe pas, non reprise");
+    else if (base_.NumCourant == 0)
+        NoterFiche(debut, "la fiche " + fiche + ", non reprise faute d'un num\xE9ro utilisable");
+}
+
 void LecteurGedcom::BouclePrincipale() {
     for (;;) {
         const std::string_view fin = Droite(Ligne0, 4);
-        if (fin == "INDI" || fin == "SUBM") SectionPersonne();
-        else if (fin == " FAM") SectionFamille();
-        else if (fin == "OBJE" && cases_.Fichiers) SectionMedia();
-        else if (fin == "NOTE" && cases_.Notes) SectionNote(false);
-        else if (fin == "SOUR" && cases_.Sources) SectionNote(true);
-        else if (fin == "HEAD") SectionEntete();
-        else Sauter();
+        const std::int32_t debut = NumLigne;
+        if (fin == "INDI" || fin == "SUBM") {
+            const std::string ligne0 = Ligne0;
+            SectionPersonne();
+            NoterFicheSansNumero(debut, ligne0);
+        } else if (fin == " FAM")
+            SectionFamille();
+        else if (fin == "OBJE" && cases_.Fichiers)
+            SectionMedia();
+        else if (fin == "NOTE" && cases_.Notes)
+            SectionNote(false);
+        else if (fin == "SOUR" && cases_.Sources)
+            SectionNote(true);
+        else if (fin == "HEAD") {
+            SectionEntete();
+            NoterFiche(debut, "l'en-t\xEAte du fichier (HEAD)");
+        } else
+            Sauter();
         if (Droite(Ligne0, 4) == "TRLR" || Annule()) break;
         if (aucuneLigne_ && pos_ + 2 >= tampon_.size()) break;
     }
@@ -385,6 +488,10 @@ ResultatLecture LireGedcom(Base& base, ContexteLecture& contexte) {
     std::string contenu;
     ResultatLecture echec;
     if (!LireFichierEntier(chemin, contenu, echec.Erreur)) return echec;
+    if (const NatureFichier n = ExaminerFichier(contenu); n != NatureFichier::Gedcom) {
+        echec.Erreur = MessageNature(n, chemin);
+        return echec;
+    }
     return LireGedcomTexte(base, contexte, std::move(contenu));
 }
 

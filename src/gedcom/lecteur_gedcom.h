@@ -33,7 +33,8 @@ struct ActeDuContexte {
 
 // La rangée de la table pour ce contexte, nulle s'il n'y en a pas.
 template <typename Fiche, std::size_t N>
-const ActeDuContexte<Fiche>* ChercherActe(const ActeDuContexte<Fiche> (&table)[N], std::string_view contexte) {
+const ActeDuContexte<Fiche>* ChercherActe(const ActeDuContexte<Fiche> (&table)[N],
+                                          std::string_view contexte) {
     for (const auto& r : table)
         if (r.balise == contexte) return &r;
     return nullptr;
@@ -41,6 +42,10 @@ const ActeDuContexte<Fiche>* ChercherActe(const ActeDuContexte<Fiche> (&table)[N
 
 // Plus grand numéro d'enregistrement accepté : au-delà, la mémoire ne suivrait plus.
 constexpr std::int64_t kNumeroMaximal = 99'999'999;
+
+// Le nom du généalogiste (fiche SUBM) : "Claire /Martin/" donne les prénoms "Claire" et
+// le nom "Martin", comme l'écriture les a mis ; sans barre oblique, tout est le nom.
+void NomDuGenealogiste(Perso& g, std::string_view valeur);
 
 class LecteurGedcom {
 public:
@@ -103,8 +108,8 @@ public:
     const OptionsGedcom& cases_;
 
     std::string tampon_;
-    std::size_t pos_ = 0;        // début de la prochaine ligne (compté depuis 0)
-    bool aucuneLigne_ = false;   // la dernière recherche n'a trouvé aucune ligne
+    std::size_t pos_ = 0;       // début de la prochaine ligne (compté depuis 0)
+    bool aucuneLigne_ = false;  // la dernière recherche n'a trouvé aucune ligne
     std::string LigneCourante;
     std::string Ligne0, Ligne1, Ligne2;
     std::string Balise;
@@ -118,25 +123,25 @@ public:
     std::string DernierLieu;
     std::int32_t PremierePerso = 0;
 
-    std::int32_t MaxPersos = 0;   // maximum de travail des numéros de personnes
-    std::int32_t NbFamisLues = 0; // compte des familles, offset compris
+    std::int32_t MaxPersos = 0;    // maximum de travail des numéros de personnes
+    std::int32_t NbFamisLues = 0;  // compte des familles, offset compris
     std::int32_t DerniereNote = 0, DerniereSource = 0;
-    std::vector<bool> Comptees;   // personnes déjà comptées dans NbPersosReels
-    std::vector<std::int32_t> IndiLus;  // numéros des fiches INDI lues
+    std::vector<bool> Comptees;                  // personnes déjà comptées dans NbPersosReels
+    std::vector<std::int32_t> IndiLus;           // numéros des fiches INDI lues
     std::int32_t DernierMedia = base_.NbMedias;  // plus haut numéro d'objet média vu ou créé
     std::unordered_map<std::string, std::int32_t> Traduits;
-    std::int64_t ProchainTraduit = 0;  // 0 : le fichier n'a pas encore été parcouru
+    std::int64_t ProchainTraduit = 0;              // 0 : le fichier n'a pas encore été parcouru
     CodageFichier Codage = CodageFichier::Octets;  // codage reconnu sur les octets bruts
-    bool CharLu = false;         // l'en-tête portait une ligne CHAR
-    bool Utf8Converti = false;   // la table UTF-8 est déjà passée
+    bool CharLu = false;                           // l'en-tête portait une ligne CHAR
+    bool Utf8Converti = false;                     // la table UTF-8 est déjà passée
 
     // --- état des sections personne et famille ---
-    int NiveauLigne = 0;            // niveau de la ligne en cours, lu avant le découpage
-    int TemoinEnAttente = 0;        // emplacement du dernier témoin ajouté (ASSO), 0 : aucun
-    int EnfantSuivant = 1;          // prochain emplacement d'enfant de la famille en cours
-    int NiveauObjet = 0;            // niveau d'un bloc OBJE sans pointeur en cours, 0 : aucun
-    std::int32_t ObjetDuBloc = 0;   // objet créé par le FILE de ce bloc
-    std::string TitreDuBloc;        // TITL lu avant le FILE de ce bloc
+    int NiveauLigne = 0;           // niveau de la ligne en cours, lu avant le découpage
+    int TemoinEnAttente = 0;       // emplacement du dernier témoin ajouté (ASSO), 0 : aucun
+    int EnfantSuivant = 1;         // prochain emplacement d'enfant de la famille en cours
+    int NiveauObjet = 0;           // niveau d'un bloc OBJE sans pointeur en cours, 0 : aucun
+    std::int32_t ObjetDuBloc = 0;  // objet créé par le FILE de ce bloc
+    std::string TitreDuBloc;       // TITL lu avant le FILE de ce bloc
     // Une lecture dans une base non vide range notes, sources et médias à la suite des siens.
     std::int32_t DecalageNotes = base_.NbNotes;
     std::int32_t DecalageSources = base_.NbSources;
@@ -176,7 +181,9 @@ public:
 
     // Contexte de ParseDate pris sur l'état du lecteur.
     ContexteDate ContexteDeDate();
-    const Texte& LireDateLigne(std::string_view valeur, Acte& a) { return ParseDate(valeur, a, ContexteDeDate()); }
+    const Texte& LireDateLigne(std::string_view valeur, Acte& a) {
+        return ParseDate(valeur, a, ContexteDeDate());
+    }
     // Vrai quand la ligne courante continue un bloc OBJE sans pointeur (FILE, TITL, FORM du bloc).
     bool DansBlocObjet() const { return NiveauObjet > 0 && NiveauLigne > NiveauObjet; }
     // Retient le préfixe d'un identifiant de fiche lue ; parcourt une fois le reste du fichier.
@@ -187,6 +194,11 @@ public:
 private:
     void PreparerTampon(std::string contenu);
     void BouclePrincipale();
+    // Retient les lignes debut..(ligne courante - 1) comme une fiche sans numéro de personne.
+    void NoterFiche(std::int32_t debut, std::string nom);
+    // Après une section de personne : l'auteur du fichier, un autre auteur, ou une fiche
+    // INDI au numéro inutilisable dont les lignes ne sont pas reprises.
+    void NoterFicheSansNumero(std::int32_t debut, std::string_view ligne0);
     void Sauter();
     void Terminer();
 

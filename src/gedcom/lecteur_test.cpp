@@ -7,6 +7,7 @@
 #include <string>
 
 #include "gedcom/lecteur_gedcom.h"
+#include "gedcom/lecture_essai.h"
 #include "platform/progression.h"
 
 namespace arbolix {
@@ -31,7 +32,10 @@ struct Lecture {
 std::string Fichier(std::string_view lignes, std::string_view fin = "\r\n") {
     std::string r;
     for (char c : lignes) {
-        if (c == '|') r += fin; else r += c;
+        if (c == '|')
+            r += fin;
+        else
+            r += c;
     }
     return r;
 }
@@ -71,6 +75,20 @@ TEST(Lecteur, ReparationsGlobales) {
     EXPECT_EQ(rtf, "1 NOTE [/rtf1 gras]\r\n");
 }
 
+// Un identifiant égaré sur une sous-ligne ne fait pas perdre son texte.
+TEST(Lecteur, IdentifiantSurUneSousLigneIgnore) {
+    essai::Lecture l;
+    l.Lire(
+        "0 @I1@ INDI|1 NAME Ammie /Willis/|1 NOTE @N59@|0 @N59@ NOTE |1 @N59@ CONT |1 @N59@ CONT jamais "
+        "mari\xE9"
+        "e.");
+    EXPECT_NE(l.N(59).find("jamais mari\xE9"
+                          "e."),
+              std::string::npos)
+        << l.N(59);
+    EXPECT_EQ(l.Compte("identifiant @N59@ ignor\xE9 devant une sous-ligne."), 2u);
+}
+
 TEST(Lecteur, IdentifiantsIndiEtNumerosDifferents) {
     Lecture l;
     l.Lire(Fichier("0 HEAD|0 @INDI5@ INDI|1 NAME Paul /Petit/|0 @I3@ INDI|1 NAME Luc /Grand/|0 TRLR|"));
@@ -83,8 +101,9 @@ TEST(Lecteur, IdentifiantsIndiEtNumerosDifferents) {
 
 TEST(Lecteur, LignesVidesEtEnregistrementInconnu) {
     Lecture l;
-    l.Lire(Fichier("0 HEAD||0 @R1@ REPO|1 NAME Archives /X/|0 @I1@ INDI|1 NAME Jean /Dupont/||"
-                   "|1 NAME Jacques /Durand/|0 TRLR|"));
+    l.Lire(
+        Fichier("0 HEAD||0 @R1@ REPO|1 NAME Archives /X/|0 @I1@ INDI|1 NAME Jean /Dupont/||"
+                "|1 NAME Jacques /Durand/|0 TRLR|"));
     // Le dépôt est sauté sans un mot ; la deuxième ligne vide ramène dans la même fiche.
     EXPECT_EQ(l.base.NbPersosReels, 1);
     EXPECT_EQ(l.P(1).Nom, "Dupont,Durand");
@@ -95,9 +114,10 @@ TEST(Lecteur, LignesVidesEtEnregistrementInconnu) {
 TEST(Lecteur, FichierTronqueSansTrlr) {
     Lecture l;
     l.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 NAME Jean /Dupont/|0 @I2@ INDI|1 NAME Marie /Martin/|"));
-    EXPECT_EQ(l.resultat.Journal,
-              "Alerte : fin de fichier atteinte sans terminateur Gedcom ! Le fichier pourrait \xEAtre tronqu\xE9 "
-              "et incomplet.\r\n");
+    EXPECT_EQ(
+        l.resultat.Journal,
+        "Alerte : fin de fichier atteinte sans terminateur Gedcom ! Le fichier pourrait \xEAtre tronqu\xE9 "
+        "et incomplet.\r\n");
     EXPECT_EQ(l.P(2).Nom, "Martin");
     Lecture f;
     f.Lire(Fichier("0 HEAD|0 @F1@ FAM|1 HUSB @I1@|"));
@@ -106,7 +126,8 @@ TEST(Lecteur, FichierTronqueSansTrlr) {
 
 TEST(Lecteur, AgrandissementPasseDixMilleEtNumeroEleve) {
     std::string t = "0 HEAD\r\n";
-    for (int i = 1; i <= 12000; ++i) t += "0 @I" + std::to_string(i) + "@ INDI\r\n1 NAME P /N" + std::to_string(i) + "/\r\n";
+    for (int i = 1; i <= 12000; ++i)
+        t += "0 @I" + std::to_string(i) + "@ INDI\r\n1 NAME P /N" + std::to_string(i) + "/\r\n";
     t += "0 TRLR\r\n";
     Lecture l;
     l.Lire(t);
@@ -123,8 +144,9 @@ TEST(Lecteur, AgrandissementPasseDixMilleEtNumeroEleve) {
 
 TEST(Lecteur, IdentifiantDemesureNeFaitPasExploserLaMemoire) {
     Lecture l;
-    l.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 NAME A /B/|0 @I99999999@ INDI|1 NAME C /D/|"
-                   "0 @I999999999999@ INDI|1 NAME E /F/|0 TRLR|"));
+    l.Lire(
+        Fichier("0 HEAD|0 @I1@ INDI|1 NAME A /B/|0 @I99999999@ INDI|1 NAME C /D/|"
+                "0 @I999999999999@ INDI|1 NAME E /F/|0 TRLR|"));
     EXPECT_EQ(l.P(99999999).Nom, "D");
     EXPECT_LE(l.base.Persos.FichesEnMemoire(), 3u * 1024u);
     EXPECT_NE(l.resultat.Journal.find("erreur 6 : D\xE9passement de capacit\xE9"), std::string::npos);
@@ -208,6 +230,90 @@ TEST(Lecteur, FichierIntrouvableOuDossier) {
     EXPECT_NE(r.Erreur.find("ce n'est pas un fichier"), std::string::npos);
 }
 
+std::string Octets(const std::filesystem::path& chemin) {
+    std::ifstream f(chemin, std::ios::binary);
+    return {std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>()};
+}
+
+TEST(Lecteur, NatureDesFichiersQuOnOuvre) {
+    const std::string donnees = ARBOLIX_DONNEES;
+    const struct {
+        std::string fichier;
+        NatureFichier nature;
+    } cas[] = {
+        {"ouverture/vide.ged", NatureFichier::Vide},
+        {"ouverture/binaire.ged", NatureFichier::Binaire},
+        {"ouverture/texte.ged", NatureFichier::SansEntete},
+        {"caracteres/utf16le.ged", NatureFichier::Gedcom},
+        {"caracteres/utf16be-sans-marque.ged", NatureFichier::Gedcom},
+        {"caracteres/utf8.ged", NatureFichier::Gedcom},
+    };
+    for (const auto& c : cas)
+        EXPECT_EQ(ExaminerFichier(Octets(donnees + "/" + c.fichier)), c.nature) << c.fichier;
+    const struct {
+        std::string octets;
+        NatureFichier nature;
+    } textes[] = {
+        {"\xEF\xBB\xBF", NatureFichier::Vide},
+        {" \r\n\r\n\t", NatureFichier::Vide},
+        {"\xEF\xBB\xBF"
+         "0 HEAD\n1 CHAR UTF-8\n",
+         NatureFichier::Gedcom},
+        {"\r\n\r\n  0 HEAD\r\n", NatureFichier::Gedcom},
+        {"0 HEAD\r\n" + std::string(40, '\x01'), NatureFichier::Binaire},
+        {"0 HEAD\r\n1 NOTE \x07 sonnette\r\n" + std::string(5000, 'x'), NatureFichier::Gedcom},
+        {"1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n0 HEAD\n", NatureFichier::SansEntete},
+    };
+    for (const auto& t : textes) EXPECT_EQ(ExaminerFichier(t.octets), t.nature) << t.octets;
+}
+
+// Chaque fichier réel du corpus s'ouvre : UTF-16 avec ou sans marque, marque UTF-8, fins de ligne de tout
+// genre.
+TEST(Lecteur, ToutLeCorpusEstDuGedcom) {
+    const auto dossier = std::filesystem::path(ARBOLIX_CORPUS) / "gedcom";
+    if (!std::filesystem::is_directory(dossier)) GTEST_SKIP() << "corpus absent";
+    int vus = 0;
+    for (const auto& e : std::filesystem::directory_iterator(dossier)) {
+        if (e.path().extension() != ".ged" && e.path().extension() != ".GED") continue;
+        EXPECT_EQ(ExaminerFichier(Octets(e.path())), NatureFichier::Gedcom) << e.path();
+        ++vus;
+    }
+    EXPECT_GT(vus, 30);
+}
+
+TEST(Lecteur, UnFichierQuiNEstPasDuGedcomNEstPasLuEtLaBaseResteIntacte) {
+    const std::string donnees = ARBOLIX_DONNEES;
+    const struct {
+        std::string fichier;
+        std::string raison;
+    } cas[] = {
+        {"vide.ged", " est vide : il n'y a rien \xE0 ouvrir."},
+        {"binaire.ged",
+         " n'est pas un fichier GEDCOM : il contient des donn\xE9"
+         "es binaires, ce n'est pas un texte."},
+        {"texte.ged",
+         " n'est pas un fichier GEDCOM : ses premi\xE8res lignes n'ont pas l'en-t\xEAte \xAB 0 HEAD \xBB."},
+    };
+    for (const auto& c : cas) {
+        Lecture l;
+        l.Lire(Fichier(kDeuxPersonnes));
+        l.base.FichierModifie = kVrai;
+        ContexteLecture ctx{l.options, l.cases, l.progression};
+        l.cases.Fichier = donnees + "/ouverture/" + c.fichier;
+        const auto r = LireGedcom(l.base, ctx);
+        EXPECT_FALSE(r.Lu) << c.fichier;
+        EXPECT_EQ(r.Erreur, "Le fichier " + l.cases.Fichier + c.raison);
+        EXPECT_EQ(l.P(2).Nom, "Martin") << c.fichier;
+        EXPECT_EQ(l.base.NbPersosReels, 2);
+        EXPECT_EQ(l.base.FichierModifie, kVrai);
+    }
+    Lecture utf16;
+    ContexteLecture ctx{utf16.options, utf16.cases, utf16.progression};
+    utf16.cases.Fichier = donnees + "/caracteres/utf16le-sans-marque.ged";
+    EXPECT_TRUE(LireGedcom(utf16.base, ctx).Lu);
+    EXPECT_GT(utf16.base.NbPersosReels, 0);
+}
+
 TEST(Lecteur, NomDeFichierCoupeAuDieseSeulementSIlExiste) {
     const auto dossier = std::filesystem::temp_directory_path() / "arbolix-diese";
     std::filesystem::create_directories(dossier);
@@ -227,22 +333,28 @@ TEST(Lecteur, ControlesApresLecture) {
     Lecture l;
     l.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 NAME Jean /Dupont/|0 @I4@ INDI|0 @I6@ INDI|1 NAME /Seul/|0 TRLR|"));
     EXPECT_EQ(l.resultat.Journal,
-              "Info : la fiche 2 est vide et peut \xEAtre r\xE9utilis\xE9" "e.\r\n"
-              "Info : la fiche 3 est vide et peut \xEAtre r\xE9utilis\xE9" "e.\r\n"
-              "Info : la fiche 4 est vide et peut \xEAtre r\xE9utilis\xE9" "e.\r\n"
-              "Info : la fiche 5 est vide et peut \xEAtre r\xE9utilis\xE9" "e.\r\n");
+              "Info : la fiche 2 est vide et peut \xEAtre r\xE9utilis\xE9"
+              "e.\r\n"
+              "Info : la fiche 3 est vide et peut \xEAtre r\xE9utilis\xE9"
+              "e.\r\n"
+              "Info : la fiche 4 est vide et peut \xEAtre r\xE9utilis\xE9"
+              "e.\r\n"
+              "Info : la fiche 5 est vide et peut \xEAtre r\xE9utilis\xE9"
+              "e.\r\n");
     // Une fiche lue avec un nom mais sans prénom garde sa place dans les parcours.
     EXPECT_EQ(l.P(6).Prenoms, "N");
     // Sans nom ni date, un sexe, un métier ou un lieu suffisent : la fiche serait perdue à l'enregistrement.
     Lecture sansNom;
-    sansNom.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 SEX F|0 @I2@ INDI|1 OCCU tisserand|0 @I3@ INDI|1 BIRT|2 PLAC Sarlat|"
-                         "0 @I4@ INDI|1 CHAN|2 DATE 1 JAN 2000|0 TRLR|"));
+    sansNom.Lire(
+        Fichier("0 HEAD|0 @I1@ INDI|1 SEX F|0 @I2@ INDI|1 OCCU tisserand|0 @I3@ INDI|1 BIRT|2 PLAC Sarlat|"
+                "0 @I4@ INDI|1 CHAN|2 DATE 1 JAN 2000|0 TRLR|"));
     for (int n : {1, 2, 3}) EXPECT_EQ(sansNom.P(n).Prenoms, "N") << n;
     EXPECT_TRUE(sansNom.P(4).Prenoms.empty());
     Lecture moitie;
     moitie.Lire(Fichier("0 HEAD|0 @I1@ INDI|1 NAME A /B/|0 @I9@ INDI|1 NAME C /D/|0 TRLR|"));
-    EXPECT_EQ(moitie.resultat.Journal.rfind("Info : plus de la moiti\xE9 des fiches individuelles sont vides !", 0),
-              0u);
+    EXPECT_EQ(
+        moitie.resultat.Journal.rfind("Info : plus de la moiti\xE9 des fiches individuelles sont vides !", 0),
+        0u);
 }
 
 }  // namespace
@@ -253,16 +365,20 @@ namespace {
 
 TEST(Lecteur, IdentifiantsSansNumeroUtilisable) {
     Lecture l;
-    l.Lire(Fichier("0 HEAD|1 SUBM @SUBM@|0 @SUBM@ SUBM|1 NAME Jean /G\xE9n\xE9" "alogiste/|"
-                   "0 @Abraham_Simpson@ INDI|1 NAME Abraham /Simpson/|0 @I4@ INDI|1 NAME Homer /Simpson/|"
-                   "0 @I152733931767@ INDI|1 NAME Bart /Simpson/|0 @I0@ INDI|1 NAME Lisa /Simpson/|0 TRLR|"));
+    l.Lire(
+        Fichier("0 HEAD|1 SUBM @SUBM@|0 @SUBM@ SUBM|1 NAME Jean /G\xE9n\xE9"
+                "alogiste/|"
+                "0 @Abraham_Simpson@ INDI|1 NAME Abraham /Simpson/|0 @I4@ INDI|1 NAME Homer /Simpson/|"
+                "0 @I152733931767@ INDI|1 NAME Bart /Simpson/|0 @I0@ INDI|1 NAME Lisa /Simpson/|0 TRLR|"));
     EXPECT_EQ(l.base.NbPersosReels, 4);
     EXPECT_EQ(l.P(4).Prenoms, "Homer");
     // Les identifiants sans numéro prennent les numéros qui suivent le plus grand du fichier.
     EXPECT_EQ(l.P(6).Prenoms, "Abraham");
     EXPECT_EQ(l.P(7).Prenoms, "Bart");
     EXPECT_EQ(l.P(8).Prenoms, "Lisa");
-    EXPECT_EQ(l.P(-1).Nom, "Jean G\xE9n\xE9" "alogiste");
+    EXPECT_EQ(l.P(-1).Nom,
+              "G\xE9n\xE9"
+              "alogiste");
 }
 
 }  // namespace

@@ -131,9 +131,6 @@ TEST(LectureCorpus, NomsEtLieuxConvertisDansLaPage1252) {
     // Ce que l'on ne sait pas convertir, avec la raison.
     const std::map<std::string, std::string> exceptions = {
         {"heredis7-macintosh.ged", "page Macintosh : signalée dans le journal, laissée telle quelle"},
-        // La table UTF-8 ne connaît que la page 1252 : le reste garde ses octets.
-        {"UHLBOMCL.GED", "lettres du latin étendu et du vietnamien, hors de la page 1252"},
-        {"bourbon.ged", "un lieu « Tūnis » : ū est hors de la page 1252"},
     };
     int verifies = 0;
     for (const auto& [nom, octets] : corpus) {

@@ -24,6 +24,19 @@ void Reparer(std::string& tampon, std::size_t depuis, std::initializer_list<Repa
 
 }  // namespace
 
+void NomDuGenealogiste(Perso& g, std::string_view valeur) {
+    const auto propre = [](std::string_view t) { return std::string(SansBlancs(SansDoublesBlancs(t))); };
+    const auto barre = valeur.find('/');
+    if (barre == std::string_view::npos) {
+        g.Nom = propre(valeur);
+        g.Prenoms.clear();
+        return;
+    }
+    // Ce qui suit la seconde barre ("Jean /Martin/ fils") reste au nom.
+    g.Prenoms = propre(valeur.substr(0, barre));
+    g.Nom = propre(Remplacer(valeur.substr(barre + 1), "/", " "));
+}
+
 void LecteurGedcom::ReparerProducteur(std::string_view mot) {
     if (mot == "OMEGA") {
         ProduitOmega = true;
@@ -61,38 +74,11 @@ void LecteurGedcom::SectionEntete() {
     FinEntete();
 }
 
-namespace {
-
-// Vrai si le texte contient au moins une suite UTF-8 multi-octets et aucune suite invalide.
-bool RessembleUtf8(std::string_view t) {
-    bool multi = false;
-    for (std::size_t i = 0; i < t.size(); ++i) {
-        const auto c = static_cast<unsigned char>(t[i]);
-        if (c < 0x80) continue;
-        if (c < 0xC2 || c >= 0xF5) return false;
-        const std::size_t suite = c >= 0xF0 ? 3 : c >= 0xE0 ? 2 : 1;
-        for (std::size_t k = 1; k <= suite; ++k)
-            if (i + k >= t.size() || (static_cast<unsigned char>(t[i + k]) & 0xC0) != 0x80) return false;
-        i += suite;
-        multi = true;
-    }
-    return multi;
-}
-
-}  // namespace
-
 void LecteurGedcom::FinEntete() {
     // Un fichier que sa marque ou son contenu dit UTF-8 mais dont l'en-tête ne
     // le dit pas : on le convertit quand même, plutôt que de garder des noms illisibles.
-    if (Utf8Converti) return;
-    const std::string_view reste = std::string_view(tampon_).substr(std::min(pos_, tampon_.size()));
-    const bool marque = Codage != CodageFichier::Octets;
-    if (!(marque || (!CharLu && RessembleUtf8(reste)))) return;
-    TableUtf8(tampon_, pos_);
-    Utf8Converti = true;
-    if (!marque)
-        JournaliserLigne("Info : le fichier ne d\xE9" "clare pas son jeu de caract\xE8res ; son contenu est en "
-                         "UTF-8 et a \xE9t\xE9 converti.");
+    if (!Utf8Converti)
+        Utf8Converti = ConvertirUtf8NonDeclare(tampon_, pos_, Codage, CharLu, resultat_.Journal);
 }
 
 void LecteurGedcom::LigneEntete() {
@@ -100,7 +86,8 @@ void LecteurGedcom::LigneEntete() {
     if (Balise == "CHAR") {
         contexte_.progression.Compteur(contexte_.textes.Lecture);
         CharLu = true;
-        const auto jeu = TraiterJeuCaracteres(tampon_, pos_, v, contexte_.textes.TitreProgramme, resultat_.Journal);
+        const auto jeu = TraiterJeuCaracteres(tampon_, pos_, v, contexte_.textes.TitreProgramme,
+                                              resultat_.Journal, Codage);
         if (jeu == JeuCaracteres::Utf8) Utf8Converti = true;
     } else if (Balise == "VERS") {
         if (Contexte1() == "GEDC" && !Comme(std::string(Gauche(v, 4)) + ".", "5.5.*"))

@@ -72,9 +72,7 @@ void Nom(LecteurGedcom& l, Perso& p, std::string& valeur) {
     }
     const std::int32_t n = l.base_.NumCourant;
     if (n <= 0) {
-        // Le généalogiste : un seul nom, sans barres obliques.
-        p.Nom = SansBlancs(SansDoublesBlancs(Remplacer(valeur, "/", " ")));
-        p.Prenoms.clear();
+        NomDuGenealogiste(p, valeur);
         return;
     }
     // Un nom de plus sans barre oblique (« 1 NAME Hotspur », un surnom) ne remplace pas le nom lu.

@@ -446,7 +446,7 @@ TEST(LecturePersonne, GenealogistesDeclareEtAutre) {
         "1 SUBM @U1@|0 @I1@ INDI|1 NAME Jean /Dupont/|0 @U2@ SUBM|1 NAME Autre /Personne/|1 PHON 1"
         "|0 @U1@ SUBM|1 NAME Paul  /Gen/|1 ADDR Ici");
     EXPECT_EQ(l.P(1), "Nom=Dupont; Prenoms=Jean");
-    EXPECT_EQ(l.P(-1), "Nom=Paul Gen; Adresse1=Ici");
+    EXPECT_EQ(l.P(-1), "Nom=Gen; Prenoms=Paul; Adresse1=Ici");
     EXPECT_EQ(l.P(0), "");
 }
 

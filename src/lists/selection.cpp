@@ -22,9 +22,14 @@ void Marquer(Tableau<T>& t, std::int32_t nombre, EnUsage enUsage) {
 
 void ToutSelectionner(Base& base) {
     Marquer(base.Persos, base.NbPersos, [](const Perso& p) { return !p.Nom.empty() || !p.Prenoms.empty(); });
-    Marquer(base.Familles, base.NbFamis, [](const Fami& f) { return f.Mari > 0 || f.Femme > 0; });
-    Marquer(base.Notes, base.NbNotes, [](const NoteExt& e) { return !e.Texte.empty(); });
-    Marquer(base.Sources, base.NbSources, [](const SourceExt& e) { return !e.Texte.empty(); });
+    // Une fratrie sans parent connu reste une famille : elle est écrite, donc sélectionnée.
+    Marquer(base.Familles, base.NbFamis,
+            [](const Fami& f) { return f.Mari > 0 || f.Femme > 0 || f.Enfants(2) > 0; });
+    // Une note ou une source existe dès qu'elle a un titre ou un texte : une source faite
+    // d'un titre seul est une source.
+    const auto enUsage = [](const NoteExt& e) { return !e.Titre.empty() || !e.Texte.empty(); };
+    Marquer(base.Notes, base.NbNotes, enUsage);
+    Marquer(base.Sources, base.NbSources, enUsage);
 }
 
 }  // namespace arbolix

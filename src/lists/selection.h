@@ -6,8 +6,8 @@
 namespace arbolix {
 
 // "Toute la base" : toute fiche en usage est sélectionnée, SelAvant remis à 0.
-// Personnes avec un nom ou des prénoms, familles avec un conjoint, notes et
-// sources avec un texte. Les objets médias n'ont pas de marque : l'écriture suit Actif.
+// Personnes avec un nom ou des prénoms, familles avec un conjoint ou deux enfants, notes et
+// sources avec un titre ou un texte. Les objets médias n'ont pas de marque : l'écriture suit Actif.
 void ToutSelectionner(Base& base);
 
 }  // namespace arbolix

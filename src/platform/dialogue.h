@@ -17,8 +17,10 @@ enum class Bouton { Ok, Annuler, Oui, Non, Abandonner, Reessayer, Ignorer };
 class Dialogue {
 public:
     virtual ~Dialogue() = default;
+    // defaut : le bouton qu'Entrée choisit ; sans lui, le premier de la rangée. Une
+    // question qui détruit (supprimer un lien, une fiche, une note) le donne à Non.
     virtual Bouton Message(std::string_view titre, std::string_view texte, Icone icone,
-                           Boutons boutons = Boutons::Ok) = 0;
+                           Boutons boutons = Boutons::Ok, std::optional<Bouton> defaut = std::nullopt) = 0;
     // Saisie d'un texte ; nullopt si l'utilisateur annule.
     virtual std::optional<std::string> Saisie(std::string_view titre, std::string_view invite,
                                               std::string_view defaut) = 0;

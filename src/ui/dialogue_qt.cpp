@@ -1,8 +1,8 @@
 #include "ui/dialogue_qt.h"
 
 #include <QDesktopServices>
-#include <QFileInfo>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -22,9 +22,11 @@ struct BoutonQt {
 
 std::vector<BoutonQt> BoutonsDe(Boutons b) {
     switch (b) {
-        case Boutons::Ok: return {{Bouton::Ok, "OK", QMessageBox::AcceptRole}};
+        case Boutons::Ok:
+            return {{Bouton::Ok, "OK", QMessageBox::AcceptRole}};
         case Boutons::OkAnnuler:
-            return {{Bouton::Ok, "OK", QMessageBox::AcceptRole}, {Bouton::Annuler, "Annuler", QMessageBox::RejectRole}};
+            return {{Bouton::Ok, "OK", QMessageBox::AcceptRole},
+                    {Bouton::Annuler, "Annuler", QMessageBox::RejectRole}};
         case Boutons::OuiNon:
             return {{Bouton::Oui, "Oui", QMessageBox::YesRole}, {Bouton::Non, "Non", QMessageBox::NoRole}};
         case Boutons::OuiNonAnnuler:
@@ -33,7 +35,10 @@ std::vector<BoutonQt> BoutonsDe(Boutons b) {
                     {Bouton::Annuler, "Annuler", QMessageBox::RejectRole}};
         case Boutons::AbandonnerReessayerIgnorer:
             return {{Bouton::Abandonner, "Abandonner", QMessageBox::RejectRole},
-                    {Bouton::Reessayer, "R\xC3\xA9" "essayer", QMessageBox::AcceptRole},
+                    {Bouton::Reessayer,
+                     "R\xC3\xA9"
+                     "essayer",
+                     QMessageBox::AcceptRole},
                     {Bouton::Ignorer, "Ignorer", QMessageBox::AcceptRole}};
     }
     return {};
@@ -41,11 +46,16 @@ std::vector<BoutonQt> BoutonsDe(Boutons b) {
 
 QMessageBox::Icon IconeQt(Icone i) {
     switch (i) {
-        case Icone::Information: return QMessageBox::Information;
-        case Icone::Question: return QMessageBox::Question;
-        case Icone::Attention: return QMessageBox::Warning;
-        case Icone::Stop: return QMessageBox::Critical;
-        case Icone::Aucune: break;
+        case Icone::Information:
+            return QMessageBox::Information;
+        case Icone::Question:
+            return QMessageBox::Question;
+        case Icone::Attention:
+            return QMessageBox::Warning;
+        case Icone::Stop:
+            return QMessageBox::Critical;
+        case Icone::Aucune:
+            break;
     }
     return QMessageBox::NoIcon;
 }
@@ -58,11 +68,17 @@ QString FiltreQt(std::string_view filtre) {
 
 }  // namespace
 
-Bouton DialogueQt::Message(std::string_view titre, std::string_view texte, Icone icone, Boutons boutons) {
+Bouton DialogueQt::Message(std::string_view titre, std::string_view texte, Icone icone, Boutons boutons,
+                           std::optional<Bouton> defaut) {
     QMessageBox boite(IconeQt(icone), VersQString(titre), VersQString(texte), QMessageBox::NoButton, parent_);
-    std::vector<std::pair<QAbstractButton*, Bouton>> faits;
+    std::vector<std::pair<QPushButton*, Bouton>> faits;
     for (const auto& b : BoutonsDe(boutons))
         faits.emplace_back(boite.addButton(QString::fromUtf8(b.texte), b.role), b.bouton);
+    // Entrée prend le bouton par défaut : sans quoi Qt choisirait d'après les rôles, Oui avant Non.
+    QPushButton* entree = faits.front().first;
+    for (const auto& [qt, bouton] : faits)
+        if (defaut && bouton == *defaut) entree = qt;
+    boite.setDefaultButton(entree);
     boite.exec();
     for (const auto& [qt, bouton] : faits)
         if (boite.clickedButton() == qt) return bouton;
@@ -73,30 +89,32 @@ Bouton DialogueQt::Message(std::string_view titre, std::string_view texte, Icone
 std::optional<std::string> DialogueQt::Saisie(std::string_view titre, std::string_view invite,
                                               std::string_view defaut) {
     bool ok = false;
-    const QString r = QInputDialog::getText(parent_, VersQString(titre), VersQString(invite), QLineEdit::Normal,
-                                            VersQString(defaut), &ok);
+    const QString r = QInputDialog::getText(parent_, VersQString(titre), VersQString(invite),
+                                            QLineEdit::Normal, VersQString(defaut), &ok);
     if (!ok) return std::nullopt;
     return DepuisQString(r);
 }
 
 std::optional<std::string> DialogueQt::ChoisirFichierOuvrir(std::string_view titre, std::string_view filtre,
                                                             std::string_view depart) {
-    const QString r = QFileDialog::getOpenFileName(parent_, VersQString(titre), QString::fromStdString(std::string(depart)),
-                                                   FiltreQt(filtre));
+    const QString r = QFileDialog::getOpenFileName(
+        parent_, VersQString(titre), QString::fromStdString(std::string(depart)), FiltreQt(filtre));
     if (r.isEmpty()) return std::nullopt;
     return r.toStdString();
 }
 
-std::optional<std::string> DialogueQt::ChoisirFichierEnregistrer(std::string_view titre, std::string_view filtre,
+std::optional<std::string> DialogueQt::ChoisirFichierEnregistrer(std::string_view titre,
+                                                                 std::string_view filtre,
                                                                  std::string_view depart) {
-    const QString r = QFileDialog::getSaveFileName(parent_, VersQString(titre), QString::fromStdString(std::string(depart)),
-                                                   FiltreQt(filtre));
+    const QString r = QFileDialog::getSaveFileName(
+        parent_, VersQString(titre), QString::fromStdString(std::string(depart)), FiltreQt(filtre));
     if (r.isEmpty()) return std::nullopt;
     return r.toStdString();
 }
 
 std::optional<std::string> DialogueQt::ChoisirDossier(std::string_view titre, std::string_view depart) {
-    const QString r = QFileDialog::getExistingDirectory(parent_, VersQString(titre), QString::fromStdString(std::string(depart)));
+    const QString r = QFileDialog::getExistingDirectory(parent_, VersQString(titre),
+                                                        QString::fromStdString(std::string(depart)));
     if (r.isEmpty()) return std::nullopt;
     return r.toStdString();
 }
@@ -105,9 +123,9 @@ bool DialogueQt::OuvrirDansProgramme(std::string_view chemin) {
     const QString c = QString::fromStdString(std::string(chemin));
     // Une adresse (site, courriel) s'ouvre comme telle ; "www.exemple.fr" aussi, faute de fichier de ce nom.
     const bool adresse = c.contains("://") || c.startsWith("mailto:");
-    const QUrl url = adresse                    ? QUrl(c)
-                     : QFileInfo::exists(c)     ? QUrl::fromLocalFile(c)
-                                                : QUrl::fromUserInput(c);
+    const QUrl url = adresse                ? QUrl(c)
+                     : QFileInfo::exists(c) ? QUrl::fromLocalFile(c)
+                                            : QUrl::fromUserInput(c);
     return QDesktopServices::openUrl(url);
 }
 

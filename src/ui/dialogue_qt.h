@@ -12,7 +12,8 @@ public:
     explicit DialogueQt(QWidget* parent) : parent_(parent) {}
     void ChangerParent(QWidget* parent) { parent_ = parent; }
 
-    Bouton Message(std::string_view titre, std::string_view texte, Icone icone, Boutons boutons) override;
+    Bouton Message(std::string_view titre, std::string_view texte, Icone icone, Boutons boutons,
+                   std::optional<Bouton> defaut) override;
     std::optional<std::string> Saisie(std::string_view titre, std::string_view invite,
                                       std::string_view defaut) override;
     std::optional<std::string> ChoisirFichierOuvrir(std::string_view titre, std::string_view filtre,

@@ -116,7 +116,7 @@ bool FenetreEvenement::OuvrirActe(char genre, std::int32_t p, std::int32_t f, co
     setWindowTitle(VersQString(titre));
     ui_->LabelDate->setText(VersQString(titre));
     ui_->Date->setText(VersQString(a.Date.vue()));
-    dateTapee_ = false;
+    dateTapee_ = dateSaisie_ = false;
     RemplirCombo(*ui_->Lieu, base_.Listes.Lieu, a.Lieu.vue());
     ui_->Notes->setPlainText(VersCase(a.Notes.vue()));
     RemplirCombo(*ui_->Source, base_.Listes.Source, a.Source.vue());
@@ -171,7 +171,7 @@ void FenetreEvenement::MontrerChamps(const ChampsDate& champs) {
 
 void FenetreEvenement::DateModifiee(const QString& texte) {
     if (base_.Chargement) return;
-    dateTapee_ = true;
+    dateTapee_ = dateSaisie_ = true;
     // Huit chiffres tapés : la date est complète, on passe au lieu.
     if (ui_->Lieu->currentText().isEmpty() && DateSaisieComplete(DepuisQString(texte)) && isVisible())
         ui_->Lieu->setFocus();
@@ -192,7 +192,7 @@ void FenetreEvenement::QuitterAge() {
     arbolix::QuitterAge(champs, Contexte(), ui_->Age->isEnabled());
     if (avant && !champs.Date.empty()) {
         MontrerChamps(champs);
-        dateTapee_ = true;
+        dateTapee_ = dateSaisie_ = true;
     }
 }
 
@@ -246,9 +246,16 @@ void FenetreEvenement::AllerAuTemoin() {
 void FenetreEvenement::BoutonOK() {
     ChampsDate champs = LireChamps();
     Acte& a = base_.ActeCourant;
-    ValiderDate(champs, a, Contexte(), dateTapee_ && !champs.Date.empty());
+    const std::string motif =
+        ValiderDate(champs, a, Contexte(), dateTapee_ && !champs.Date.empty(), dateSaisie_);
     MontrerChamps(champs);
     dateTapee_ = false;
+    if (!motif.empty()) {
+        // La fenêtre reste ouverte sur la date, pour la corriger.
+        dialogue_.Message("Date non valide", motif, Icone::Attention);
+        ui_->Date->setFocus();
+        return;
+    }
     a.Lieu = DepuisQString(ui_->Lieu->currentText());
     a.Notes = champs.Notes;
     a.Source = DepuisQString(ui_->Source->currentText());

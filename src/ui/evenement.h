@@ -79,7 +79,8 @@ private:
     std::int32_t personne_ = 0;
     std::int32_t famille_ = 0;
     std::int32_t personneDemandee_ = 0;
-    bool dateTapee_ = false;  // Date touchée depuis sa dernière mise en forme
+    bool dateTapee_ = false;   // Date touchée depuis sa dernière mise en forme
+    bool dateSaisie_ = false;  // Date touchée depuis l'ouverture : vérifiée à la validation
 };
 
 }  // namespace arbolix

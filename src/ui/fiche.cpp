@@ -18,12 +18,13 @@
 #include <filesystem>
 
 #include "app/demarrage.h"
-#include "card/acte_courant.h"
-#include "gedcom/enregistrement.h"
 #include "app/reglages.h"
+#include "card/acte_courant.h"
 #include "card/fichiers_lies.h"
 #include "card/navigation.h"
 #include "dates/calendrier_gregorien.h"
+#include "gedcom/enregistrement.h"
+#include "gedcom/journal_lecture.h"
 #include "lists/rangees.h"
 #include "lists/selection.h"
 #include "platform/cp1252.h"
@@ -31,8 +32,8 @@
 #include "platform/qt_horloge.h"
 #include "platform/qt_texte.h"
 #include "store/chaines.h"
-#include "ui/choix_rangee.h"
 #include "tools/import_medias.h"
+#include "ui/choix_rangee.h"
 #include "ui/editeur.h"
 #include "ui/evenement.h"
 #include "ui/gedcom.h"
@@ -64,7 +65,8 @@ constexpr IconeBarre kIcones[] = {
      "er un nouveau fichier...",
      QStyle::SP_FileIcon, &Fiche::MenuNouveau, nullptr},
     {2, "Ouvrir un fichier existant...", QStyle::SP_DialogOpenButton, &Fiche::MenuOuvrir, nullptr},
-    {3, "Enregistrer le fichier", QStyle::SP_DialogSaveButton, &Fiche::MenuEnregistrer, &Ui::Fiche::MenuEnregistrer},
+    {3, "Enregistrer le fichier", QStyle::SP_DialogSaveButton, &Fiche::MenuEnregistrer,
+     &Ui::Fiche::MenuEnregistrer},
     {5, "Liste des personnes", QStyle::SP_FileDialogListView, &Fiche::MenuListePersos, nullptr},
     {6, "Liste des familles", QStyle::SP_DirHomeIcon, &Fiche::MenuListeFamis, &Ui::Fiche::MenuListeFamis},
     {7, "Liste des notes", QStyle::SP_FileDialogContentsView, &Fiche::MenuListeNotes, nullptr},
@@ -133,10 +135,10 @@ Fiche::Fiche(QWidget* parent)
     connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
     connect(ui_->MenuNotesFichier, &QAction::triggered, this, &Fiche::MenuNotesFichier);
     connect(ui_->MenuImportFichiers, &QAction::triggered, this, [this] { MenuImportFichiers({}); });
-    const std::pair<QPushButton*, char> boutonsActes[] = {{ui_->BoutonNaissance, 'N'}, {ui_->BoutonBapteme, 'B'},
-                                                          {ui_->BoutonDeces, 'D'},     {ui_->BoutonSepulture, 'S'},
-                                                          {ui_->ActeFami0, 'C'},       {ui_->ActeFami1, 'M'},
-                                                          {ui_->ActeFami2, 'X'}};
+    const std::pair<QPushButton*, char> boutonsActes[] = {
+        {ui_->BoutonNaissance, 'N'}, {ui_->BoutonBapteme, 'B'}, {ui_->BoutonDeces, 'D'},
+        {ui_->BoutonSepulture, 'S'}, {ui_->ActeFami0, 'C'},     {ui_->ActeFami1, 'M'},
+        {ui_->ActeFami2, 'X'}};
     for (const auto& [bouton, genre] : boutonsActes)
         connect(bouton, &QPushButton::clicked, this, [this, g = genre] { OuvrirEvenement(g); });
     connect(ui_->BarreMenu_0, &QMenu::aboutToShow, this, [this] {
@@ -179,7 +181,9 @@ void Fiche::ActualiserEnregistrer() {
     if (auto* a = findChild<QAction*>("IcoCommande3")) a->setEnabled(actif);
 }
 
-void Fiche::MenuEnregistrer() { Enregistrer(); }
+void Fiche::MenuEnregistrer() {
+    Enregistrer();
+}
 
 // La note du fichier lui-même, dans l'éditeur de notes.
 void Fiche::MenuNotesFichier() {
@@ -191,7 +195,8 @@ void Fiche::MenuNotesFichier() {
     }
 }
 
-// Des fichiers déposés (ou un dossier à choisir quand la liste est vide) deviennent objets médias ou personnes.
+// Des fichiers déposés (ou un dossier à choisir quand la liste est vide) deviennent objets médias ou
+// personnes.
 void Fiche::MenuImportFichiers(const std::vector<std::string>& deposes) {
     EnregistrerFiche();
     if (!ouvert_) return;
@@ -219,13 +224,13 @@ void Fiche::OuvrirEvenement(char genre) {
         f = LireQueue(contenu_.Unions[static_cast<std::size_t>(rangee)].texte).numero;
         if (f <= 0) return;
     }
-    ServicesEvenement services{[this](std::int32_t n) { return LigneCourte(base_, options_, n); },
-                               choisir_,
+    ServicesEvenement services{[this](std::int32_t n) { return LigneCourte(base_, options_, n); }, choisir_,
                                [] { return Maintenant(); }};
     FenetreEvenement fenetre(base_, options_, *dialogue_, services, this);
     const GenreActe* g = TrouverGenre(genre);
     const Perso& pe = std::as_const(base_.Persos)[p];
-    const std::string titre = std::string(SansBlancsDroite(g ? g->titre : "")) + " " + pe.Prenoms + " " + pe.Nom;
+    const std::string titre =
+        std::string(SansBlancsDroite(g ? g->titre : "")) + " " + pe.Prenoms + " " + pe.Nom;
     if (!fenetre.OuvrirActe(genre, p, f, titre)) return;
     const int resultat = fenetre.exec();
     if (resultat == QDialog::Accepted) base_.FichierModifie = kVrai;
@@ -247,7 +252,8 @@ bool Fiche::Enregistrer() {
                                   options_.FichierDefaut = gedcom_.Fichier;
                                   EcrireIni(ini_, "Chemins", "Fichier", gedcom_.Fichier);
                               }
-                              ContexteEnregistrement ctx{base_, gedcom_, options_, *dialogue_, &g, EnteteArbolix(), {}};
+                              ContexteEnregistrement ctx{base_, gedcom_,         options_, *dialogue_,
+                                                         &g,    EnteteArbolix(), {}};
                               const ResultatEnregistrement r = EnregistrerGedcom(ctx, choix);
                               if (!r.Enregistre) {
                                   dialogue_->Message(DepuisQString(g.windowTitle()), r.Erreur, Icone::Stop);
@@ -749,7 +755,7 @@ bool Fiche::ChargerFichier(Progression& progression) {
     RetenirFichier();
     if (!r.Journal.empty()) {
         const std::string texte = textes_.TitreJournal + " " + Utf8VersCp1252(gedcom_.Fichier) + "\r\n\r\n" +
-                                  r.Journal + "\r\n" + textes_.FinJournal;
+                                  JournalLisible(r.Journal, r.Reperes) + "\r\n" + textes_.FinJournal;
         editeur_->Montrer(VersQString(textes_.TitreJournal), texte);
     }
     return true;

@@ -33,6 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
     fuzz::TirerCases(donnees, cases, options);
     const std::string texte(reinterpret_cast<const char*>(donnees) + fuzz::kOctetsDeCases,
                             taille - fuzz::kOctetsDeCases);
+    if (ExaminerFichier(texte) != NatureFichier::Gedcom) return 0;  // refusé avant toute lecture
     // Ce qu'une case décoche se perd à la première lecture, et les premières relectures peuvent
     // encore changer une forme (un nom aux barres surnuméraires se redécoupe) ; ensuite le
     // fichier ne bouge plus.

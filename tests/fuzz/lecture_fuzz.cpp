@@ -19,6 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
     ContexteLecture ctx{options, cases, muette};
     const std::string texte(reinterpret_cast<const char*>(donnees) + fuzz::kOctetsDeCases,
                             taille - fuzz::kOctetsDeCases);
+    // Ce qui n'est pas du GEDCOM est refusé avant toute lecture.
+    if (ExaminerFichier(texte) != NatureFichier::Gedcom) return 0;
     const ResultatLecture r = LireGedcomTexte(base, ctx, texte);
     // Une lecture ne finit jamais sur une erreur : tout va au journal.
     if (!r.Lu) __builtin_trap();

@@ -279,6 +279,39 @@ private slots:
         QCOMPARE(base.Notes[1].LiensPersos(1), 1);
     }
 
+    // Une date tapée qui n'existe pas, ou qu'on ne reconnaît pas, garde la fenêtre ouverte ;
+    // corrigée avec un mois en français, elle est enregistrée.
+    void DateNonValideGardeLaFenetre() {
+        Base base;
+        Remplir(base);
+        Options o;
+        DialogueFactice d;
+        FenetreEvenement f(base, o, d, Services());
+        QVERIFY(f.OuvrirActe('N', 1, 0, "Naissance de Jean DUPONT"));
+        f.show();
+        auto* date = Controle<QLineEdit>(f, "Date");
+        for (const char* tape : {"31/02/1775", "1 maj 1850"}) {
+            d.messages.clear();
+            date->clear();
+            QTest::keyClicks(date, tape);
+            QTest::mouseClick(Controle<QPushButton>(f, "BoutonOK"), Qt::LeftButton);
+            QCOMPARE(d.messages.size(), std::size_t(1));
+            QCOMPARE(d.messages[0].titre, std::string("Date non valide"));
+            QVERIFY(d.messages[0].texte.starts_with("La date \xAB "));
+            QVERIFY(f.isVisible());
+            QVERIFY(base.Persos[1].Naissance.Date.empty());
+            QCOMPARE(base.FichierModifie, kFaux);
+        }
+        date->clear();
+        QTest::keyClicks(date, "1 mai 1850");
+        emit date->editingFinished();
+        QCOMPARE(date->text(), QStringLiteral("01/05/1850"));
+        QTest::mouseClick(Controle<QPushButton>(f, "BoutonOK"), Qt::LeftButton);
+        QCOMPARE(f.result(), int(QDialog::Accepted));
+        QCOMPARE(base.Persos[1].Naissance.Date.str(), std::string("01/05/1850"));
+        QCOMPARE(int(base.Persos[1].Naissance.Annee), 1850);
+    }
+
     void DateGardeeTelleQuelleSansSaisie() {
         Base base;
         Remplir(base);

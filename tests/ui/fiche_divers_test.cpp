@@ -178,6 +178,7 @@ private slots:
                           liste->visualItemRect(liste->item(1)).center());
         QCOMPARE(VersQString(e.d.messages.at(0).titre), QString("Fichier introuvable"));
         QCOMPARE(liste->count(), 2);
+        e.d.ReponseSuivante(Bouton::Oui);
         e.Choisir(1);
         QTest::mouseClick(liste->viewport(), Qt::LeftButton, {},
                           liste->visualItemRect(liste->item(1)).center());

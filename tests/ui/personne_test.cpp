@@ -121,7 +121,9 @@ private slots:
         Base base;
         Options o;
         Personne liste(base, o, nullptr);
-        const ListeCandidats candidats{"conjoint", "Conjoint de Jean MARTIN", " Ajouter une nouvelle fiche... P000009",
+        const ListeCandidats candidats{"conjoint",
+                                       "Conjoint de Jean MARTIN",
+                                       " Ajouter une nouvelle fiche... P000009",
                                        {"LAGARDE Anne P000002", "PETIT Marie P000004"}};
         QTimer::singleShot(0, [&] { DoubleCliquerRangee(liste, "PETIT"); });
         QCOMPARE(liste.ChoisirParmi(candidats), std::optional<std::string>("PETIT Marie P000004"));
@@ -253,10 +255,13 @@ private slots:
         auto* divers = fiche.findChild<QListWidget*>("ListeDivers");
         QCOMPARE(divers->count(), 2);
         QCOMPARE(divers->item(1)->text(), QString("introuvable.pdf P000006"));
-        // Double clic sur un fichier absent : le message des règles, rien d'ouvert.
+        // Double clic sur un fichier absent : le message des règles au clic et au double clic, rien
+        // d'ouvert ; sans réponse, Non (le bouton par défaut) garde le lien.
         DoubleCliquerItem(divers, 1);
-        QCOMPARE(d.messages.size(), std::size_t{1});
-        QCOMPARE(QString::fromStdString(d.messages[0].titre), QString("Fichier introuvable"));
+        QCOMPARE(d.messages.size(), std::size_t{2});
+        for (const auto& m : d.messages)
+            QCOMPARE(QString::fromStdString(m.titre), QString("Fichier introuvable"));
+        QCOMPARE(divers->count(), 2);
         DoubleCliquerItem(divers, 0);
         QCOMPARE(d.ouverts.size(), std::size_t{1});
         // Sexe inconnu : aucun bouton coché ni coloré.
