@@ -46,22 +46,38 @@ void LecteurGedcom::SectionNote(bool source) {
 namespace {
 
 // Ce qu'une source porte sans champ pour le garder : une ligne de son texte, derrière un libellé.
-// parent : la balise de niveau 1 sous laquelle la ligne se lit ; vide pour une ligne de niveau 1.
+// parent : la balise de la ligne du niveau au-dessus ; vide au niveau 1.
 struct LigneLibellee {
-    std::string_view balise;
+    int niveau;
     std::string_view parent;
+    std::string_view balise;
     std::string_view libelle;
 };
 constexpr LigneLibellee kLignesLibellees[] = {
-    {"AUTH", "", "Auteur : "}, {"PUBL", "", "Publication : "}, {"REPO", "", "D\xE9p\xF4t : "},
-    {"NOTE", "", "Note : "},   {"CALN", "REPO", "Cote : "},
+    {1, "", "AUTH", "Auteur : "},
+    {1, "", "PUBL", "Publication : "},
+    {1, "", "REPO", "D\xE9p\xF4t : "},
+    {2, "REPO", "CALN", "Cote : "},
+    {3, "CALN", "MEDI", "Support : "},
+    {1, "", "NOTE", "Note : "},
+    {1, "", "TYPE", "Type : "},
+    {1, "", "QUAY", "Qualit\xE9 : "},
+    {2, "DATA", "EVEN", "\xC9v\xE8nements : "},
+    {3, "EVEN", "DATE", "P\xE9riode : "},
+    {3, "EVEN", "PLAC", "Lieu : "},
+    {2, "DATA", "AGNC", "Organisme : "},
+    {2, "DATA", "NOTE", "Note : "},
 };
+
+// La balise de la ligne du niveau au-dessus d'une ligne de ce niveau ; vide quand on ne la connaît pas.
+std::string_view Parent(const LecteurGedcom& l, int niveau) {
+    return niveau == 2 ? l.Contexte1() : niveau == 3 ? l.Contexte2() : std::string_view{};
+}
 
 // Le libellé d'une ligne de ce niveau sous ce parent, vide si elle n'en a pas.
 std::string_view Libelle(std::string_view balise, int niveau, std::string_view parent) {
-    if (niveau < 1 || niveau > 2) return {};
     for (const auto& r : kLignesLibellees)
-        if (r.balise == balise && (niveau == 1 ? r.parent.empty() : r.parent == parent)) return r.libelle;
+        if (r.niveau == niveau && r.balise == balise && r.parent == parent) return r.libelle;
     return {};
 }
 
@@ -131,7 +147,7 @@ bool LireSuite(LecteurGedcom& l, NoteExt& note, std::string_view v) {
     } else if (parent == 1 && balise == "TITL") {
         if (cont && !note.Titre.empty()) note.Titre += " ";
         note.Titre += v;
-    } else if (!Libelle(balise, parent, l.Contexte1()).empty()) {
+    } else if (!Libelle(balise, parent, Parent(l, parent)).empty()) {
         if (!l.LibelleEnAttente.empty()) {
             NouvelleLigne(note.Texte, l.LibelleEnAttente + std::string(v));
             l.LibelleEnAttente.clear();
@@ -165,7 +181,10 @@ void LecteurGedcom::LigneNote(bool source, std::int32_t n) {
                (NiveauLigne == 2 && Balise == "TYPE" && Contexte1() == "TITL")) {
         // "1 TITL x" a été coupé en "1 TITL" et "2 TYPE x" : la ligne vide ne doit pas effacer le titre.
         if (!v.empty()) note.Titre = EstPointeur(v) ? LienLu(*this, v, genre) : v;
-    } else if (const std::string_view libelle = Libelle(Balise, NiveauLigne, Contexte1()); !libelle.empty()) {
+    } else if (NiveauLigne == 1 && Balise == "NAME" && note.Titre.empty()) {
+        note.Titre = v;  // le titre d'une source chez EasyTree
+    } else if (const std::string_view libelle = Libelle(Balise, NiveauLigne, Parent(*this, NiveauLigne));
+               !libelle.empty()) {
         garde = LireLigneLibellee(*this, note, libelle, v);
     } else {
         garde = v.empty() || Comme(Balise, "@*@");

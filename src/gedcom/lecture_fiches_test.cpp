@@ -38,12 +38,18 @@ TEST(LectureFiches, SourceAuteurPublicationDepot) {
         "0 @S1@ SOUR|1 AUTH Ancestry.com|1 TITL U.S., Find A Grave|2 CONC  Index"
         "|1 PUBL Name: Ancestry; Date: 2|2 CONC 012;|1 REPO @R1@|2 CALN 3 E 12"
         "|1 NOTE|2 CONC <i>Find A Grave</i>.|2 CONT http://x"
-        "|1 CHAN|2 DATE 1 JAN 2000|0 @R1@ REPO|1 NAME Archives de la Moselle|1 ADDR Metz");
+        "|1 CHAN|2 DATE 1 JAN 2000|0 @R1@ REPO|1 NAME Archives de la Moselle|1 ADDR Metz"
+        "|0 @S2@ SOUR|1 NAME Rose, par Gail Cameron|1 TYPE Autre|1 REPO|2 CALN|3 MEDI Livre|1 QUAY 2"
+        "|1 DATA|2 EVEN BIRT, DEAT|3 DATE FROM 1800 TO 1850|3 PLAC Metz|2 AGNC Paroisse");
     EXPECT_EQ(
         l.S(1),
         "Titre=U.S., Find A Grave Index; Texte=Auteur : Ancestry.com \\nPublication : Name: Ancestry; Date: "
         "2012; \\nD\xE9p\xF4t : Archives de la Moselle \\nCote : 3 E 12 \\nNote : <i>Find A Grave</i>. "
         "\\nhttp://x");
+    EXPECT_EQ(l.S(2),
+              "Titre=Rose, par Gail Cameron; Texte=Type : Autre \\nSupport : Livre \\nQualit\xE9 : 2 "
+              "\\n\xC9v\xE8nements : BIRT, DEAT \\nP\xE9riode : FROM 1800 TO 1850 \\nLieu : Metz "
+              "\\nOrganisme : Paroisse");
     EXPECT_TRUE(l.Journal().empty()) << l.Journal();
 }
 
