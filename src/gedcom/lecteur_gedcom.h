@@ -154,6 +154,21 @@ public:
     std::int32_t DecalageFamilles = base_.NbFamis;
     // Fiche en cours d'une section de notes, sources ou médias, pour y revenir après une ligne vide.
     std::int32_t DerniereNoteLue = 0, DerniereSourceLue = 0, DernierMediaLu = 0;
+    // Fiche de note ou de source en cours : le libellé (« Note : ») d'une ligne vide, posé avec sa suite.
+    std::string LibelleEnAttente;
+    // Balise de la dernière ligne de niveau 3 d'une fiche : c'est elle que continue une suite de niveau 4.
+    std::string Balise3;
+    // Noms des dépôts (0 @R1@ REPO, 1 NAME ...) par identifiant, relevés une fois dans le fichier.
+    std::unordered_map<std::string, std::string> NomsDepots;
+    bool DepotsParcourus = false;
+    // Lien d'une personne vers un fichier (objet, ou chemin quand objet vaut 0) qui n'a pas trouvé
+    // de place : tranché après la lecture, quand les doubles faits par les chemins sont partis.
+    struct FichierEnAttente {
+        std::int32_t personne, objet, ligne, typeActe;
+        Acte Perso::*acte;  // nul : la liste de la personne
+        std::string valeur;
+    };
+    std::vector<FichierEnAttente> FichiersEnAttente;
 
     // Entrée dans une fiche : les contextes de la fiche précédente ne valent plus.
     void NouvelleFiche();

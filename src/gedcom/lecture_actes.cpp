@@ -14,11 +14,16 @@ std::string NumLigneTexte(const LecteurGedcom& l) {
 }
 
 void DonneeNonTraitee(LecteurGedcom& l, std::string_view qui) {
+    DonneeNonTraitee(l, qui, l.Balise, l.LigneCourante);
+}
+
+void DonneeNonTraitee(LecteurGedcom& l, std::string_view qui, std::string_view balise,
+                      std::string_view valeur) {
     l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + ", " + std::string(qui) +
                        ", donn\xE9"
                        "e non trait\xE9"
                        "e : " +
-                       l.Balise + " " + l.LigneCourante);
+                       std::string(balise) + " " + std::string(valeur));
 }
 
 void LienVersUneFamille(LecteurGedcom& l, std::string_view v, std::string_view deQui) {
@@ -42,7 +47,18 @@ std::string LieuLu(LecteurGedcom& l, std::string_view v) {
 }
 
 void DateDeModification(LecteurGedcom& l, std::string_view v, double& dateModif) {
-    if (const auto d = LireDate(l.LireDateLigne(v, l.base_.ActeCourant))) dateModif = NumeroJour(*d);
+    if (const auto d = LireDate(DateDeTravail(l, v))) dateModif = NumeroJour(*d);
+}
+
+std::string DateDeTravail(LecteurGedcom& l, std::string_view v) {
+    Acte travail;
+    return l.LireDateLigne(v, travail).str();
+}
+
+bool MarquerConnu(const LecteurGedcom& l, Acte* a, std::string_view v) {
+    if (v != "Y" || l.NiveauLigne != 1 || !a) return false;
+    a->Connu = true;
+    return true;
 }
 
 void AjouterNoteActe(Acte& a, std::string_view v) {
@@ -110,11 +126,31 @@ void LierObjetEnRetour(LecteurGedcom& l, std::int32_t m, Emplacements<std::int32
 
 std::int32_t NouvelObjetLu(LecteurGedcom& l, std::string_view chemin) {
     const std::int32_t m = NouvelObjetLocal(l, chemin);
-    if (l.DansBlocObjet()) {
-        l.ObjetDuBloc = m;
-        if (!l.TitreDuBloc.empty()) l.base_.Medias[m].Titres.Fixer(1, Texte(l.TitreDuBloc));
-    }
+    RattacherAuBloc(l, m);
     return m;
+}
+
+namespace {
+
+// Un titre de plus sur l'objet, s'il ne l'a pas déjà ; faux quand ses neuf places sont prises.
+bool AjouterTitre(ObjetMedia& o, std::string_view titre) {
+    return titre.empty() || Contient(o.Titres, Texte(titre)) || PlacerPremierLibre(o.Titres, Texte(titre));
+}
+
+}  // namespace
+
+void RattacherAuBloc(LecteurGedcom& l, std::int32_t m) {
+    if (!l.DansBlocObjet()) return;
+    l.ObjetDuBloc = m;
+    AjouterTitre(l.base_.Medias[m], l.TitreDuBloc);
+    l.TitreDuBloc.clear();
+}
+
+void BlocSansObjet(LecteurGedcom& l, std::string_view qui) {
+    if (!l.DansBlocObjet()) return;
+    l.ObjetDuBloc = -1;
+    if (!l.TitreDuBloc.empty()) DonneeNonTraitee(l, qui, "TITL", l.TitreDuBloc);
+    l.TitreDuBloc.clear();
 }
 
 bool ObjetPointe(LecteurGedcom& l, std::string_view v) {
@@ -127,12 +163,12 @@ bool ObjetPointe(LecteurGedcom& l, std::string_view v) {
     return false;
 }
 
-void TitreDeBloc(LecteurGedcom& l, std::string_view v) {
+void TitreDeBloc(LecteurGedcom& l, std::string_view v, std::string_view qui) {
     if (v.empty()) return;
-    if (l.ObjetDuBloc > 0)
-        PlacerPremierLibre(l.base_.Medias[l.ObjetDuBloc].Titres, Texte(v));
-    else
+    if (l.ObjetDuBloc == 0)
         l.TitreDuBloc = v;
+    else if (l.ObjetDuBloc < 0 || !AjouterTitre(l.base_.Medias[l.ObjetDuBloc], v))
+        DonneeNonTraitee(l, qui);
 }
 
 }  // namespace arbolix

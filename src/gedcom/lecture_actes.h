@@ -43,10 +43,13 @@ bool AppliquerRegle(LecteurGedcom& l, const IndexBalises<Fiche>& index, Prendre&
 // Le numéro de la ligne courante, tel que le journal l'écrit.
 std::string NumLigneTexte(const LecteurGedcom& l);
 // "Erreur ligne n, <qui>, donnée non traitée : balise valeur" ; qui : "personne 3", "famille 2".
+// Sans balise ni valeur : celles de la ligne courante.
 void DonneeNonTraitee(LecteurGedcom& l, std::string_view qui);
+void DonneeNonTraitee(LecteurGedcom& l, std::string_view qui, std::string_view balise,
+                      std::string_view valeur);
 // Un pointeur de personne qui désigne une famille ; deQui : "de la personne 3", "de la famille 2".
 void LienVersUneFamille(LecteurGedcom& l, std::string_view v, std::string_view deQui);
-// "1 DEAT Y", "1 MARR Y" : le programme attend une date ; deQuoi : "mariage pour la famille 2".
+// "1 MARR N" : le programme attend une date ; deQuoi : "mariage pour la famille 2".
 void AttendUneDate(LecteurGedcom& l, std::string_view deQuoi);
 
 // --- Évènements ---
@@ -62,6 +65,20 @@ std::string LieuLu(LecteurGedcom& l, std::string_view v);
 
 // Date d'une ligne CHAN en jours depuis le 30/12/1899 ; une date incomplète laisse l'ancienne.
 void DateDeModification(LecteurGedcom& l, std::string_view v, double& dateModif);
+
+// Date lue pour un texte (résidence, métier, évènement divers, CHAN) : elle passe par un
+// évènement de travail, jamais par l'un de ceux de la fiche, où elle inventerait un acte.
+std::string DateDeTravail(LecteurGedcom& l, std::string_view v);
+
+// Une ligne plus profonde que niveauPropre appartient à un sous-bloc (citation, objet,
+// lieu...) : son NAME, sa DATE, son PLAC ou sa NOTE ne touche pas aux champs de la fiche.
+inline bool DansUnSousBloc(const LecteurGedcom& l, int niveauPropre) {
+    return l.NiveauLigne > niveauPropre;
+}
+
+// « 1 DEAT Y » : l'évènement a eu lieu, sans date ni lieu connus ; il est gardé comme connu.
+// Vrai quand la ligne est de cette forme.
+bool MarquerConnu(const LecteurGedcom& l, Acte* a, std::string_view v);
 
 // Une note lue sous un évènement, ajoutée à la ligne. La note républicaine que la date
 // vient de poser cède la place à celle du fichier pour le même jour, quelle qu'en soit
@@ -98,14 +115,23 @@ void LierObjetEnRetour(LecteurGedcom& l, std::int32_t m, Emplacements<std::int32
                        std::string_view v, std::string_view etQui, std::int32_t typeActe);
 
 // Nouvel objet local pour un chemin lu sous une fiche ; dans un bloc OBJE il devient
-// l'objet du bloc et prend le titre lu avant lui. Rend son numéro.
+// l'objet du bloc (voir RattacherAuBloc). Rend son numéro.
 std::int32_t NouvelObjetLu(LecteurGedcom& l, std::string_view chemin);
+
+// Dans un bloc OBJE, l'objet m (neuf, ou déjà lié à la fiche pour le même chemin) devient
+// l'objet du bloc et reçoit le titre lu avant le FILE.
+void RattacherAuBloc(LecteurGedcom& l, std::int32_t m);
+
+// Le FILE d'un bloc OBJE n'a pas pu être lié : le titre du bloc, lu avant ou après, est
+// perdu avec lui et va au journal. qui : "personne 3", "famille 2".
+void BlocSansObjet(LecteurGedcom& l, std::string_view qui);
 
 // OBJE : vrai pour un pointeur, que l'appelant lie comme FILE @M..@ ; sans valeur, ouvre
 // un bloc FILE/TITL/FORM.
 bool ObjetPointe(LecteurGedcom& l, std::string_view v);
 
-// Titre d'un fichier du bloc OBJE : sur l'objet déjà créé, sinon gardé pour le FILE qui suit.
-void TitreDeBloc(LecteurGedcom& l, std::string_view v);
+// Titre d'un fichier du bloc OBJE : sur l'objet du bloc, sinon gardé pour le FILE qui suit ;
+// au journal quand le fichier du bloc n'a pas pu être lié.
+void TitreDeBloc(LecteurGedcom& l, std::string_view v, std::string_view qui);
 
 }  // namespace arbolix

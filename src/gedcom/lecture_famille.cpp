@@ -42,10 +42,22 @@ std::string NumFamille(const LecteurGedcom& l) {
     return std::to_string(l.NbFamisLues);
 }
 
+std::string Famille(const LecteurGedcom& l) {
+    return "famille " + NumFamille(l);
+}
+
+// Une ligne d'un sous-bloc (citation, témoin, objet) plus profonde que niveauPropre n'a pas de
+// place dans la famille : elle va au journal.
+bool HorsDeLaFamille(LecteurGedcom& l, int niveauPropre) {
+    if (!DansUnSousBloc(l, niveauPropre)) return false;
+    DonneeNonTraitee(l, Famille(l));
+    return true;
+}
+
 // Un pointeur de personne utilisable, sinon la ligne va au journal.
 bool PointeurDePersonne(LecteurGedcom& l, const std::string& v) {
     if (!EstPointeur(v)) {
-        DonneeNonTraitee(l, "famille " + NumFamille(l));
+        DonneeNonTraitee(l, Famille(l));
         return false;
     }
     if (l.DesigneUneFamille(v)) {
@@ -109,6 +121,7 @@ void Conjoint(LecteurGedcom& l, Fami& f, std::string& v) {
 // --- Évènements ---
 
 void Date(LecteurGedcom& l, Fami& f, std::string& v) {
+    if (HorsDeLaFamille(l, 2)) return;
     const std::string_view ctx = l.Contexte1();
     if (Acte* a = ActeDate(f, ctx)) {
         l.LireDateLigne(v, *a);
@@ -118,18 +131,28 @@ void Date(LecteurGedcom& l, Fami& f, std::string& v) {
 }
 
 void Lieu(LecteurGedcom& l, Fami& f, std::string& v) {
+    if (HorsDeLaFamille(l, 2)) return;
     const std::string lieu = LieuLu(l, v);
     if (Acte* a = ActeDate(f, l.Contexte1())) a->Lieu = lieu;
 }
 
-void Mariage(LecteurGedcom& l, Fami&, std::string& v) {
-    if (v == "Y" || v == "N") AttendUneDate(l, "mariage pour la famille " + NumFamille(l));
+// « 1 MARR Y » : le mariage (le contrat, le divorce) a eu lieu, date et lieu inconnus. « N » ne
+// se garde pas.
+void EvenementConnu(LecteurGedcom& l, Fami& f, std::string& v) {
+    if (!MarquerConnu(l, ActeDate(f, l.Balise), v) && v == "N" && l.Balise == "MARR")
+        AttendUneDate(l, "mariage pour la famille " + NumFamille(l));
 }
 
 // --- Notes, sources, témoins ---
 
+// La suite d'une ligne de niveau 3 ne se garde pas : celle d'une note de sous-bloc va au journal
+// avec elle, les autres se taisent comme leur ligne.
 void Suite(LecteurGedcom& l, Fami& f, std::string& v) {
     if (v.empty()) return;
+    if (DansUnSousBloc(l, 3)) {
+        if (l.Balise3 == "NOTE") HorsDeLaFamille(l, 3);
+        return;
+    }
     if (v == "RELI" && l.ProduitOmega) v.clear();
     SuiteDeNoteActe(ActeOuMariage(f, l.Contexte1()), l.Balise, v);
 }
@@ -142,6 +165,7 @@ void Note(LecteurGedcom& l, Fami& f, std::string& v) {
         Role(l, f, v);
         return;
     }
+    if (l.Balise == "NOTE" && HorsDeLaFamille(l, 2)) return;
     if (v == "RELI" && l.ProduitOmega) return;
     if (EstPointeur(v)) v = LienLu(l, v, 'N');
     Acte& a = ActeOuMariage(f, l.Contexte1());
@@ -191,11 +215,17 @@ void Fichier(LecteurGedcom& l, Fami& f, std::string& v) {
         return;
     }
     // Un chemin : l'objet local est rangé dans l'évènement, sans quoi il serait perdu à l'écriture.
+    // Le même chemin déjà lié à l'évènement ne fait pas un second objet.
     Acte& a = ActeOuMariage(f, l.Contexte1());
+    if (const std::int32_t deja = ObjetAuChemin(l.base_, a.Liens().Medias, v)) {
+        RattacherAuBloc(l, deja);
+        return;
+    }
     if (a.Liens().Medias.PremierLibre() > kMaxLiens) {
         l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier la famille " +
                            NumFamille(l) + " et le fichier " + v);
         VoirFichier(a.Notes, v);
+        BlocSansObjet(l, Famille(l));
         return;
     }
     const std::int32_t m = NouvelObjetLu(l, v);
@@ -210,7 +240,7 @@ void Objet(LecteurGedcom& l, Fami& f, std::string& v) {
 }
 
 void TitreDeFichier(LecteurGedcom& l, Fami&, std::string& v) {
-    if (l.DansBlocObjet()) TitreDeBloc(l, v);
+    if (l.DansBlocObjet()) TitreDeBloc(l, v, Famille(l));
 }
 
 // --- La table des balises ---
@@ -233,7 +263,9 @@ constexpr RegleBalise<Fami> kBalisesFamille[] = {
     {"FILE", &OptionsGedcom::Fichiers, Fichier},
     {"OBJE", &OptionsGedcom::Fichiers, Objet},
     {"TITL", &OptionsGedcom::Fichiers, TitreDeFichier},
-    {"MARR", nullptr, Mariage},
+    {"MARR", nullptr, EvenementConnu},
+    {"MARC", nullptr, EvenementConnu},
+    {"DIV", nullptr, EvenementConnu},
     {"NCHI", nullptr, nullptr},
     {"NMR", nullptr, nullptr},
     {"ROLE", nullptr, nullptr},

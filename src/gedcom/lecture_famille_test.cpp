@@ -37,15 +37,37 @@ TEST(LectureFamille, NoteRepublicaineRelueSansGrossir) {
 TEST(LectureFamille, EnfantDansDeuxFamillesEtMariageSansDate) {
     Lecture l;
     l.LireFichier("familles.ged");
-    // Anne reste dans les deux familles ; ses parents sont ceux de la première.
-    EXPECT_EQ(l.F(2), "Mari=7; Enfants=4");
+    // Anne reste dans les deux familles ; ses parents sont ceux de la première. « 1 MARR Y » : le
+    // mariage a eu lieu, il est gardé comme connu.
+    EXPECT_EQ(l.F(2), "Mari=7; Mariage.Connu=Y; Enfants=4");
     EXPECT_EQ(l.Pe(4).NumParents, 1);
     EXPECT_EQ(l.P(7), "Nom=Autre; Prenoms=Paul; Unions=2");
     EXPECT_EQ(l.Journal(),
               "Alerte ligne 36 : enfant reli\xE9 \xE0 plusieurs couples parents : P4 Dupont Anne ; le lien "
               "vers les "
-              "parents F2 a \xE9t\xE9 ignor\xE9.\r\n"
-              "Erreur ligne 37 : Arbolix attend une date de mariage pour la famille 2.\r\n");
+              "parents F2 a \xE9t\xE9 ignor\xE9.\r\n");
+}
+
+// Évènements connus sans date, lignes d'une citation, même chemin deux fois.
+TEST(LectureFamille, EvenementsConnusSousBlocsEtFichiersEnDouble) {
+    Lecture l;
+    l.Lire(
+        "0 @I1@ INDI|1 NAME A /B/|0 @F1@ FAM|1 HUSB @I1@|1 MARR|2 DATE 1750|2 SOUR @S1@|3 DATA|4 DATE 1800"
+        "|3 NOTE citation|4 CONC suite|2 FILE a.jpg|2 FILE a.jpg|1 DIV Y|1 MARC Y|1 WIFE @I1@"
+        "|0 @F2@ FAM|1 HUSB @I1@|1 MARR N");
+    EXPECT_EQ(l.F(1),
+              "Mari=1; Femme=1; Contrat.Connu=Y; Mariage.Date=1750; Mariage.Source=@S1@; Mariage.Medias=1; "
+              "Divorce.Connu=Y");
+    EXPECT_EQ(l.base.NbMediasReels, 1);
+    const std::string nt =
+        "donn\xE9"
+        "e non trait\xE9"
+        "e : ";
+    EXPECT_EQ(
+        l.Journal(),
+        "Erreur ligne 10, famille 1, " + nt + "DATE 1800\r\nErreur ligne 11, famille 1, " + nt +
+            "NOTE citation\r\nErreur ligne 12, famille 1, " + nt +
+            "CONC suite\r\nErreur ligne 20 : Arbolix attend une date de mariage pour la famille 2.\r\n");
 }
 
 TEST(LectureFamille, VingtSixiemeEnfant) {

@@ -16,14 +16,70 @@ TEST(LectureFiches, NotesEtSources) {
         "|0 @N2@ NOTE|1 TEXT un|1 TEXT deux|1 ABBR #gard\xE9|1 CHAN|2 DATE 1 JAN 2000"
         "|0 @S3@ SOUR|1 TITL Registre|1 AUTH Cur\xE9|1 TEXT Bapt\xEAmes|0 @S4@ SOUR|1 TITL @S3@");
     EXPECT_EQ(l.N(1), "Titre=Titre; Texte=Premier texte \\nsuite");
-    // Chaque TEXT remplace le texte, sauf ce qui commence par "#".
-    EXPECT_EQ(l.N(2), "Texte=deux");
-    EXPECT_EQ(l.S(3), "Titre=Registre; Texte=Bapt\xEAmes");
+    // Chaque TEXT s'ajoute au texte ; ce qui commence par "#" ne se lit pas et va au journal. La date
+    // de modification d'une note n'a pas de champ : elle se perd sans un mot.
+    EXPECT_EQ(l.N(2), "Texte=un \\ndeux");
+    EXPECT_EQ(l.S(3), "Titre=Registre; Texte=Auteur : Cur\xE9 \\nBapt\xEAmes");
     EXPECT_EQ(l.S(4), "Titre=@S3@");
     EXPECT_EQ(l.base.NbNotesReelles, 2);
     EXPECT_EQ(l.base.NbSourcesReelles, 2);
     EXPECT_EQ(l.base.NbSources, 4);
+    EXPECT_EQ(l.Journal(),
+              "Erreur ligne 11, note 2, donn\xE9"
+              "e non trait\xE9"
+              "e : ABBR #gard\xE9\r\n");
+}
+
+// Ce que la source porte sans champ pour le garder (auteur, publication, dépôt, cote, note) va à
+// son texte, ligne par ligne ; le dépôt se nomme par sa fiche, même lue plus loin.
+TEST(LectureFiches, SourceAuteurPublicationDepot) {
+    Lecture l;
+    l.Lire(
+        "0 @S1@ SOUR|1 AUTH Ancestry.com|1 TITL U.S., Find A Grave|2 CONC  Index"
+        "|1 PUBL Name: Ancestry; Date: 2|2 CONC 012;|1 REPO @R1@|2 CALN 3 E 12"
+        "|1 NOTE|2 CONC <i>Find A Grave</i>.|2 CONT http://x"
+        "|1 CHAN|2 DATE 1 JAN 2000|0 @R1@ REPO|1 NAME Archives de la Moselle|1 ADDR Metz"
+        "|0 @S2@ SOUR|1 NAME Rose, par Gail Cameron|1 TYPE Autre|1 REPO|2 CALN|3 MEDI Livre|1 QUAY 2"
+        "|1 DATA|2 EVEN BIRT, DEAT|3 DATE FROM 1800 TO 1850|3 PLAC Metz|2 AGNC Paroisse");
+    EXPECT_EQ(
+        l.S(1),
+        "Titre=U.S., Find A Grave Index; Texte=Auteur : Ancestry.com \\nPublication : Name: Ancestry; Date: "
+        "2012; \\nD\xE9p\xF4t : Archives de la Moselle \\nCote : 3 E 12 \\nNote : <i>Find A Grave</i>. "
+        "\\nhttp://x");
+    EXPECT_EQ(l.S(2),
+              "Titre=Rose, par Gail Cameron; Texte=Type : Autre \\nSupport : Livre \\nQualit\xE9 : 2 "
+              "\\n\xC9v\xE8nements : BIRT, DEAT \\nP\xE9riode : FROM 1800 TO 1850 \\nLieu : Metz "
+              "\\nOrganisme : Paroisse");
     EXPECT_TRUE(l.Journal().empty()) << l.Journal();
+}
+
+// Cinquante lignes que la source ne sait pas garder : chacune au journal, rien d'autre ne se perd.
+TEST(LectureFiches, SourceDeLignesInconnues) {
+    std::string lignes = "0 @S1@ SOUR|1 TITL Registre|1 TEXT Bapt\xEAmes";
+    for (int i = 1; i <= 25; ++i) {
+        const std::string n = std::to_string(i);
+        lignes += "|1 _PERSO" + n + " valeur " + n + (i % 2 ? "|2 CONC suite " : "|2 DATA|3 DATE ") + n;
+    }
+    lignes += "|1 REPO @R9@|1 TEXT fin";
+    Lecture l;
+    l.Lire(lignes);
+    EXPECT_EQ(l.S(1), "Titre=Registre; Texte=Bapt\xEAmes \\nfin");
+    EXPECT_EQ(l.Compte(", source 1, donn\xE9"
+                       "e non trait\xE9"
+                       "e : "),
+              51u);
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 7, source 1, donn\xE9"
+                     "e non trait\xE9"
+                     "e : CONC suite 1"));
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 10, source 1, donn\xE9"
+                     "e non trait\xE9"
+                     "e : DATE 2"));
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 68, source 1, donn\xE9"
+                     "e non trait\xE9"
+                     "e : REPO @R9@"));
 }
 
 TEST(LectureFiches, LigneVideDansUneNote) {

@@ -52,6 +52,34 @@ std::string LienLu(LecteurGedcom& l, std::string_view pointeur, char genre) {
     return lien;
 }
 
+std::int32_t ObjetAuChemin(const Base& b, const Emplacements<std::int32_t, 1, kMaxLiens>& objets,
+                           std::string_view chemin) {
+    for (const auto& [i, m] : objets)
+        if (m > 0 && m <= b.Medias.Haut() && Contient(b.Medias[m].Fichiers, Texte(chemin))) return m;
+    return 0;
+}
+
+namespace {
+
+constexpr Acte Perso::*kActesAvecObjets[] = {&Perso::Naissance, &Perso::Bapteme, &Perso::Deces,
+                                             &Perso::Sepulture};
+
+}  // namespace
+
+bool ObjetDeLaPersonne(const Perso& p, std::int32_t m) {
+    if (Contient(p.Suite().ObjetsMedia, m)) return true;
+    for (const auto acte : kActesAvecObjets)
+        if (Contient((p.*acte).Liens().Medias, m)) return true;
+    return false;
+}
+
+std::int32_t ObjetDeLaPersonneAuChemin(const Base& b, const Perso& p, std::string_view chemin) {
+    std::int32_t m = ObjetAuChemin(b, p.Suite().ObjetsMedia, chemin);
+    for (const auto acte : kActesAvecObjets)
+        if (!m) m = ObjetAuChemin(b, (p.*acte).Liens().Medias, chemin);
+    return m;
+}
+
 void LierRetour(LecteurGedcom& l, std::string_view lien, char genre, std::int32_t numero, bool famille) {
     const std::int32_t g = NumeroDuLien(lien, genre);
     if (g <= 0 || g > l.base_.MaxFiches) return;
@@ -137,8 +165,12 @@ void LecteurGedcom::PreparerLigne() {
         Ligne2.clear();
         TemoinEnAttente = 0;
     }
+    if (NiveauLigne <= 2) Balise3.clear();
     Decouper();
-    if ((Balise == "CONT" || Balise == "CONC") && NiveauLigne >= 3 && Contexte2() == "SOUR") {
+    if (NiveauLigne == 3) Balise3 = Balise;
+    // Seule la suite directe d'une source de niveau 2 en est le texte : plus bas, elle continue
+    // une ligne de la citation (3 NOTE, 3 DATA...).
+    if ((Balise == "CONT" || Balise == "CONC") && NiveauLigne == 3 && Contexte2() == "SOUR") {
         if (Balise == "CONT") LigneCourante.insert(LigneCourante.begin(), ' ');
         Balise = "TEXT";
     }

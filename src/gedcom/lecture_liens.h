@@ -36,6 +36,26 @@ bool Contient(const E& emplacements, const V& valeur) {
     return false;
 }
 
+// Retire valeur ; les emplacements qui la suivent remontent d'une place, la liste reste sans trou.
+template <typename E, typename V>
+bool Retirer(E& emplacements, const V& valeur) {
+    int i = E::kPremier;
+    while (i <= E::kDernier && !(emplacements(i) == valeur)) ++i;
+    if (i > E::kDernier) return false;
+    for (; i < E::kDernier; ++i) emplacements.Fixer(i, emplacements(i + 1));
+    emplacements.Fixer(E::kDernier, {});
+    return true;
+}
+
+// L'objet de la liste (numéros d'objets médias) dont l'un des fichiers est ce chemin ; 0 s'il n'y en a pas.
+std::int32_t ObjetAuChemin(const Base& b, const Emplacements<std::int32_t, 1, kMaxLiens>& objets,
+                           std::string_view chemin);
+
+// Les objets d'une personne sont dans sa liste et dans celles de ses évènements : elle a l'objet m
+// quand l'une d'elles le porte ; ObjetDeLaPersonneAuChemin rend celui qui porte ce chemin, ou 0.
+bool ObjetDeLaPersonne(const Perso& p, std::int32_t m);
+std::int32_t ObjetDeLaPersonneAuChemin(const Base& b, const Perso& p, std::string_view chemin);
+
 // Ajoute un texte à un champ : le champ vide devient le texte, sinon champ, sep, texte.
 // Un texte vide n'ajoute rien, pas même le séparateur.
 void Ajouter(Texte& champ, std::string_view sep, std::string_view valeur);

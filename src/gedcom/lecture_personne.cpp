@@ -50,10 +50,34 @@ void FixerSuite(Perso& p, Texte PersoSuite::*champ, std::string_view v) {
 
 // --- Noms ---
 
+// Surnom : entre guillemets derrière les prénoms ; un pointeur (ALIA @I3@) désigne une autre
+// fiche, ce n'est pas un nom.
+void Surnom(LecteurGedcom& l, Perso& p, std::string& v) {
+    const std::string_view s = SansBlancs(v);
+    if (DansUnSousBloc(l, 2) || EstPointeur(s)) {
+        DonneeNonTraitee(l);
+        return;
+    }
+    if (s.empty()) return;
+    p.Prenoms += " \"";
+    p.Prenoms += s;
+    p.Prenoms += "\"";
+}
+
 void Nom(LecteurGedcom& l, Perso& p, std::string& valeur) {
+    // Seul un NAME de niveau 1 est le nom de la fiche : "3 NAME" d'une citation ne l'est pas.
+    if (DansUnSousBloc(l, 1)) {
+        DonneeNonTraitee(l);
+        return;
+    }
     const std::int32_t n = l.base_.NumCourant;
     if (n <= 0) {
         NomDuGenealogiste(p, valeur);
+        return;
+    }
+    // Un nom de plus sans barre oblique (« 1 NAME Hotspur », un surnom) ne remplace pas le nom lu.
+    if (!p.Nom.empty() && valeur.find('/') == std::string::npos) {
+        Surnom(l, p, valeur);
         return;
     }
     if (Comme(valeur, "?*/?*/?*/")) {
@@ -86,25 +110,25 @@ void Nom(LecteurGedcom& l, Perso& p, std::string& valeur) {
     }
 }
 
+// GIVN et SURN ne valent que sous le NAME de la fiche, pas sous une citation ou une traduction.
 void Prenom(LecteurGedcom& l, Perso& p, std::string& v) {
+    if (DansUnSousBloc(l, 2)) {
+        DonneeNonTraitee(l);
+        return;
+    }
     if (p.Prenoms.empty() && l.contexte_.remplirListes) l.base_.Listes.Prenoms.Ajouter(v);
     if (p.Prenoms.vue().find(v) == std::string_view::npos) p.Prenoms = v;
 }
 
 // Un SURN vide n'efface pas le nom que NAME a donné.
 void NomDeFamille(LecteurGedcom& l, Perso& p, std::string& v) {
+    if (DansUnSousBloc(l, 2)) {
+        DonneeNonTraitee(l);
+        return;
+    }
     if (v.empty()) return;
     if (p.Nom.empty() && l.contexte_.remplirListes) l.base_.Listes.Nom.Ajouter(v);
     p.Nom = v;
-}
-
-// Surnom : entre guillemets derrière les prénoms ; un pointeur (ALIA @I3@) n'est pas un nom.
-void Surnom(LecteurGedcom&, Perso& p, std::string& v) {
-    const std::string_view s = SansBlancs(v);
-    if (s.empty() || EstPointeur(s)) return;
-    p.Prenoms += " \"";
-    p.Prenoms += s;
-    p.Prenoms += "\"";
 }
 
 void Sexe(LecteurGedcom& l, Perso& p, std::string& v) {
@@ -120,9 +144,9 @@ bool ResideDeja(const Texte& notes) {
     return Comme(EnMinuscules(notes.vue()), "*r?side*");
 }
 
-// Résidence et métier datés : la date passe par la sépulture de la personne, qu'elle écrase.
+// Résidence et métier datés : la date ne passe par aucun évènement de la personne.
 void DateDeResidenceOuMetier(LecteurGedcom& l, Perso& p, const std::string& v, bool residence) {
-    const std::string date = l.LireDateLigne(v, p.Sepulture).str();
+    const std::string date = DateDeTravail(l, v);
     const std::string en = v.size() == 4 ? "en " : "";
     if (residence) {
         std::string notes(p.Notes.vue());
@@ -134,20 +158,30 @@ void DateDeResidenceOuMetier(LecteurGedcom& l, Perso& p, const std::string& v, b
     }
 }
 
+// Date et lieu valent pour le bloc de niveau 1 qui les porte directement ; ceux d'une citation
+// (2 SOUR, 3 DATA, 4 DATE) ou d'un autre sous-bloc n'y touchent pas.
 void Date(LecteurGedcom& l, Perso& p, std::string& v) {
+    if (DansUnSousBloc(l, 2)) {
+        DonneeNonTraitee(l);
+        return;
+    }
     const std::string_view ctx = l.Contexte1();
     if (Acte* a = ActeDe(p, ctx)) {
         l.LireDateLigne(v, *a);
     } else if (ctx == "CHAN") {
         DateDeModification(l, v, p.DateModif);
     } else if (ctx == "EVEN") {
-        p.Notes = p.Notes + " " + l.LireDateLigne(v, l.base_.ActeCourant);
+        p.Notes = p.Notes + " " + DateDeTravail(l, v);
     } else if (ctx == "RESI" || ctx == "OCCU") {
         DateDeResidenceOuMetier(l, p, v, ctx == "RESI");
     }
 }
 
 void Lieu(LecteurGedcom& l, Perso& p, std::string& v) {
+    if (DansUnSousBloc(l, 2)) {
+        DonneeNonTraitee(l);
+        return;
+    }
     const std::string lieu = LieuLu(l, v);
     const std::string_view ctx = l.Contexte1();
     if (Acte* a = ActeDe(p, ctx)) {
@@ -164,19 +198,40 @@ void Lieu(LecteurGedcom& l, Perso& p, std::string& v) {
 
 // --- Notes, sources, suites de lignes ---
 
+bool SuiteDUneNote(std::string_view balise);
+
+// Une suite continue la ligne du niveau au-dessus et va où elle est allée : celle d'une page de
+// citation (3 PAGE, 4 CONC) suit la note de l'évènement, celle d'une page qu'aucun champ ne garde se
+// perd avec elle ; celle d'une ligne de sous-bloc (3 NOTE d'une citation) ou d'une ligne que la
+// fiche ne garde pas va au journal.
 void Suite(LecteurGedcom& l, Perso& p, std::string& v) {
     if (v.empty()) return;
     const std::string_view sep = l.Balise == "CONT" ? " \r\n" : "";
     const std::string_view ctx = l.Contexte1();
-    if (ctx == "NOTE" || ctx == "EVEN" || (ctx == "SOUR" && l.cases_.Sources)) {
+    Acte* a = ActeDe(p, ctx);
+    const bool note = ctx == "NOTE" || ctx == "EVEN";
+    if (DansUnSousBloc(l, 3)) {
+        if (l.NiveauLigne > 4 || !SuiteDUneNote(l.Balise3)) {
+            DonneeNonTraitee(l);
+        } else if (a) {
+            SuiteDeNoteActe(*a, l.Balise, v);
+        } else if (note) {
+            p.Notes += sep;
+            p.Notes += v;
+        }
+    } else if (note || (ctx == "SOUR" && l.cases_.Sources)) {
         p.Notes += sep;
         p.Notes += v;
-    } else if (Acte* a = ActeDe(p, ctx)) {
+    } else if (a) {
         SuiteDeNoteActe(*a, l.Balise, v);
     } else if (ctx == "ADDR") {
         if (l.cases_.Adresses) FixerSuite(p, &PersoSuite::Adresse2, v);
-    } else if (ctx.empty() || ctx == "CONT" || ctx == "CONC") {
-        DonneeNonTraitee(l);  // une suite sans rien à continuer
+    } else if (ctx == "RESI" || ctx == "CITY" || ctx == "DOM") {
+        // La ville lue sur la ligne (1 RESI Age: 57; Occupation...) continue sur une seule ligne.
+        if (l.cases_.Adresses && !p.Suite().Ville.empty())
+            FixerSuite(p, &PersoSuite::Ville, p.Suite().Ville + (sep.empty() ? "" : " ") + std::string(v));
+    } else if (ctx != "SOUR") {
+        DonneeNonTraitee(l);
     }
 }
 
@@ -200,6 +255,12 @@ void NoteOuSemblable(LecteurGedcom& l, Perso& p, std::string& v) {
         Role(l, p, v);
         return;
     }
+    const bool note = l.Balise == "NOTE";
+    // La note d'une citation ou d'un autre sous-bloc n'est pas celle de la fiche.
+    if (note && DansUnSousBloc(l, 2)) {
+        DonneeNonTraitee(l);
+        return;
+    }
     if (EstPointeur(v)) v = LienLu(l, v, 'N');
     if (type && l.ProduitOmega && v.size() == 1) return;
     if (l.Balise == "AGE" && !l.cases_.Ages) return;
@@ -208,6 +269,9 @@ void NoteOuSemblable(LecteurGedcom& l, Perso& p, std::string& v) {
         AjouterNoteActe(*a, v);
     } else if (ctx == "NOTE" || ctx == "EVEN") {
         Ajouter(p.Notes, "\r\n", v);
+    } else {
+        if (note) DonneeNonTraitee(l);  // 2 NOTE d'un métier, d'un nom... : aucun champ ne la garde
+        return;
     }
     if (l.base_.NumCourant > 0) LierRetour(l, v, 'N', l.base_.NumCourant, false);
 }
@@ -249,7 +313,7 @@ void ListerMetiers(LecteurGedcom& l, Perso& p, std::string m) {
 void Metier(LecteurGedcom& l, Perso& p, std::string& v) {
     const bool titre = l.Balise == "TITL" || l.Balise == "TYPE";
     if (l.Balise == "TITL" && l.DansBlocObjet()) {
-        if (l.cases_.Fichiers) TitreDeBloc(l, v);
+        if (l.cases_.Fichiers) TitreDeBloc(l, v, "personne " + Numero(l));
         return;
     }
     if (!l.cases_.Professions) return;
@@ -345,38 +409,38 @@ void Parrainage(LecteurGedcom&, Perso& p, std::string& v) {
     Ajouter(p.Bapteme.Notes, "\r\n", SansBlancsGauche(v));
 }
 
-void Deces(LecteurGedcom& l, Perso&, std::string& v) {
-    if (v == "Y")
-        AttendUneDate(l, std::string("d\xE9" "c\xE8s pour la personne ") + Numero(l));
+// « 1 DEAT Y » : le décès (la naissance, le baptême, la sépulture) a eu lieu, date et lieu inconnus.
+void EvenementConnu(LecteurGedcom& l, Perso& p, std::string& v) {
+    MarquerConnu(l, ActeDe(p, l.Balise), v);
 }
 
 // --- Fichiers liés ---
 
-// Lien vers un objet média @M..@, depuis la personne ou l'un de ses évènements.
+// Un lien sans place libre attend la fin de la lecture : un objet venu d'un chemin lu plus tôt peut
+// encore s'avérer le double d'un objet du fichier et lui céder sa place.
+void MettreEnAttente(LecteurGedcom& l, std::int32_t objet, const ActePersonne* r, const std::string& v) {
+    l.FichiersEnAttente.push_back(
+        {l.base_.NumCourant, objet, l.NumLigne, r ? r->typeActe : 0, r ? r->acte : nullptr, v});
+}
+
+// Lien vers un objet média @M..@, depuis la personne ou l'un de ses évènements. La personne n'a
+// qu'un lien vers un objet ; celui de sa propre liste l'emporte sur celui d'un évènement, qu'il
+// remplace : c'est lui que l'écriture redonne.
 void LierMedia(LecteurGedcom& l, Perso& p, const std::string& v) {
     const std::int32_t m = MediaDuPointeur(l, v);
     const ActePersonne* r = LigneActe(l.Contexte1());
     Acte* a = r ? &(p.*(r->acte)) : nullptr;
-    const auto& medias = a ? a->Liens().Medias : p.Suite().ObjetsMedia;
-    if (!Contient(medias, m)) {
-        if (medias.PremierLibre() > kMaxLiens) {
-            l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier la personne " + Numero(l) +
-                               " et le fichier " + v);
-            VoirFichier(a ? a->Notes : p.Notes, v);
-        } else if (a) {
-            PlacerPremierLibre(a->LiensModif().Medias, m);
-        } else {
-            PlacerPremierLibre(p.SuiteModif().ObjetsMedia, m);
+    if (!a && !Contient(p.Suite().ObjetsMedia, m)) {
+        if (PlacerPremierLibre(p.SuiteModif().ObjetsMedia, m)) {
+            for (const auto& e : kActesPersonne)
+                if (Contient((p.*(e.acte)).Liens().Medias, m)) Retirer((p.*(e.acte)).LiensModif().Medias, m);
+        } else if (!ObjetDeLaPersonne(p, m)) {
+            MettreEnAttente(l, m, r, v);
         }
+    } else if (a && !ObjetDeLaPersonne(p, m)) {
+        if (!PlacerPremierLibre(a->LiensModif().Medias, m)) MettreEnAttente(l, m, r, v);
     }
     LierObjetEnRetour(l, m, &ObjetMedia::LiensPersos, v, " et la personne " + Numero(l), r ? r->typeActe : 0);
-}
-
-// Le même chemin déjà lié à la personne ne fait pas un second objet.
-bool CheminDejaLie(const Base& b, const Perso& p, std::string_view chemin) {
-    for (const auto& [i, m] : p.Suite().ObjetsMedia)
-        if (m <= b.Medias.Haut() && std::as_const(b.Medias)[m].Fichiers(1) == chemin) return true;
-    return false;
 }
 
 void Fichier(LecteurGedcom& l, Perso& p, std::string& v) {
@@ -385,11 +449,14 @@ void Fichier(LecteurGedcom& l, Perso& p, std::string& v) {
         LierMedia(l, p, v);
         return;
     }
-    if (CheminDejaLie(l.base_, p, v)) return;
+    // Le même chemin déjà lié à la personne ne fait pas un second objet ; le bloc va au sien.
+    if (const std::int32_t deja = ObjetDeLaPersonneAuChemin(l.base_, p, v)) {
+        RattacherAuBloc(l, deja);
+        return;
+    }
     if (p.Suite().ObjetsMedia.PremierLibre() > kMaxLiens) {
-        l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier le fichier " + v +
-                           " et la personne " + Numero(l));
-        VoirFichier(p.Notes, v);
+        MettreEnAttente(l, 0, LigneActe(l.Contexte1()), v);
+        BlocSansObjet(l, "personne " + Numero(l));
         return;
     }
     const std::int32_t m = NouvelObjetLu(l, v);
@@ -460,12 +527,12 @@ constexpr RegleBalise<Perso> kBalisesPersonne[] = {
     {"GODP", nullptr, Parrainage},
     {"FILE", &OptionsGedcom::Fichiers, Fichier},
     {"OBJE", &OptionsGedcom::Fichiers, Objet},
-    {"DEAT", nullptr, Deces},
-    {"BIRT", nullptr, nullptr},
-    {"BURI", nullptr, nullptr},
+    {"DEAT", nullptr, EvenementConnu},
+    {"BIRT", nullptr, EvenementConnu},
+    {"BURI", nullptr, EvenementConnu},
     {"CHAN", nullptr, nullptr},
-    {"CHR", nullptr, nullptr},
-    {"BAPM", nullptr, nullptr},
+    {"CHR", nullptr, EvenementConnu},
+    {"BAPM", nullptr, EvenementConnu},
     {"CLS", nullptr, nullptr},
     {"DCT", nullptr, nullptr},
     {"FAMC", nullptr, nullptr},
@@ -483,6 +550,14 @@ constexpr RegleBalise<Perso> kBalisesPersonne[] = {
     {"CHV", nullptr, nullptr},
     {"IGNOR", nullptr, nullptr},
 };
+
+// Une ligne que la table range avec les notes (PAGE, CAUS, AGE...), hors NOTE : sa suite la suit.
+bool SuiteDUneNote(std::string_view balise) {
+    if (balise == "NOTE") return false;
+    for (const auto& r : kBalisesPersonne)
+        if (r.balise == balise) return r.traiter == NoteOuSemblable;
+    return false;
+}
 
 }  // namespace
 

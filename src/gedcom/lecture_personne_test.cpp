@@ -20,8 +20,12 @@ TEST(LecturePersonne, Noms) {
         {"1 NAME Jean /Dupont/|1 NAME Jean /Dupond/", "Dupont,Dupond", "Jean Jean"},
         // "//" final : le second nom est collé sans virgule.
         {"1 NAME Jean /Martin/|1 NAME /Dupont//", "MartinDupont", "Jean"},
-        // Sans barre oblique : tout est nom, les prénoms restent ceux d'avant.
-        {"1 NAME Pierre /Durand/|1 NAME Jean", "Jean", "Pierre"},
+        // Un nom de plus sans barre oblique (ou vide) est un surnom : le nom lu reste.
+        {"1 NAME Pierre /Durand/|1 NAME Jean|2 TYPE aka|1 NAME", "Durand", "Pierre \"Jean\""},
+        // Le nom d'une citation ou d'une traduction n'est pas celui de la personne.
+        {"1 NAME Jean /Dupont/|2 SOUR @S1@|3 NAME GEDCOM file imported|2 TRAN|3 SURN Doupon|3 GIVN Zhan",
+         "Dupont", "Jean"},
+
         // Une seule barre : la valeur entière est le nom.
         {"1 NAME Jean /Dupont", "Jean /Dupont", "Jean"},
         {"1 NAME Jean /Du/pont/", "Du,pont", "Jean"},
@@ -56,37 +60,62 @@ TEST(LecturePersonne, SexeAutreQueMOuF) {
     EXPECT_EQ(l.Journal(), "Info ligne 4, personne 1 : le sexe doit \xEAtre M ou F.\r\n");
 }
 
-TEST(LecturePersonne, MetierEtResidenceDatesPassentParLaSepulture) {
-    Lecture l;
-    l.Lire("0 @I1@ INDI|1 NAME A /B/|1 OCCU Tailleur|2 DATE 1750|2 PLAC Paris");
-    EXPECT_EQ(l.P(1),
-              "Nom=B; Prenoms=A; Metier=Tailleur en 1750 \xE0 Paris; CodesMetiers=Ta; Sepulture.Date=1750");
-
-    Lecture r;
-    r.Lire("0 @I1@ INDI|1 NAME A /B/|1 RESI|2 PLAC Paris|2 DATE 1750|1 RESI|2 PLAC Lyon");
-    // "réside" n'est écrit qu'une fois : les notes le contiennent déjà.
-    EXPECT_EQ(r.Pe(1).Notes, "r\xE9side \xE0 Paris en 1750  \xE0 Lyon");
-    EXPECT_EQ(r.Pe(1).Sepulture.Date, "1750");
-
-    // Une sépulture datée après le métier répare la date.
-    Lecture s;
-    s.Lire("0 @I1@ INDI|1 NAME A /B/|1 OCCU Meunier|2 DATE 12 MAR 1760|1 BURI|2 DATE 1790");
-    EXPECT_EQ(s.Pe(1).Metier, "Meunier 12/03/1760");
-    EXPECT_EQ(s.Pe(1).Sepulture.Date, "1790");
+// La date d'une résidence ou d'un métier va au texte ; la sépulture garde ce que le fichier lui donne.
+TEST(LecturePersonne, MetierEtResidenceDatesNInvententPasDeSepulture) {
+    struct Cas {
+        std::string_view lignes;
+        std::string_view fiche;
+    };
+    const Cas cas[] = {
+        {"1 OCCU Tailleur|2 DATE 1750|2 PLAC Paris", "Metier=Tailleur en 1750 \xE0 Paris; CodesMetiers=Ta"},
+        // "réside" n'est écrit qu'une fois : les notes le contiennent déjà.
+        {"1 RESI|2 PLAC Paris|2 DATE 1750|1 RESI|2 PLAC Lyon",
+         "Notes=r\xE9side \xE0 Paris en 1750  \xE0 Lyon"},
+        // Une sépulture lue avant ou après garde sa date.
+        {"1 BURI|2 DATE 1790|1 OCCU Meunier|2 DATE 12 MAR 1760",
+         "Metier=Meunier 12/03/1760; CodesMetiers=Me; Sepulture.Date=1790"},
+        {"1 OCCU Meunier|2 DATE 12 MAR 1760|1 BURI|2 DATE 1790",
+         "Metier=Meunier 12/03/1760; CodesMetiers=Me; Sepulture.Date=1790"},
+        // La note républicaine que pose la date ne va à aucun évènement.
+        {"1 OCCU Meunier|2 DATE @#DFRENCH R@ 25 VEND 2", "Metier=Meunier 16/10/1793; CodesMetiers=Me"},
+    };
+    for (const Cas& c : cas) {
+        Lecture l;
+        l.Lire("0 @I1@ INDI|1 NAME A /B/|" + std::string(c.lignes));
+        EXPECT_EQ(l.P(1), "Nom=B; Prenoms=A; " + std::string(c.fiche)) << c.lignes;
+    }
 }
 
-TEST(LecturePersonne, EvenementsDatesLieuxEtDecesSansDate) {
+TEST(LecturePersonne, EvenementsDatesEtLieux) {
     Lecture l;
     l.Lire(
         "0 @I1@ INDI|1 NAME A /B/|1 BIRT|2 DATE 12 MAR 1750|2 PLAC  \xC9pinal |1 BAPM|2 DATE 13 MAR 1750"
-        "|1 DEAT Y|1 EVEN|2 DATE 1780|2 PLAC Metz|1 CHAN|2 DATE 2 JAN 1900|3 TIME 10:00");
+        "|1 EVEN|2 DATE 1780|2 PLAC Metz|1 CHAN|2 DATE 2 JAN 1900|3 TIME 10:00");
     EXPECT_EQ(l.P(1),
               "Nom=B; Prenoms=A; Naissance.Date=12/03/1750; Naissance.Lieu=Epinal; Bapteme.Date=13/03/1750; "
               "Notes= 1780 r\xE9side \xE0 Metz; DateModif=3");
-    EXPECT_TRUE(
-        l.Journalise("Erreur ligne 9 : Arbolix attend une date de d\xE9"
-                     "c\xE8s pour la personne 1."))
-        << l.Journal();
+    EXPECT_TRUE(l.Journal().empty()) << l.Journal();
+}
+
+// « 1 DEAT Y » : l'évènement a eu lieu, sans date ni lieu ; il est gardé comme connu, sans un mot.
+TEST(LecturePersonne, EvenementConnuSansDate) {
+    const std::pair<std::string_view, std::string_view> cas[] = {
+        {"1 BIRT Y", "Naissance.Connu=Y"},
+        {"1 CHR Y", "Bapteme.Connu=Y"},
+        {"1 BAPM Y", "Bapteme.Connu=Y"},
+        {"1 DEAT Y", "Deces.Connu=Y"},
+        {"1 BURI Y", "Sepulture.Connu=Y"},
+        {"1 DEAT Y|2 DATE 1750|2 PLAC Metz", "Deces.Date=1750; Deces.Connu=Y; Deces.Lieu=Metz"},
+        // Seul "Y" dit que l'évènement a eu lieu.
+        {"1 DEAT N|1 BURI y", ""},
+    };
+    for (const auto& [lignes, fiche] : cas) {
+        Lecture l;
+        l.Lire("0 @I1@ INDI|1 NAME A /B/|" + std::string(lignes));
+        EXPECT_EQ(l.P(1), "Nom=B; Prenoms=A" + std::string(fiche.empty() ? "" : "; ") + std::string(fiche))
+            << lignes;
+        EXPECT_TRUE(l.Journal().empty()) << l.Journal();
+    }
 }
 
 TEST(LecturePersonne, LignesDeSuiteSousChaqueContexte) {
@@ -98,17 +127,21 @@ TEST(LecturePersonne, LignesDeSuiteSousChaqueContexte) {
         "|2 SOUR @S1@|3 CONT page 4"
         "|1 ADDR 1 rue Haute|2 CONT 2e \xE9tage|2 CONT 57000 Metz"
         "|1 SOUR Registre|2 CONT de Metz"
-        "|1 CONT sans contexte");
+        "|1 CONT sans contexte|1 RESI Age: 57; Enumer|2 CONC ation 193|1 SEX F|2 CONT 2 SOUR @S4@");
     const Perso& p = l.Pe(1);
     EXPECT_EQ(p.Notes, "Premi\xE8re \r\ndeuxi\xE8me suite\r\nRegistre \r\nde Metz");
     EXPECT_EQ(p.Naissance.Notes, "n\xE9 \r\n\xE0 terme");
     EXPECT_EQ(p.Naissance.Source, "@S1@ page 4");
     EXPECT_EQ(p.Suite().Adresse1, "1 rue Haute");
     EXPECT_EQ(p.Suite().Adresse2, "57000 Metz");
+    EXPECT_EQ(p.Suite().Ville, "Age: 57; Enumeration 193");
     EXPECT_EQ(l.Journal(),
               "Erreur ligne 17, personne 1, donn\xE9"
               "e non trait\xE9"
-              "e : CONT sans contexte\r\n");
+              "e : CONT sans contexte\r\n"
+              "Erreur ligne 21, personne 1, donn\xE9"
+              "e non trait\xE9"
+              "e : CONT 2 SOUR @S4@\r\n");
 }
 
 TEST(LecturePersonne, SuiteDeNoteSeDoubleSansLeRedire) {
@@ -179,8 +212,10 @@ TEST(LecturePersonne, NotesEtSourcesExternesAvecRetours) {
 TEST(LecturePersonne, FichiersEtObjetsMedias) {
     Lecture l;
     l.LireFichier("fichiers.ged");
-    EXPECT_EQ(l.P(1), "Nom=Dupont; Prenoms=Jean; Naissance.Medias=3; ObjetsMedia=3,6,4");
+    // L'objet @M3@, lié à la personne par sa fiche, ne l'est pas une seconde fois par la naissance.
+    EXPECT_EQ(l.P(1), "Nom=Dupont; Prenoms=Jean; ObjetsMedia=3,6,4");
     // L'objet du fichier : ses liens ne sont pas doublés par les OBJE @M3@ de la personne.
+
     EXPECT_EQ(l.M(3),
               "Fichiers=acte.png; Titres=Acte de naissance; Actif=-1; LiensPersos=1; TypeActe=1; NumNote=1");
     // Chemin lu dans un bloc OBJE : objet local, titre compris. Il avait pris le numéro 4,
@@ -204,6 +239,132 @@ TEST(LecturePersonne, NeufFichiersAuPlus) {
     EXPECT_EQ(l.Pe(1).Notes, "\r\nVoir fichier f10.jpg");
     EXPECT_EQ(l.base.NbMediasReels, 9);
     EXPECT_EQ(l.Journal(), "Erreur ligne 23 : impossible de lier le fichier f10.jpg et la personne 1\r\n");
+}
+
+// Un fichier ou un objet que la personne a déjà n'est pas lié une seconde fois, dans quelque ordre
+// que viennent chemins, pointeurs et fiches d'objets ; rien n'en est dit au journal.
+TEST(LecturePersonne, UnSeulLienParFichier) {
+    struct Cas {
+        std::string_view lignes;  // sous la personne 1 ; les fiches d'objets suivent
+        std::string_view fiche;
+        std::string_view objets;  // M(1) à M(3)
+    };
+    const std::string_view fiche = "|0 @M1@ OBJE|1 FILE a.jpg|1 TITL Acte";
+    const Cas cas[] = {
+        {"1 OBJE @M1@|1 OBJE @M1@", "ObjetsMedia=1", "Fichiers=a.jpg; Titres=Acte; Actif=-1; LiensPersos=1"},
+        // Le lien de la personne remplace celui de l'évènement, que l'écriture ne redonnerait pas.
+        {"1 BIRT|2 OBJE @M1@|1 OBJE @M1@", "ObjetsMedia=1",
+         "Fichiers=a.jpg; Titres=Acte; Actif=-1; LiensPersos=1; TypeActe=1"},
+        {"1 OBJE @M1@|1 BIRT|2 OBJE @M1@", "ObjetsMedia=1",
+         "Fichiers=a.jpg; Titres=Acte; Actif=-1; LiensPersos=1; TypeActe=1"},
+        // Un chemin deux fois ; le titre du second bloc va à l'objet du premier.
+        {"1 OBJE|2 FILE b.jpg|1 OBJE|2 TITL Portrait|2 FILE b.jpg", "ObjetsMedia=2",
+         "Fichiers=a.jpg; Titres=Acte; Actif=-1|Fichiers=b.jpg; Titres=Portrait; Local=-1; Actif=-1; "
+         "LiensPersos=1"},
+        // Le chemin d'un objet du fichier, avant ou après son pointeur : l'objet du fichier seul.
+        {"1 OBJE @M1@|1 OBJE|2 FILE a.jpg", "ObjetsMedia=1",
+         "Fichiers=a.jpg; Titres=Acte; Actif=-1; LiensPersos=1"},
+        // Forme que nous avons écrite : l'objet derrière chaque évènement, le pointeur à la fin.
+        {"1 BIRT|1 OBJE|2 FILE a.jpg|1 DEAT|1 OBJE|2 FILE a.jpg|2 TITL Copie|1 OBJE @M1@", "ObjetsMedia=1",
+         "Fichiers=a.jpg; Titres=Acte,Copie; Actif=-1; LiensPersos=1"},
+        // Un FILE juste sous la personne la lie au fichier.
+        {"1 FILE c.jpg", "ObjetsMedia=2",
+         "Fichiers=a.jpg; Titres=Acte; Actif=-1|Fichiers=c.jpg; Local=-1; Actif=-1; LiensPersos=1"},
+    };
+    for (const Cas& c : cas) {
+        Lecture l;
+        l.Lire("0 @I1@ INDI|1 NAME A /B/|" + std::string(c.lignes) + std::string(fiche));
+        EXPECT_EQ(l.P(1), "Nom=B; Prenoms=A; " + std::string(c.fiche)) << c.lignes;
+        std::string objets = l.M(1);
+        for (int m = 2; m <= 3; ++m)
+            if (!l.M(m).empty()) objets += "|" + l.M(m);
+        EXPECT_EQ(objets, c.objets) << c.lignes;
+        EXPECT_TRUE(l.Journal().empty()) << l.Journal();
+    }
+}
+
+// Neuf chemins écrits avant les neuf pointeurs vers les objets qui les portent (fiches d'objets à la
+// fin) : les doubles cèdent la place, la personne garde les neuf objets dans l'ordre des pointeurs.
+TEST(LecturePersonne, DoublesLocauxCedentLaPlace) {
+    std::string lignes = "0 @I1@ INDI|1 NAME A /B/";
+    for (int m = 9; m >= 1; --m) lignes += "|1 OBJE|2 FILE f" + std::to_string(m) + ".jpg";
+    for (int m = 1; m <= 9; ++m) lignes += "|1 OBJE @M" + std::to_string(m) + "@";
+    for (int m = 1; m <= 9; ++m)
+        lignes += "|0 @M" + std::to_string(m) + "@ OBJE|1 FILE f" + std::to_string(m) + ".jpg";
+    Lecture l;
+    l.Lire(lignes);
+    EXPECT_EQ(l.P(1), "Nom=B; Prenoms=A; ObjetsMedia=1,2,3,4,5,6,7,8,9");
+    EXPECT_EQ(l.base.NbMediasReels, 9);
+    for (int m = 10; m <= 18; ++m) EXPECT_EQ(l.M(m), "") << m;
+    EXPECT_TRUE(l.Journal().empty()) << l.Journal();
+}
+
+// Dix mille liens sur une personne : neuf tiennent, chacun des autres est au journal et aux notes.
+TEST(LecturePersonne, DixMilleFichiersSurUnePersonne) {
+    constexpr int kLiens = 10000;
+    std::string lignes = "0 @I1@ INDI|1 NAME A /B/";
+    for (int i = 1; i <= kLiens / 2; ++i) lignes += "|1 OBJE|2 FILE f" + std::to_string(i) + ".jpg";
+    for (int m = 1; m <= kLiens / 2; ++m) lignes += "|1 OBJE @M" + std::to_string(m) + "@";
+    for (int m = 1; m <= kLiens / 2; ++m)
+        lignes += "|0 @M" + std::to_string(m) + "@ OBJE|1 FILE g" + std::to_string(m) + ".jpg";
+    Lecture l;
+    l.Lire(lignes);
+    EXPECT_EQ(l.Pe(1).Suite().ObjetsMedia.Nombre(), 9u);
+    EXPECT_EQ(l.Compte("Erreur ligne "), static_cast<std::size_t>(kLiens - 9));
+    EXPECT_EQ(l.Compte(" : impossible de lier le fichier f5000.jpg et la personne 1\r\n"), 1u);
+    EXPECT_EQ(l.Compte(" : impossible de lier la personne 1 et le fichier @M5000@\r\n"), 1u);
+    std::size_t voir = 0;
+    for (auto p = l.Pe(1).Notes.vue().find("Voir fichier "); p != std::string_view::npos;
+         p = l.Pe(1).Notes.vue().find("Voir fichier ", p + 1))
+        ++voir;
+    EXPECT_EQ(voir, static_cast<std::size_t>(kLiens - 9));
+}
+
+// Les lignes d'une citation ou d'un autre sous-bloc ne touchent pas aux champs de la personne :
+// elles vont au journal. Sous un témoin, la note reste son rôle.
+TEST(LecturePersonne, LignesDesSousBlocs) {
+    struct Cas {
+        std::string_view lignes;  // ligne 4 et suivantes
+        std::string_view fiche;
+        std::string_view journal;
+    };
+    const std::string_view nt =
+        "donn\xE9"
+        "e non trait\xE9"
+        "e : ";
+    const Cas cas[] = {
+        {"1 BIRT|2 DATE 1750|2 SOUR @S1@|3 DATA|4 DATE 1800|3 NOTE citation|4 CONC suite",
+         "Naissance.Date=1750; Naissance.Source=@S1@", "8:DATE 1800|9:NOTE citation|10:CONC suite"},
+        {"1 BURI|2 PLAC Metz|3 NOTE au nord|2 SOUR @S1@|3 PLAC Nancy",
+         "Sepulture.Lieu=Metz; Sepulture.Source=@S1@", "6:NOTE au nord|8:PLAC Nancy"},
+        {"1 RESI|2 PLAC Paris|2 SOUR @S1@|3 DATA|4 DATE 1900", "Notes=r\xE9side \xE0 Paris", "8:DATE 1900"},
+        {"1 OCCU Tailleur|2 NOTE apprenti|3 CONT chez son oncle", "Metier=Tailleur; CodesMetiers=Ta",
+         "5:NOTE apprenti|6:CONT chez son oncle"},
+        {"1 DEAT|2 ASSO @I1@|3 NOTE Ami", "Deces.Temoins=1(Ami)", ""},
+        // La suite d'une page de citation suit la page : dans la note de l'évènement, ou perdue sans
+        // un mot avec elle quand aucun champ ne la garde.
+        {"1 BIRT|2 SOUR @S1@|3 PAGE p. 12|4 CONT suite",
+         "Naissance.Notes=p. 12 \\nsuite; Naissance.Source=@S1@", ""},
+        {"2 SOUR @S1@|3 PAGE p. 3|4 CONC 4", "", ""},
+        // ALIA vers une autre fiche : ce n'est pas un nom.
+        {"1 ALIA @I12@", "", "4:ALIA @I12@"},
+    };
+    for (const Cas& c : cas) {
+        Lecture l;
+        l.Lire("0 @I1@ INDI|1 NAME A /B/|" + std::string(c.lignes));
+        EXPECT_EQ(l.P(1),
+                  "Nom=B; Prenoms=A" + std::string(c.fiche.empty() ? "" : "; ") + std::string(c.fiche))
+            << c.lignes;
+        std::string journal;
+        for (std::string_view reste = c.journal; !reste.empty();) {
+            const std::string_view ligne = reste.substr(0, reste.find('|'));
+            const auto deux = ligne.find(':');
+            journal += "Erreur ligne " + std::string(ligne.substr(0, deux)) + ", personne 1, " +
+                       std::string(nt) + std::string(ligne.substr(deux + 1)) + "\r\n";
+            reste.remove_prefix(std::min(reste.size(), ligne.size() + 1));
+        }
+        EXPECT_EQ(l.Journal(), journal) << c.lignes;
+    }
 }
 
 TEST(LecturePersonne, AdressesTelephoneEtDivers) {

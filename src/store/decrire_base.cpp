@@ -42,6 +42,8 @@ public:
     void Acte(std::string_view nom, const arbolix::Acte& a) {
         const std::string n(nom);
         Champ(n + ".Date", a.Date);
+        if (a.Connu) Champ(n + ".Connu", "Y");
+
         Champ(n + ".Lieu", a.Lieu);
         Champ(n + ".Notes", a.Notes);
         Champ(n + ".Source", a.Source);
