@@ -51,7 +51,6 @@ std::optional<DateCalendrier> DateDuNumero(std::int64_t numero) {
 }
 
 std::string FormatDateCourte(const DateCalendrier& d) {
-    
     return Zeros(d.jour, 2) + "/" + Zeros(d.mois, 2) + "/" + Zeros(d.annee, 4);
 }
 

@@ -66,9 +66,11 @@ TEST(CalendrierRepublicain, CodesDeDeuxLettres) {
 // Les notes que pose la lecture d'une date, quelle qu'en soit la forme, et ce qui n'en est pas une.
 TEST(CalendrierRepublicain, JourDUneNoteRepublicaine) {
     const std::int32_t jour = Jour("16/10/1793");
-    for (const char* note : {"25/vend/02", "25/vend/2", "25/vr/2"}) EXPECT_EQ(JourDeNoteRepublicaine(note), jour) << note;
+    for (const char* note : {"25/vend/02", "25/vend/2", "25/vr/2"})
+        EXPECT_EQ(JourDeNoteRepublicaine(note), jour) << note;
     EXPECT_EQ(JourDeNoteRepublicaine("26/10"), Jour("15/02/1802"));  // mois lu à sa position : pluviôse
-    for (const char* pas : {"", "16/10/1793", "25 vend 2", "Vu le 25/vend/2", "25/Vend/2", "25/vend/15", "25"})
+    for (const char* pas :
+         {"", "16/10/1793", "25 vend 2", "Vu le 25/vend/2", "25/Vend/2", "25/vend/15", "25"})
         EXPECT_FALSE(JourDeNoteRepublicaine(pas).has_value()) << pas;
 }
 

@@ -61,6 +61,16 @@ std::string Traduire(std::string_view d, int profondeur) {
     // comme une date républicaine.
     if (const auto jm = LireJourEtMois(s))
         return Zeros(jm->jour, 2) + " " + std::string(MoisGedcom[jm->mois]);
+    // "de 1750 à 1760", "de 1750", " à 1760" : FROM et TO, que tout logiciel relit et que la
+    // lecture rend tels quels ; écrits en français, ils perdaient leur "de" à la relecture.
+    if (profondeur < kProfondeurMax && s.starts_with("de ")) {
+        const std::size_t a = s.find(" \xE0 ", 3);
+        if (a == std::string::npos) return "FROM " + Traduire(Mid(s, 4), profondeur + 1);
+        return "FROM " + Traduire(s.substr(3, a - 3), profondeur + 1) + " TO " +
+               Traduire(Mid(s, a + 4), profondeur + 1);
+    }
+    if (profondeur < kProfondeurMax && s.starts_with(" \xE0 "))
+        return "TO " + Traduire(Mid(s, 4), profondeur + 1);
     if (s.size() == 7 && FormeMoisAnnee(s)) {
         // "vers 17" n'a pas de barre : tout le texte suit le blanc.
         const std::size_t barre = s.find('/');

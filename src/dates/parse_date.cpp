@@ -26,10 +26,10 @@ struct MotPrefixe {
 // Mots admis devant la date ; un mot absent (un nom de mois aussi) est jeté. "à" relit le
 // "  À 1760" que l'écriture produit pour " à 1760", qui sinon perdrait son sens.
 constexpr MotPrefixe kMotsPrefixes[] = {
-    {"bef", "avant "},    {"-", "avant "},    {"avant", "avant "}, {"aft", kApres},  {"+", kApres},
-    {"apr\xE8s", kApres}, {"abt", "vers "},   {"*", "vers "},      {"~", "vers "},   {"vers", "vers "},
-    {"cal", "vers "},     {"est", "vers "},   {"ca", "vers "},     {"ca.", "vers "}, {"from", "de "},
-    {"to", " \xE0 "},     {"\xE0", " \xE0 "}, {"bet", "entre "},   {"int", ""},
+    {"bef", "avant "},    {"-", "avant "},  {"avant", "avant "}, {"aft", kApres},   {"+", kApres},
+    {"apr\xE8s", kApres}, {"abt", "vers "}, {"*", "vers "},      {"~", "vers "},    {"vers", "vers "},
+    {"cal", "vers "},     {"est", "vers "}, {"ca", "vers "},     {"ca.", "vers "},  {"from", "de "},
+    {"de", "de "},        {"to", " \xE0 "}, {"\xE0", " \xE0 "},  {"bet", "entre "}, {"int", ""},
 };
 
 // Mots d'intervalle restés dans le texte, dans cet ordre. "/à/" relit le "DE 1750 À 1760"
@@ -138,6 +138,8 @@ void LirePrefixe(Lecture& l) {
         return;
     }
     const std::string mot = l.t.substr(0, p);
+    // « MAR 1750 » : le mois en tête est la date elle-même, il garde sa place.
+    if (std::find(MoisGedcom.begin() + 1, MoisGedcom.end(), mot) != MoisGedcom.end()) return;
     l.t.erase(0, p + 1);
     // « ABT  1825 » : les blancs en trop après le mot deviendraient des "/".
     l.t.erase(0, std::min(l.t.find_first_not_of(' '), l.t.size()));

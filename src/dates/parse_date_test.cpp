@@ -58,11 +58,11 @@ TEST(ParseDate, MotsGedcomEtFrancais) {
         {"  \xC0 1760", " \xE0 1760", "1760/00/00", 1760},  // ce que l'écriture en fait
         {"FROM 1750", "de 1750", "1750/00/00", 1750},
         {"@#DGREGORIAN@ BET 1750 AND 1760", "entre 1750 et 1760", "1760/00/00", 1760},
-        {"DE 1750 \xC0 1760", "1750 \xE0 1760", "1760/00/00", 1760},
+        {"DE 1750 \xC0 1760", "de 1750 \xE0 1760", "1760/00/00", 1760},  // nos anciens fichiers
+        {"MAR 1750", "03/1750", "1750/03/01", 1750},
         {"INT 1750", "1750", "1750/00/00", 1750},
         {"@#DJULIAN@ 12 MAR 1750", "12/03/1750", "1750/03/12", 1750},
-        // un mois seul derrière un mot est perdu ; les mois français ne sont pas lus
-        {"MAR 1750", "1750", "1750/00/00", 1750},
+        // les mois français ne sont pas lus dans un fichier
         {"mars 1750", "1750", "1750/00/00", 1750},
         {"12/mars/1750", "12/03s/1750", "1750/00/00", 1750},
     };

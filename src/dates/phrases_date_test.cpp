@@ -1,9 +1,9 @@
 #include "dates/phrases_date.h"
 
+#include <gtest/gtest.h>
+
 #include "dates/reconnaissance.h"
 #include "store/chaines.h"
-
-#include <gtest/gtest.h>
 
 namespace arbolix {
 namespace {

@@ -311,6 +311,8 @@ void EcrivainGedcom::EcrirePersonne(std::int32_t n) {
     if (cases_.Notes) EcrireNote(Joindre(parents, p.Notes), '1');
     // La case Professions n'agit qu'à la lecture.
     if (!p.Metier.empty()) Ligne("1 OCCU ", p.Metier);
+    // Un titre de noblesse que le nettoyage n'a pas fondu dans le métier ne se perd pas.
+    if (!p.Titre.empty()) Ligne("1 TITL ", p.Titre);
     if (cases_.Fichiers) EcrireFichiersPersonne(p);
     EcrireChangement(p.DateModif);
 }

@@ -83,7 +83,7 @@ TEST(Lecteur, IdentifiantSurUneSousLigneIgnore) {
         "mari\xE9"
         "e.");
     EXPECT_NE(l.N(59).find("jamais mari\xE9"
-                          "e."),
+                           "e."),
               std::string::npos)
         << l.N(59);
     EXPECT_EQ(l.Compte("identifiant @N59@ ignor\xE9 devant une sous-ligne."), 2u);

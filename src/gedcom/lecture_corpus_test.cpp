@@ -81,8 +81,11 @@ Fiches CompterContenu(std::string octets) {
             c.fichesFamille += genre == "FAM";
             continue;
         }
-        contenu = true;
+        // "1 @N261@ CONT" : un identifiant égaré sur une sous-ligne n'en est pas la balise.
+        if (pointeur) reste = SansBlancs(reste.substr(reste.find("@ ", 1) + 2));
         const std::string_view balise = reste.substr(0, reste.find(' '));
+        // Une note faite de lignes CONT vides n'a pas de contenu.
+        contenu = contenu || !(balise == "CONT" || balise == "CONC") || reste.size() > balise.size();
         const bool niveau1 = ligne[0] == '1';
         c.objets += balise == "OBJE";
         c.sepultures += niveau1 && genre == "INDI" && balise == "BURI";

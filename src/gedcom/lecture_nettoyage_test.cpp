@@ -10,7 +10,8 @@ TEST(ControlesApresLecture, TextesExactsSurLeFichierFaitPourEux) {
     l.LireFichier("controles.ged");
     EXPECT_EQ(l.resultat.Journal,
               "Alerte : la famille 2 comporte des \xE9v\xE8nements mais n'a pas 2 conjoints.\r\n"
-              "Info : la fiche 4 est vide et peut \xEAtre r\xE9utilis\xE9" "e.\r\n");
+              "Info : la fiche 4 est vide et peut \xEAtre r\xE9utilis\xE9"
+              "e.\r\n");
     // Sans nettoyage, rien ne bouge : conjoints inversés, famille à un conjoint, notes.
     EXPECT_EQ(l.Fa(1).Mari, 1);
     EXPECT_EQ(l.Fa(2).Mari, 5);
@@ -23,9 +24,13 @@ TEST(Nettoyage, ConjointsEnfantsAdressesEtCourriel) {
     l.cases.OptNettoie = true;
     l.LireFichier("controles.ged");
     const std::string& j = l.resultat.Journal;
-    EXPECT_NE(j.find("Info : inversion de sexe corrig\xE9" "e des conjoints de la famille 1."), std::string::npos);
-    EXPECT_NE(j.find("Info : la fiche 4 a un pr\xE9nom vide qui a \xE9t\xE9 remplac\xE9 par le pr\xE9nom par d\xE9" "faut."),
+    EXPECT_NE(j.find("Info : inversion de sexe corrig\xE9"
+                     "e des conjoints de la famille 1."),
               std::string::npos);
+    EXPECT_NE(
+        j.find("Info : la fiche 4 a un pr\xE9nom vide qui a \xE9t\xE9 remplac\xE9 par le pr\xE9nom par d\xE9"
+               "faut."),
+        std::string::npos);
     EXPECT_EQ(l.Fa(1).Mari, 2);
     EXPECT_EQ(l.Fa(1).Femme, 1);
     // Les enfants par date de naissance : 1751 avant le 3 mars 1752.
@@ -53,7 +58,9 @@ TEST(Nettoyage, AvecRenumerotationLesFichesVidesRestentVides) {
     l.cases.OptRenum = true;
     l.Lire("0 @I1@ INDI|1 NAME A /B/|0 @I2@ INDI|0 @I3@ INDI|1 NAME C /D/");
     EXPECT_TRUE(l.Pe(2).Prenoms.empty());
-    EXPECT_EQ(l.resultat.Journal, "Info : la fiche 2 est vide et peut \xEAtre r\xE9utilis\xE9" "e.\r\n");
+    EXPECT_EQ(l.resultat.Journal,
+              "Info : la fiche 2 est vide et peut \xEAtre r\xE9utilis\xE9"
+              "e.\r\n");
 }
 
 }  // namespace
