@@ -198,7 +198,7 @@ std::string MessageAnsel(std::string_view v, std::string_view titre) {
          "ciaux seront mal reconnus, veuillez v\xE9rifier le cas \xE9"
          "ch\xE9"
          "ant.\r\n"
-         "Vous auriez du enregistrer le fichier gedcom avec des caract\xE8res ANSI.\r\n"
+         "Vous auriez d\xFB enregistrer le fichier gedcom avec des caract\xE8res ANSI.\r\n"
          "Vous pouvez t\xE9l\xE9"
          "charger un convertisseur \xE0 l'adresse :\r\n";
     m.append(kAdresseConvertisseur).append("\r\n\r\n");
@@ -212,7 +212,7 @@ std::string MessageUtf8(std::string_view v) {
          "ciaux risquent d'\xEAtre mal reconnus, veuillez v\xE9rifier le cas \xE9"
          "ch\xE9"
          "ant.\r\n"
-         "Vous auriez du enregistrer le fichier Gedcom avec des caract\xE8res ANSI.\r\n\r\n";
+         "Vous auriez d\xFB enregistrer le fichier Gedcom avec des caract\xE8res ANSI.\r\n\r\n";
     return m;
 }
 

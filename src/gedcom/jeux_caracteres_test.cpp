@@ -214,7 +214,7 @@ TEST(JeuxCaracteres, FichierAnsel) {
               "ciaux seront mal reconnus, veuillez v\xE9rifier le "
               "cas \xE9"
               "ch\xE9"
-              "ant.\r\nVous auriez du enregistrer le fichier gedcom avec des caract\xE8res "
+              "ant.\r\nVous auriez d\xFB enregistrer le fichier gedcom avec des caract\xE8res "
               "ANSI.\r\nVous pouvez t\xE9l\xE9"
               "charger un convertisseur \xE0 l'adresse :\r\n" +
                   std::string(kAdresseConvertisseur) + "\r\n\r\n" + MessageReplis({1, 0}));
@@ -246,7 +246,7 @@ TEST(JeuxCaracteres, FichierUtf8) {
               "ciaux risquent d'\xEAtre mal reconnus, veuillez "
               "v\xE9rifier le cas \xE9"
               "ch\xE9"
-              "ant.\r\nVous auriez du enregistrer le fichier Gedcom avec "
+              "ant.\r\nVous auriez d\xFB enregistrer le fichier Gedcom avec "
               "des caract\xE8res ANSI.\r\n\r\n" +
                   MessageReplis({2, 0}));
 }
