@@ -204,5 +204,44 @@ TEST(LectureCorpus, RienNeSePerdALEnregistrement) {
     }
 }
 
+// Un fichier qui mêle les formes qui perdaient ou inventaient des données : rien ne se perd
+// que la base peut tenir, chaque ligne laissée est au journal, et le fichier se fixe.
+TEST(LectureCorpus, FichierQuiMeleTousLesCas) {
+    std::string source = "0 @S1@ SOUR|1 TITL Registre|1 AUTH Curé Martin|1 PUBL Sarlat|";
+    for (int i = 0; i < 50; ++i)
+        source += "1 _INCONNU" + std::to_string(i) + " valeur " + std::to_string(i) + "|";
+    essai::Lecture l;
+    l.Lire(
+        "1 CHAR ANSI|0 @I1@ INDI|1 NAME Jean /Lagarde/|1 SEX M|1 RESI|2 DATE 1780|1 OCCU tisserand|2 DATE "
+        "1790|"
+        "1 DEAT Y|1 ALIA @I2@|1 SOUR @S1@|2 NAME Autre /Nom/|2 DATE 1700|1 BIRT|2 DATE 12 FEB 1716/17|"
+        "1 CHR|2 DATE 11 AUG|1 OBJE|2 FILE a.jpg|1 OBJE|2 FILE a.jpg|1 FILE b.jpg|1 NOTE @N1@|"
+        "0 @I2@ INDI|1 NAME Marie /Roux/|0 @N1@ NOTE |1 @N1@ CONT texte gard\xE9|" +
+        source);
+    const Perso& p = l.Pe(1);
+    EXPECT_EQ(p.Nom, "Lagarde");
+    EXPECT_TRUE(p.Sepulture.Date.empty());
+    EXPECT_TRUE(p.Deces.Connu);
+    EXPECT_EQ(p.Naissance.Annee, 1717);
+    EXPECT_EQ(p.Bapteme.Date, "11/08");
+    EXPECT_NE(l.N(1).find("texte gard\xE9"), std::string::npos);
+    for (int i = 0; i < 50; ++i) {
+        const std::string valeur = "valeur " + std::to_string(i);
+        EXPECT_TRUE(l.S(1).find(valeur) != std::string::npos || l.Journal().find(valeur) != std::string::npos)
+            << "ligne " << i << " ni gardée ni au journal";
+    }
+    ToutSelectionner(l.base);
+    const ContexteEcriture ecriture{l.cases, EnteteArbolix(), "01/01/2000"};
+    const std::string premier = EcrireGedcomTexte(l.base, ecriture);
+    const Fiches ecrit = CompterContenu(premier);
+    EXPECT_EQ(ecrit.personnes, 2);
+    EXPECT_EQ(ecrit.sources, 1);
+    EXPECT_EQ(ecrit.notes, 1);
+    EXPECT_EQ(ecrit.sepultures, 0);
+    EXPECT_EQ(ecrit.objets, 2);
+    const std::string second = LireEtEcrire(premier);
+    EXPECT_EQ(LireEtEcrire(second), second) << Ecart(second, LireEtEcrire(second));
+}
+
 }  // namespace
 }  // namespace arbolix
