@@ -365,15 +365,17 @@ void ReconstruireLiens(Base& base) {
     PourChaqueFiche(base.Sources, base.Sources.Haut(), vider);
     base.Medias.PourChaqueEcrit(1, base.Medias.Haut(),
                                 [&](std::int32_t m) { base.Medias[m].LiensPersos.clear(); });
-    for (std::int32_t p = 1; p <= std::min(base.NbPersos, base.Persos.Haut()); ++p)
+    // Seules les pages écrites : un numéro isolé très haut ne fait pas parcourir des millions de fiches.
+    base.Persos.PourChaqueEcrit(1, std::min(base.NbPersos, base.Persos.Haut()), [&](std::int32_t p) {
         if (PersonneExiste(base, p)) ReconstruirePersonne(base, p);
-    for (std::int32_t f = 1; f <= std::min(base.NbFamis, base.Familles.Haut()); ++f) {
+    });
+    base.Familles.PourChaqueEcrit(1, std::min(base.NbFamis, base.Familles.Haut()), [&](std::int32_t f) {
         const Fami& fa = std::as_const(base.Familles)[f];
         for (auto acte : kActesDeFami) {
             LierChamp(base, (fa.*acte).Notes, 'N', true, f);
             LierChamp(base, (fa.*acte).Source, 'S', true, f);
         }
-    }
+    });
 }
 
 }  // namespace arbolix
