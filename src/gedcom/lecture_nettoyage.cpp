@@ -71,7 +71,8 @@ void LecteurGedcom::Nettoyer() {
             if (AUneDonnee(p) || !cases_.OptRenum) {
                 p.Prenoms = defaut;
                 JournaliserLigne("Info : la fiche " + std::to_string(n) +
-                                 " a un pr\xE9nom vide qui a \xE9t\xE9 remplac\xE9 par le pr\xE9nom par d\xE9" "faut.");
+                                 " a un pr\xE9nom vide qui a \xE9t\xE9 remplac\xE9 par le pr\xE9nom par d\xE9"
+                                 "faut.");
             }
             continue;
         }
@@ -84,7 +85,11 @@ void LecteurGedcom::Nettoyer() {
             p.CodeNom = "N000";
         }
         if (p.Prenoms.empty()) p.Prenoms = defaut;
-        if (!p.Titre.empty()) p.Metier = p.Metier.empty() ? p.Titre.str() : p.Metier + ", " + p.Titre;
+        // Le titre passe dans le métier : gardé aussi dans Titre, l'écriture le rendrait deux fois.
+        if (!p.Titre.empty()) {
+            p.Metier = p.Metier.empty() ? p.Titre.str() : p.Metier + ", " + p.Titre;
+            p.Titre.clear();
+        }
         SansFinDeLigneDeTete(p.Notes);
         if (!p.Suite().Adresse2.empty()) RangerVille(p.SuiteModif());
         RangerCourriel(p);
@@ -101,8 +106,10 @@ void LecteurGedcom::Nettoyer() {
         SansFinDeLigneDeTete(fa.Mariage.Notes);
         if (fa.Mari > 0 && fa.Femme > 0 && b.Persos[fa.Mari].Sexe == 'F' && b.Persos[fa.Femme].Sexe == 'M') {
             std::swap(fa.Mari, fa.Femme);
-            JournaliserLigne("Info : inversion de sexe corrig\xE9" "e des conjoints de la famille " +
-                             std::to_string(f) + ".");
+            JournaliserLigne(
+                "Info : inversion de sexe corrig\xE9"
+                "e des conjoints de la famille " +
+                std::to_string(f) + ".");
         }
         if (fa.Enfants(1) == 0 && (fa.Mari == 0) != (fa.Femme == 0))
             SupprimerUnion(b, f, fa.Mari != 0 ? fa.Mari : fa.Femme, nullptr, 0);

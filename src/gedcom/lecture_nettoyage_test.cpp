@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "gedcom/ecrivain.h"
 #include "gedcom/lecture_essai.h"
+#include "lists/selection.h"
 
 namespace arbolix {
 namespace {
@@ -50,6 +52,21 @@ TEST(Nettoyage, ConjointsEnfantsAdressesEtCourriel) {
     // Sans renumérotation, la fiche vide 4 prend le prénom par défaut ; la 3, qui a un nom, sans un mot.
     EXPECT_EQ(l.Pe(4).Prenoms, "N");
     EXPECT_EQ(l.Pe(3).Prenoms, "N");
+}
+
+// Le titre passe dans le métier une seule fois : il ne revient pas d'un enregistrement à l'autre.
+TEST(Nettoyage, TitreFonduUneSeuleFoisDansLeMetier) {
+    std::string texte =
+        essai::Lignes("0 HEAD|0 @I1@ INDI|1 NAME Jean /Dupont/|1 OCCU notaire|1 TITL comte|0 TRLR|");
+    for (int tour = 0; tour < 2; ++tour) {
+        essai::Lecture l;
+        l.cases.OptNettoie = true;
+        l.LireTout(texte);
+        EXPECT_EQ(l.Pe(1).Metier, "notaire, comte");
+        EXPECT_TRUE(l.Pe(1).Titre.empty());
+        ToutSelectionner(l.base);
+        texte = EcrireGedcomTexte(l.base, ContexteEcriture{l.cases, EnteteArbolix(), "01/01/2000"});
+    }
 }
 
 TEST(Nettoyage, AvecRenumerotationLesFichesVidesRestentVides) {
