@@ -5,9 +5,11 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/parente_cli.h"
 #include "gedcom/enregistrement.h"
 #include "gedcom/journal_lecture.h"
 #include "gedcom/lecteur.h"
+#include "kinship/sosa.h"
 #include "lists/listes.h"
 #include "lists/selection.h"
 #include "platform/cp1252.h"
@@ -91,6 +93,8 @@ bool Charger(const std::string& fichier, OptionsGedcom cases, Base& base, Option
         s.erreurs << Cp1252VersUtf8(resultat.Erreur) << "\n";
         return false;
     }
+    // Comme à l'ouverture dans la fenêtre : les numéros Sosa de la première personne.
+    NumeroterApresLecture(base, options, resultat.PremierePerso);
     return true;
 }
 
@@ -153,9 +157,14 @@ int CommandeLire(const Arguments& args, Sorties& s) {
 int CommandeEnregistrer(const Arguments& args, Sorties& s) {
     OptionsGedcom cases;
     Arguments fichiers;
-    if (!LireCases(args, cases, fichiers, s)) return 2;
+    Arguments autres = args;
+    std::optional<SelectionCli> selection;
+    if (!ExtraireSelection(autres, selection, s.erreurs)) return 2;
+    if (!LireCases(autres, cases, fichiers, s)) return 2;
     if (fichiers.size() != 2) {
-        s.erreurs << "usage : arbolix-cli enregistrer [options] ENTREE.ged SORTIE.ged\n";
+        s.erreurs
+            << "usage : arbolix-cli enregistrer [options] [--selection ascendants|descendants|apparentes "
+               "--personne N [--tous-descendants]] ENTREE.ged SORTIE.ged\n";
         return 2;
     }
     Base base;
@@ -164,6 +173,8 @@ int CommandeEnregistrer(const Arguments& args, Sorties& s) {
     if (!Charger(fichiers[0], cases, base, options, resultat, s)) return 2;
     s.sortie << JournalUtf8(JournalLisible(resultat.Journal, resultat.Reperes));
     ToutSelectionner(base);
+    // Une sélection partielle : seules ses fiches sont écrites.
+    if (selection && !AppliquerSelection(base, options, *selection, s.erreurs)) return 2;
     cases.Fichier = fichiers[1];
     DialogueCli dialogue(s.erreurs);
     ContexteEnregistrement ctx{base, cases, options, dialogue, nullptr, EnteteArbolix(), DateDuJour()};
@@ -243,6 +254,12 @@ const std::vector<Commande>& Commandes() {
          "enregistrer [options] ENTREE.ged SORTIE.ged : lit ENTREE et l'\xC3\xA9"
          "crit en GEDCOM 5.5 dans SORTIE",
          CommandeEnregistrer},
+        {"sosa",
+         "sosa FICHIER.ged [PERSONNE] [--max-gen N] : les ascendants num\xC3\xA9rot\xC3\xA9s, une ligne par "
+         "visite",
+         [](const Arguments& a, Sorties& s) { return CommandeSosa(a, s.sortie, s.erreurs); }},
+        {"parente", "parente FICHIER.ged DECUJUS AUTRE : la liste de parent\xC3\xA9 des deux personnes",
+         [](const Arguments& a, Sorties& s) { return CommandeParente(a, s.sortie, s.erreurs); }},
     };
     return commandes;
 }

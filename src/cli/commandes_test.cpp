@@ -115,7 +115,8 @@ TEST(Cli, ListeMontreLesRangeesEnUtf8EtRefuseUneSorteInconnue) {
         FichierTemporaire("cli-liste.ged", "0 HEAD\r\n0 @I1@ INDI\r\n1 NAME Ren\xE9 /L\xE9vy/\r\n0 TRLR\r\n");
     const auto a = Lancer({"liste", "personnes", f});
     EXPECT_EQ(a.code, 0);
-    EXPECT_EQ(a.sortie, " Ajouter... P000002\nL\xC3\xA9vy Ren\xC3\xA9 P000001\n");
+    // La première personne est la racine de la numérotation Sosa faite à la lecture.
+    EXPECT_EQ(a.sortie, " Ajouter... P000002\nL\xC3\xA9vy Ren\xC3\xA9 S1 P000001\n");
     EXPECT_EQ(Lancer({"liste", "parents", f}).code, 2);
     EXPECT_EQ(Lancer({"liste", "personnes"}).code, 2);
     EXPECT_EQ(Lancer({"liste", "notes", "/nulle/part.ged"}).code, 2);
@@ -167,7 +168,9 @@ TEST(Cli, EnregistrerEchoueSansToucherAuxFichiers) {
     EXPECT_EQ(a.erreurs, "Le fichier /nulle/part.ged est introuvable.\n");
     a = Lancer({"enregistrer", entree});
     EXPECT_EQ(a.code, 2);
-    EXPECT_EQ(a.erreurs, "usage : arbolix-cli enregistrer [options] ENTREE.ged SORTIE.ged\n");
+    EXPECT_EQ(a.erreurs,
+              "usage : arbolix-cli enregistrer [options] [--selection ascendants|descendants|"
+              "apparentes --personne N [--tous-descendants]] ENTREE.ged SORTIE.ged\n");
     std::filesystem::remove(entree);
 }
 

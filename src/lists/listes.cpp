@@ -465,6 +465,10 @@ Reaction DoubleClic(const Base& base, const Options& o, const ListePersonne& lis
         return {ActionListe::Afficher, q.numero, {}, true};
     }
     if (g == "fichiers") return {ActionListe::OuvrirFichier, q.numero, CheminDeRangee(texte), true};
+    if (g == "interech") return {ActionListe::Afficher, q.numero, {}, true};
+    if (g == "anccom") return {ActionListe::ListeParente, q.numero, {}, false};
+    // Tant que l'arbre de parenté n'existe pas, la rangée montre l'ancêtre ; la liste reste ouverte.
+    if (g == "parente") return tete ? Reaction{} : Reaction{ActionListe::Afficher, q.numero, {}, false};
     if (g == "notes" || g == "sources") {
         if (q.genre == 'N') return {ActionListe::OuvrirNote, q.numero, {}, true};
         if (q.genre == 'S') return {ActionListe::OuvrirSource, q.numero, {}, true};

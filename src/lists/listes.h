@@ -83,6 +83,7 @@ enum class ActionListe {
     ProprietesFichier,  // chemin : montrer ses propriétés, puis puisAfficher dans NumPerso
     OuvrirNote,         // note externe numero dans l'éditeur
     OuvrirSource,
+    ListeParente,  // "anccom" : la liste de parenté avec la personne numero
 };
 struct Reaction {
     ActionListe action = ActionListe::Rien;

@@ -1,0 +1,178 @@
+#include "lists/selection_active.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace arbolix {
+
+namespace {
+
+// Un lien vers une note ou une source externe ("@N12@", "@S3@") : le genre au deuxième
+// caractère, le numéro à partir du troisième.
+void MarquerLien(Base& base, std::string_view texte) {
+    if (texte.size() < 4 || texte[0] != '@') return;
+    const std::size_t fin = texte.find('@', 1);
+    if (fin == std::string_view::npos || fin < 3 || texte[fin - 1] < '0' || texte[fin - 1] > '9') return;
+    std::int32_t n = 0;
+    for (std::size_t i = 2; i < texte.size() && texte[i] >= '0' && texte[i] <= '9' && n < 100000000; ++i)
+        n = n * 10 + (texte[i] - '0');
+    auto& t = texte[1] == 'S' ? base.Sources : base.Notes;
+    if (n >= 1 && n <= t.Haut()) t[n].Sel = kVrai;
+}
+
+void MarquerLiensActe(Base& base, const Acte& a) {
+    MarquerLien(base, a.Notes.vue());
+    MarquerLien(base, a.Source.vue());
+}
+
+bool Personne(const Base& b, std::int32_t p) {
+    return p > 0 && p <= b.Persos.Haut();
+}
+bool Famille(const Base& b, std::int32_t f) {
+    return f > 0 && f <= b.Familles.Haut();
+}
+
+}  // namespace
+
+void Marquer(Base& base, std::int32_t p) {
+    if (!Personne(base, p)) return;
+    base.Persos[p].Sel = kVrai;
+    const Perso& pe = std::as_const(base.Persos)[p];
+    MarquerLien(base, pe.Notes.vue());
+    for (const Acte* a : {&pe.Naissance, &pe.Bapteme, &pe.Deces, &pe.Sepulture}) MarquerLiensActe(base, *a);
+    for (int i = 1; i <= kMaxUnions && pe.Unions[i] > 0; ++i) {
+        if (!Famille(base, pe.Unions[i])) continue;
+        Fami& f = base.Familles[pe.Unions[i]];
+        f.Sel = kVrai;
+        for (const Acte* a : {&f.Contrat, &f.Mariage, &f.Divorce}) MarquerLiensActe(base, *a);
+    }
+}
+
+std::int32_t MarquerDescendants(Base& base, const Options& options, std::int32_t racine, bool etLogique,
+                                std::vector<std::uint8_t>& dejaParcourus) {
+    const std::size_t taille = static_cast<std::size_t>(std::max(base.Persos.Haut(), 0)) + 1;
+    if (dejaParcourus.size() < taille) dejaParcourus.resize(taille, 0);
+    if (!Personne(base, racine) || dejaParcourus[racine]) return 0;
+    std::int32_t compte = -1;
+    // Une pile plutôt que la récursion : cent générations de descendants ne pèsent rien.
+    std::vector<std::int32_t> pile{racine};
+    dejaParcourus[racine] = 1;
+    while (!pile.empty()) {
+        const std::int32_t p = pile.back();
+        pile.pop_back();
+        Marquer(base, p);
+        ++compte;
+        const Perso& pe = std::as_const(base.Persos)[p];
+        std::vector<std::int32_t> enfants;
+        for (int i = 1; i <= kMaxUnions && pe.Unions[i] > 0; ++i) {
+            const std::int32_t fam = pe.Unions[i];
+            if (!Famille(base, fam)) continue;
+            const Fami& f = std::as_const(base.Familles)[fam];
+            const std::int32_t conjoint = pe.Sexe == 'F' ? f.Mari : f.Femme;
+            base.Persos[p].Unions[0] = fam;
+            if (Personne(base, conjoint)) {
+                base.Persos[conjoint].Unions[0] = fam;
+                base.Persos[conjoint].Sel = kVrai;
+            }
+            for (const auto& [rang, c] : f.Enfants) {
+                if (!Personne(base, c) || dejaParcourus[c]) continue;
+                const Perso& e = std::as_const(base.Persos)[c];
+                const bool parNom = e.CodeNom == pe.CodeNom && e.Unions[1] > 0;
+                if (!(options.SelTousDesc || parNom) || (etLogique && e.SelAvant == 0)) continue;
+                dejaParcourus[c] = 1;
+                enfants.push_back(c);
+            }
+        }
+        // Les enfants sortent de la pile dans l'ordre de naissance.
+        pile.insert(pile.end(), enfants.rbegin(), enfants.rend());
+    }
+    return compte;
+}
+
+void CompleterSel(Base& base, const Options& options, bool dansTout) {
+    if (options.SelTousDesc) {
+        base.Persos.PourChaqueEcrit(1, base.NbPersos, [&](std::int32_t n) {
+            const Perso& p = std::as_const(base.Persos)[n];
+            int unions = 0;
+            for (int i = 1; i <= 6 && p.Unions[i] > 0; ++i)
+                if (Famille(base, p.Unions[i]) && std::as_const(base.Familles)[p.Unions[i]].Sel != 0)
+                    ++unions;
+            if (unions < 2) return;
+            for (int i = 1; i <= kMaxUnions && p.Unions[i] > 0; ++i)
+                if (Famille(base, p.Unions[i])) base.Familles[p.Unions[i]].SelAvant = kVrai;
+        });
+        base.Familles.PourChaqueEcrit(1, base.NbFamis, [&](std::int32_t n) {
+            const Fami& f = std::as_const(base.Familles)[n];
+            int enfants = 0;
+            for (const auto& [rang, c] : f.Enfants)
+                if (Personne(base, c) && std::as_const(base.Persos)[c].Sel != 0) ++enfants;
+            if (enfants < 2) return;
+            base.Familles[n].SelAvant = kVrai;
+            const std::int32_t parent = f.Mari > 0 ? f.Mari : f.Femme;
+            if (Personne(base, parent)) base.Persos[parent].SelAvant = kVrai;
+        });
+    }
+    const auto unir = [dansTout](auto& fiche) {
+        if (dansTout && fiche.SelAvant != 0) fiche.Sel = kVrai;
+    };
+    base.Persos.PourChaqueEcrit(1, base.NbPersos, [&](std::int32_t n) { unir(base.Persos[n]); });
+    base.Familles.PourChaqueEcrit(1, base.NbFamis, [&](std::int32_t n) { unir(base.Familles[n]); });
+    base.Persos[0].Sel = kFaux;
+    base.Familles[0].Sel = kFaux;
+    for (auto* t : {&base.Notes, &base.Sources}) {
+        const std::int32_t nb = t == &base.Notes ? base.NbNotes : base.NbSources;
+        t->PourChaqueEcrit(1, nb, [&](std::int32_t n) {
+            const NoteExt& e = std::as_const(*t)[n];
+            for (const auto& [rang, p] : e.LiensPersos)
+                if (Personne(base, p) && std::as_const(base.Persos)[p].Sel != 0) {
+                    (*t)[n].Sel = kVrai;
+                    return;
+                }
+        });
+    }
+}
+
+void InverserSelection(Base& base) {
+    base.Persos.PourChaqueEcrit(1, base.NbPersos, [&](std::int32_t n) {
+        Perso& p = base.Persos[n];
+        if (!p.Nom.empty()) p.Sel = p.Sel != 0 ? kFaux : kVrai;
+    });
+    base.Familles.PourChaqueEcrit(1, base.NbFamis, [&](std::int32_t n) {
+        Fami& f = base.Familles[n];
+        if (f.Mari > 0 || f.Femme > 0) f.Sel = f.Sel != 0 ? kFaux : kVrai;
+    });
+}
+
+std::int32_t NbSelPersos(const Base& base) {
+    std::int32_t n = 0;
+    base.Persos.PourChaqueEcrit(1, base.NbPersos, [&](std::int32_t i) {
+        const Perso& p = base.Persos[i];
+        if (!p.Nom.empty() && p.Sel != 0) ++n;
+    });
+    return n;
+}
+
+std::int32_t NbSelFamis(const Base& base) {
+    std::int32_t n = 0;
+    base.Familles.PourChaqueEcrit(1, base.NbFamis, [&](std::int32_t i) {
+        const Fami& f = base.Familles[i];
+        if (f.Sel != 0 && (f.Mari > 0 || f.Femme > 0)) ++n;
+    });
+    return n;
+}
+
+void GarderSelection(Base& base, bool repartir) {
+    const auto garder = [repartir](auto& t, std::int32_t nb) {
+        t.PourChaqueEcrit(1, nb, [&](std::int32_t n) {
+            auto& fiche = t[n];
+            if (repartir) fiche.Sel = kFaux;
+            fiche.SelAvant = fiche.Sel;
+        });
+    };
+    garder(base.Persos, base.NbPersos);
+    garder(base.Familles, base.NbFamis);
+    garder(base.Notes, base.NbNotes);
+    garder(base.Sources, base.NbSources);
+}
+
+}  // namespace arbolix
