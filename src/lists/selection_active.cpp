@@ -1,7 +1,12 @@
 #include "lists/selection_active.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <utility>
+
+#include "card/lignes_personne.h"
+#include "lists/listes.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 
@@ -173,6 +178,95 @@ void GarderSelection(Base& base, bool repartir) {
     garder(base.Familles, base.NbFamis);
     garder(base.Notes, base.NbNotes);
     garder(base.Sources, base.NbSources);
+}
+
+ListeCochee ListeSelPersos(const Base& base, const Options& options, std::string_view reponse) {
+    // On tape le début du nom et du prénom : chaque partie est un début.
+    std::string motif(SansBlancs(reponse));
+    if (motif.find(' ') == std::string::npos) motif += " *";
+    const std::size_t blanc = motif.find(' ');
+    if (blanc == 0 || motif[blanc - 1] != '*') motif.insert(blanc, "*");
+    if (motif.back() != '*') motif += '*';
+    motif = Replier(motif);
+    ListeCochee l;
+    OuvrirListe(l.liste, "selpersos", "", "", true);
+    RemplissageTrie tri;
+    base.Persos.PourChaqueEcrit(1, base.NbPersos, [&](std::int32_t n) {
+        const Perso& p = base.Persos[n];
+        if (p.Prenoms.empty() || !Comme(Replier(p.Nom + " " + p.Prenoms), motif)) return;
+        tri.Ajouter(p.Nom + p.Naissance.DateTri, n);
+    });
+    tri.Terminer(l.liste, [&](std::int32_t n) {
+        std::string s = LigneListe(base, options, n);
+        AjouterQueue(s, 'P', n);
+        return s;
+    });
+    for (const auto& r : l.liste.Rangees) l.coches.push_back(base.Persos[r.valeur].Sel != 0);
+    l.liste.Titre = TitreListeCochee(l);
+    return l;
+}
+
+ListeCochee ListeSelFamis(const Base& base, const Options& options, std::string_view reponse) {
+    const std::string motif = Replier(std::string(SansBlancs(reponse)) + "*");
+    ListeCochee l;
+    OuvrirListe(l.liste, "selfamis", "", "", true);
+    RemplissageTrie tri;
+    base.Familles.PourChaqueEcrit(1, base.NbFamis, [&](std::int32_t n) {
+        const Fami& f = base.Familles[n];
+        if (f.Mari <= 0 && f.Femme <= 0) return;
+        const Perso& h = PersoLu(base, f.Mari);
+        const Perso& w = PersoLu(base, f.Femme);
+        if (!Comme(Replier(h.Nom + " " + h.Prenoms + " " + w.Nom + " " + w.Prenoms), motif)) return;
+        tri.Ajouter(h.Nom + f.Mariage.DateTri, n);
+    });
+    tri.Terminer(l.liste, [&](std::int32_t n) {
+        const Fami& f = base.Familles[n];
+        std::string s = LigneListe(base, options, f.Mari) + " " + options.SymbMari + f.Mariage.Date + " " +
+                        LigneListe(base, options, f.Femme);
+        AjouterQueue(s, 'F', n);
+        return s;
+    });
+    for (const auto& r : l.liste.Rangees) l.coches.push_back(base.Familles[r.valeur].Sel != 0);
+    l.liste.Titre = TitreListeCochee(l);
+    return l;
+}
+
+std::string TitreListeCochee(const ListeCochee& l) {
+    const auto n = std::count(l.coches.begin(), l.coches.end(), true);
+    char compte[32];
+    std::snprintf(compte, sizeof compte, "%6ld", static_cast<long>(n));
+    return std::string(compte) + (l.liste.Genre == "selfamis" ? " familles" : " personnes") +
+           " s\xE9lectionn\xE9" + "es";
+}
+
+void BasculerRangee(Base& base, ListeCochee& l, std::size_t rangee) {
+    if (rangee >= l.coches.size()) return;
+    l.coches[rangee] = !l.coches[rangee];
+    const std::int32_t n = LireQueue(l.liste.Rangees[rangee].texte).numero;
+    const Drapeau sel = l.coches[rangee] ? kVrai : kFaux;
+    if (l.liste.Genre == "selfamis" && Famille(base, n)) base.Familles[n].Sel = sel;
+    if (l.liste.Genre == "selpersos" && Personne(base, n)) base.Persos[n].Sel = sel;
+    l.liste.Titre = TitreListeCochee(l);
+}
+
+std::vector<std::string> CocherLieuxAnnexes(ListeCochee& l, std::size_t rangee) {
+    std::vector<std::string> annexes;
+    if (rangee >= l.coches.size()) return annexes;
+    const std::string& lieu = l.liste.Rangees[rangee].texte;
+    for (std::size_t i = 0; i < l.coches.size(); ++i) {
+        const std::string& t = l.liste.Rangees[i].texte;
+        if (i == rangee || lieu.empty() || t.size() < 2 || t.find(lieu, 1) == std::string::npos) continue;
+        l.coches[i] = l.coches[rangee];
+        annexes.push_back(t);
+    }
+    return annexes;
+}
+
+std::string QuestionLieuxAnnexes(std::string_view lieu, bool cocher) {
+    return std::string(cocher ? "Voulez-vous " : "Voulez-vous d\xE9") +
+           "s\xE9lectionner automatiquement les lieux annexes de " + std::string(lieu) + " ? \r\n" +
+           "(contenant l'intitul\xE9 du lieu qui vient d'\xEAtre s\xE9lectionn\xE9)\r\n" +
+           "(Vous pouvez d\xE9" + "finir un choix par d\xE9" + "faut dans les options)";
 }
 
 }  // namespace arbolix

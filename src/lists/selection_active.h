@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "lists/rangees.h"
@@ -39,5 +40,26 @@ std::int32_t NbSelFamis(const Base& base);
 
 // SelAvant = Sel sur les cinq sortes de fiches ; avec repartir, les deux à 0.
 void GarderSelection(Base& base, bool repartir);
+
+// Les listes de la sélection sur ListeChoix : toutes les fiches qui répondent au motif, une case
+// par rangée, cochée quand la fiche est sélectionnée. Motif sans casse ni accents ; pour les
+// personnes sur "Nom Prénoms", chaque partie étant un début ("dup j" vaut "dup* j*"), pour les familles sur
+// "Nom Prénoms Nom Prénoms" des deux époux (vide : tout).
+struct ListeCochee {
+    ListePersonne liste;
+    std::vector<bool> coches;
+};
+ListeCochee ListeSelPersos(const Base& base, const Options& options, std::string_view reponse);
+ListeCochee ListeSelFamis(const Base& base, const Options& options, std::string_view reponse);
+// Le titre : le nombre de rangées cochées sur six caractères, puis " personnes sélectionnées".
+std::string TitreListeCochee(const ListeCochee& l);
+// Une case changée par l'utilisateur : la marque de la fiche de la rangée s'inverse avec elle.
+void BasculerRangee(Base& base, ListeCochee& l, std::size_t rangee);
+
+// Lieux annexes d'une rangée de la liste des lieux : les autres rangées qui contiennent son texte
+// à partir du deuxième caractère prennent sa coche ; rend leurs textes pour la boîte qui les nomme.
+std::vector<std::string> CocherLieuxAnnexes(ListeCochee& l, std::size_t rangee);
+// La question quand SelAutoLieuxAnnexes vaut 2 (demander).
+std::string QuestionLieuxAnnexes(std::string_view lieu, bool cocher);
 
 }  // namespace arbolix
