@@ -132,6 +132,7 @@ Fiche::Fiche(QWidget* parent)
     connect(ui_->Enfant, &QListWidget::itemDoubleClicked, this,
             [this](QListWidgetItem* i) { DoubleCliquerListeNumero(ui_->Enfant, ui_->Enfant->row(i)); });
     BrancherDivers();
+    BrancherSelection();
     connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
     connect(ui_->MenuNotesFichier, &QAction::triggered, this, &Fiche::MenuNotesFichier);
     connect(ui_->MenuImportFichiers, &QAction::triggered, this, [this] { MenuImportFichiers({}); });
@@ -242,8 +243,9 @@ void Fiche::OuvrirEvenement(char genre) {
 bool Fiche::Enregistrer() {
     EnregistrerFiche();
     if (!ouvert_) return false;
-    // Toute la base est sélectionnée tant que les commandes de sélection n'existent pas.
-    const ChoixEnregistrement choix = PreparerEnregistrement(base_, gedcom_, true, *dialogue_);
+    const ChoixEnregistrement choix = PreparerEnregistrement(base_, gedcom_, etatSel_.Cochee == 0, *dialogue_);
+    // Non à la question : toute la base est de nouveau sélectionnée ; après l'écriture aussi.
+    if (!choix.Partiel) ReprendreToutSel();
     bool enregistre = false;
     gedcomForm_->Preparer(ModeGedcom::Enregistrer, VersQString(messages_(409)), gedcom_, recents_,
                           [this, &choix, &enregistre](Gedcom& g) {
@@ -266,6 +268,7 @@ bool Fiche::Enregistrer() {
                           });
     gedcomForm_->exec();
     if (!enregistre) return false;
+    ReprendreToutSel();
     RetenirFichier();
     ActualiserEnregistrer();
     // Le titre dit que le fichier vient d'être enregistré, sous son nom peut-être nouveau.
@@ -665,6 +668,9 @@ void Fiche::ReagirListe(const Reaction& r) {
             if (r.puisAfficher > 0) AllerA(r.puisAfficher, true);
             break;
         }
+        case ActionListe::ListeParente:
+            ListerParente(r.numero);
+            break;
     }
 }
 
@@ -751,6 +757,7 @@ bool Fiche::ChargerFichier(Progression& progression) {
     }
     // Un fichier s'ouvre sur « Toute la base » : chaque fiche en usage est sélectionnée.
     ToutSelectionner(base_);
+    ApresLecture(r.PremierePerso);
     MettreEnPlaceFichier(PremierePersonne(r.PremierePerso));
     RetenirFichier();
     if (!r.Journal.empty()) {

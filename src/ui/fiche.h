@@ -15,6 +15,7 @@
 #include "card/medias.h"
 #include "gedcom/lecteur.h"
 #include "gedcom/options_gedcom.h"
+#include "kinship/menu_sel.h"
 #include "lists/listes.h"
 #include "store/base.h"
 #include "store/options.h"
@@ -35,6 +36,7 @@ namespace arbolix {
 class Editeur;
 class Gedcom;
 class InputMsgBox;
+class FormListeChoix;
 class Personne;
 
 class Fiche : public QMainWindow {
@@ -166,6 +168,17 @@ private:
     bool OuvrirFichierLie(const std::string& chemin, bool proprietes);
     void MontrerTexte(const NoteExt& note, std::string_view titre);
 
+    // Sélection active, parenté, recherches (fiche_selection.cpp).
+    void BrancherSelection();
+    void ApresLecture(std::int32_t proposee);
+    void PoserSelection();
+    void ReprendreToutSel();  // l'état du menu quand toute la base est de nouveau sélectionnée
+    void CommandeSel(int i);
+    void CommandeParente();
+    void ListerParente(std::int32_t autre);
+    void CommandeIntRech();
+    void ListeSelection(bool familles);
+
     void AppliquerZoom(const Zoom& zoom);
     void PlacerPersonne();
     void RetenirPlacePersonne();
@@ -196,6 +209,9 @@ private:
     QFont policeConception_;
     bool ouvert_ = false;
     std::string derniereDateImport_;
+    EtatSelection etatSel_;
+    std::int32_t nbAncetres_ = 0;
+    FormListeChoix* listeChoix_ = nullptr;
 };
 
 }  // namespace arbolix

@@ -189,7 +189,7 @@ void Fiche::ActiverBoutonsLiens() {
 }
 
 Edition Fiche::Editer() {
-    return Edition{base_, options_, *dialogue_, Maintenant(), gedcom_.OptRenum, false};
+    return Edition{base_, options_, *dialogue_, Maintenant(), gedcom_.OptRenum, etatSel_.Cochee != 0};
 }
 
 // Après une commande de lien : la fiche se refait (le noyau a marqué le fichier s'il a changé).
