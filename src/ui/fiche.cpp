@@ -757,12 +757,12 @@ bool Fiche::ChargerFichier(Progression& progression) {
     }
     // Un fichier s'ouvre sur « Toute la base » : chaque fiche en usage est sélectionnée.
     ToutSelectionner(base_);
-    ApresLecture(r.PremierePerso);
+    const std::string boucles = ApresLecture(r.PremierePerso);
     MettreEnPlaceFichier(PremierePersonne(r.PremierePerso));
     RetenirFichier();
-    if (!r.Journal.empty()) {
+    if (!r.Journal.empty() || !boucles.empty()) {
         const std::string texte = textes_.TitreJournal + " " + Utf8VersCp1252(gedcom_.Fichier) + "\r\n\r\n" +
-                                  JournalLisible(r.Journal, r.Reperes) + "\r\n" + textes_.FinJournal;
+                                  JournalLisible(r.Journal, r.Reperes) + boucles + "\r\n" + textes_.FinJournal;
         editeur_->Montrer(VersQString(textes_.TitreJournal), texte);
     }
     return true;

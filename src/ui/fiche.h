@@ -170,7 +170,8 @@ private:
 
     // Sélection active, parenté, recherches (fiche_selection.cpp).
     void BrancherSelection();
-    void ApresLecture(std::int32_t proposee);
+    // La numérotation Sosa d'après lecture ; rend ses lignes de journal (boucles dans les liens).
+    std::string ApresLecture(std::int32_t proposee);
     void PoserSelection();
     void ReprendreToutSel();  // l'état du menu quand toute la base est de nouveau sélectionnée
     void CommandeSel(int i);

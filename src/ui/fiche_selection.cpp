@@ -95,13 +95,15 @@ void Fiche::BrancherSelection() {
     }
 }
 
-void Fiche::ApresLecture(std::int32_t proposee) {
+std::string Fiche::ApresLecture(std::int32_t proposee) {
     etatSel_ = {};
-    nbAncetres_ = NumeroterApresLecture(base_, options_, proposee).NbAncetres;
+    const Ascendance a = NumeroterApresLecture(base_, options_, proposee);
+    nbAncetres_ = a.NbAncetres;
     findChild<QMenu*>("BarreMenu_2")->setEnabled(true);
     for (int i : {9, 12, 20})
-        if (auto* a = findChild<QAction*>(QString("IcoCommande%1").arg(i))) a->setEnabled(true);
+        if (auto* icone = findChild<QAction*>(QString("IcoCommande%1").arg(i))) icone->setEnabled(true);
     PoserSelection();
+    return a.Journal;
 }
 
 void Fiche::PoserSelection() {
