@@ -1,4 +1,4 @@
-#include "card/liens.h"
+#include "store/liens.h"
 
 #include <algorithm>
 #include <string>
@@ -32,7 +32,8 @@ void TrierEnfants(Base& base, std::int32_t f) {
     for (const auto& [rang, enfant] : fa.Enfants) {
         if (rang < 1 || enfant <= 0) continue;
         const Perso& e = std::as_const(base.Persos)[enfant];
-        lignes.emplace_back(e.Naissance.Date.empty() ? e.Bapteme.DateTri.str() : e.Naissance.DateTri.str(), enfant);
+        lignes.emplace_back(e.Naissance.Date.empty() ? e.Bapteme.DateTri.str() : e.Naissance.DateTri.str(),
+                            enfant);
     }
     const auto tries = TrierLignes(std::move(lignes));
     for (int i = 1; i <= kMaxEnfants; ++i)
@@ -47,14 +48,15 @@ void TrierUnions(Base& base, std::int32_t p) {
         const std::int32_t f = pe.Unions[static_cast<std::size_t>(i)];
         if (f <= 0) continue;
         const Fami& fa = std::as_const(base.Familles)[f];
-        const std::string cle = fa.Mariage.Annee != 0     ? fa.Mariage.DateTri.str()
+        const std::string cle = fa.Mariage.Annee != 0           ? fa.Mariage.DateTri.str()
                                 : !pe.Naissance.DateTri.empty() ? pe.Naissance.DateTri.str()
                                                                 : fa.Contrat.DateTri.str();
         lignes.emplace_back(cle, f);
     }
     const auto tries = TrierLignes(std::move(lignes));
     for (int i = 1; i <= kMaxUnions; ++i)
-        pe.Unions[static_cast<std::size_t>(i)] = i <= static_cast<int>(tries.size()) ? tries[static_cast<std::size_t>(i - 1)] : 0;
+        pe.Unions[static_cast<std::size_t>(i)] =
+            i <= static_cast<int>(tries.size()) ? tries[static_cast<std::size_t>(i - 1)] : 0;
 }
 
 void SupprimerUnion(Base& base, std::int32_t f, std::int32_t p, Dialogue* dialogue, double maintenant) {
@@ -77,7 +79,8 @@ void SupprimerUnion(Base& base, std::int32_t f, std::int32_t p, Dialogue* dialog
     if (fa.Mari != 0 || fa.Femme != 0) return;
     if (!fa.Enfants.empty()) {
         std::string texte = "Attention ! La famille n\xB0" + std::to_string(f) +
-                            " va \xEAtre supprim\xE9" "e.\r\nVeuillez noter les num\xE9ros des enfants qui vont perdre "
+                            " va \xEAtre supprim\xE9"
+                            "e.\r\nVeuillez noter les num\xE9ros des enfants qui vont perdre "
                             "le lien vers leurs parents :";
         for (const auto& [rang, enfant] : fa.Enfants) {
             if (rang < 1 || enfant <= 0) continue;
