@@ -10,8 +10,8 @@
 #include "card/medias.h"
 #include "gedcom/ecrivain.h"
 #include "gedcom/lecture_essai.h"
-#include "gedcom/lecture_liens.h"
 #include "store/decrire_base.h"
+#include "store/liens.h"
 #include "store/selection.h"
 
 namespace arbolix {
