@@ -10,7 +10,7 @@
 #include "gedcom/lecteur.h"
 #include "kinship/menu_sel.h"
 #include "kinship/sosa.h"
-#include "lists/selection.h"
+#include "store/selection.h"
 #include "lists/selection_active.h"
 #include "mesures.h"
 #include "platform/progression.h"

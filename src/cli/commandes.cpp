@@ -11,10 +11,10 @@
 #include "gedcom/lecteur.h"
 #include "kinship/sosa.h"
 #include "lists/listes.h"
-#include "lists/selection.h"
 #include "platform/cp1252.h"
 #include "platform/dialogue.h"
 #include "platform/progression.h"
+#include "store/selection.h"
 
 namespace arbolix::cli {
 

@@ -7,7 +7,7 @@
 #include "kinship/menu_sel.h"
 #include "kinship/parente.h"
 #include "kinship/sosa.h"
-#include "lists/selection.h"
+#include "store/selection.h"
 #include "platform/cp1252.h"
 #include "platform/progression.h"
 #include "store/chaines.h"

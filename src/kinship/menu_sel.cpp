@@ -6,7 +6,7 @@
 #include "card/lignes_personne.h"
 #include "kinship/sosa.h"
 #include "lists/rangees.h"
-#include "lists/selection.h"
+#include "store/selection.h"
 #include "lists/selection_active.h"
 
 namespace arbolix {
