@@ -43,6 +43,22 @@ TEST(SelectionActive, ListesCocheesSuiventEtChangentLesMarques) {
     EXPECT_TRUE(ListeSelFamis(b, o, "martin").liste.Rangees.empty());
 }
 
+TEST(SelectionActive, EtLogiqueNeDescendQueDansLaSelectionDAvant) {
+    Base b;
+    Options o;
+    o.SelTousDesc = true;
+    for (int n = 1; n <= 4; ++n) AjouterPersonne(b, n, "Roux", "P").Sel = kFaux;
+    AjouterFamille(b, 1, 1, 0, {}, {2, 3});
+    AjouterFamille(b, 2, 3, 0, {}, {4});
+    for (int n : {3, 4}) b.Persos[n].SelAvant = kVrai;
+    std::vector<std::uint8_t> parcourus;
+    EXPECT_EQ(MarquerDescendants(b, o, 1, true, parcourus), 2);  // 3 puis 4 ; 2 n'était pas sélectionné
+    EXPECT_EQ(std::as_const(b.Persos)[2].Sel, kFaux);
+    EXPECT_EQ(std::as_const(b.Persos)[4].Sel, kVrai);
+    // Une seconde marche ne refait pas une branche déjà parcourue.
+    EXPECT_EQ(MarquerDescendants(b, o, 3, false, parcourus), 0);
+}
+
 TEST(SelectionActive, LieuxAnnexesContiennentLeLieuApresLeDebut) {
     ListeCochee l;
     for (const char* lieu : {"Paris", "Paris 5e", "Montreuil-sous-Bois", "Saint-Paris", "Bois"}) {
