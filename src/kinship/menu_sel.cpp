@@ -83,7 +83,7 @@ BoiteSel MenuSel(Base& base, const Options& options, EtatSelection& etat, int i,
     if (i == 1) {
         const Ascendance a = NumeroterAscendants(base, {personne, 0, true, ValeurMaxGen(options)});
         MarquerAscendants(base, a, [](std::int32_t) {});
-        boite = {kTitreSosa.data(), MessageSosa(base, a, personne), false};
+        boite = {kTitreSosa.data(), MessageSosa(base, a, personne), false, a.NbAncetres};
     } else if (i == 2) {
         const std::int32_t n = MarquerDescendants(base, options, personne, false, parcourus);
         OterFamilleParents(base, personne);

@@ -25,6 +25,7 @@ struct BoiteSel {
     std::string Titre;
     std::string Texte;
     bool Erreur = false;
+    std::int32_t NbAncetres = -1;  // « Ascendants » refait la numérotation principale : son compte
 };
 
 inline constexpr const char* kEntreesSel[] = {"&Toute la base", "&Ascendants", "&Descendants",

@@ -51,6 +51,7 @@ TEST(MenuSel, ToutePuisAscendantsRepartDeRienPuisAjoute) {
     EXPECT_FALSE(e.SelFicheActive);
     BoiteSel boite = MenuSel(b, o, e, 1, 1);
     EXPECT_EQ(boite.Texte, "2 anc\xEAtres trouv\xE9s pour\r\nMARTIN Paul");
+    EXPECT_EQ(boite.NbAncetres, 2);
     EXPECT_EQ(Persos(b), "1.11...");
     EXPECT_EQ(Famis(b), "1...");
     EXPECT_EQ(b.Notes[1].Sel, kFaux);  // la note suit sa personne 6, hors de la sélection

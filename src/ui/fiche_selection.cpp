@@ -131,6 +131,8 @@ void Fiche::CommandeSel(int i) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const BoiteSel boite = MenuSel(base_, options_, etatSel_, i, n);
     QApplication::restoreOverrideCursor();
+    // La liste des recherches compte les ancêtres de la racine de la numérotation principale.
+    if (boite.NbAncetres >= 0) nbAncetres_ = boite.NbAncetres;
     PoserSelection();
     AfficherFiche();
     if (!boite.Titre.empty())
