@@ -93,8 +93,12 @@ bool Charger(const std::string& fichier, OptionsGedcom cases, Base& base, Option
         s.erreurs << Cp1252VersUtf8(resultat.Erreur) << "\n";
         return false;
     }
-    // Comme à l'ouverture dans la fenêtre : les numéros Sosa de la première personne.
-    NumeroterApresLecture(base, options, resultat.PremierePerso);
+    // Comme à l'ouverture dans la fenêtre : les numéros Sosa de la première personne, et
+    // une ligne pour qui est son propre ancêtre.
+    const std::string boucles = NumeroterApresLecture(base, options, resultat.PremierePerso).Journal;
+    std::string lignes = Cp1252VersUtf8(boucles);
+    std::erase(lignes, '\r');
+    s.erreurs << lignes;
     return true;
 }
 

@@ -41,6 +41,21 @@ TEST(CliParente, SosaUneLigneParVisiteAvecLesImplexes) {
               "2 anc\xC3\xAAtres trouv\xC3\xA9s pour MARTIN Jean\n");
 }
 
+TEST(CliParente, UnePersonneQuiEstSonPropreAncetreEstSignaleeALaLecture) {
+    const auto f = (std::filesystem::temp_directory_path() / "cli-boucle.ged").string();
+    // 1 est le mari de la famille dont il est l'enfant.
+    std::ofstream(f, std::ios::binary)
+        << "0 HEAD\r\n0 @I1@ INDI\r\n1 NAME A /B/\r\n1 FAMC @F1@\r\n1 FAMS @F1@\r\n"
+           "0 @F1@ FAM\r\n1 HUSB @I1@\r\n1 CHIL @I1@\r\n0 TRLR\r\n";
+    const Appel a = Lancer({"lire", f});
+    EXPECT_EQ(a.code, 0);
+    EXPECT_EQ(a.erreurs,
+              "Alerte : B A (fiche 1) est son propre anc\xC3\xAAtre : sa branche s'arr\xC3\xAAte \xC3\xA0 sa "
+              "seconde entr\xC3\xA9"
+              "e.\n");
+    std::filesystem::remove(f);
+}
+
 TEST(CliParente, ListeDeParente) {
     const Appel a = Lancer({"parente", kCousins, "2", "3"});
     EXPECT_EQ(a.code, 0) << a.erreurs;
