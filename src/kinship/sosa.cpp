@@ -60,10 +60,25 @@ public:
             if (boucle) {
                 Signaler(parent);
                 Remonter();
-            } else if (!(p_.tous || b_.Persos[parent].Suite().NumSosa[1].empty()) || !Entrer(parent)) {
+            } else if (ArretCommun(parent) || !Entrer(parent)) {
                 Remonter();
             }
         }
+    }
+
+    // Les rangées : clés de même largeur, donc l'ordre du texte est celui des nombres.
+    void Ranger() {
+        std::vector<Rangee> rangees;
+        rangees.reserve(visites_.size());
+        for (auto& [numero, n] : visites_) {
+            std::string t(largeur_ - numero.size(), '0');
+            t += numero;
+            AjouterQueue(t, 'P', n);
+            rangees.push_back({std::move(t), n});
+        }
+        std::sort(rangees.begin(), rangees.end(),
+                  [](const Rangee& x, const Rangee& y) { return x.texte < y.texte; });
+        a_.liste.Rangees = std::move(rangees);
     }
 
 private:
@@ -71,6 +86,11 @@ private:
         std::int32_t perso;
         std::uint8_t etape;
     };
+
+    // La seconde marche de la parenté s'arrête à un ancêtre du De Cujus : un ancêtre commun.
+    bool ArretCommun(std::int32_t n) const {
+        return !p_.tous && !std::as_const(b_.Persos)[n].Suite().NumSosa[1].empty();
+    }
 
     // Les parents d'une personne sont parcourus s'il y en a et que la limite le permet.
     bool Entrer(std::int32_t n) {
@@ -125,22 +145,6 @@ private:
         a_.Journal += "Alerte : " + p.Nom + " " + p.Prenoms + " (fiche " + std::to_string(n) +
                       ") est son propre anc\xEAtre : sa branche s'arr\xEAte \xE0 sa seconde entr\xE9" +
                       "e.\r\n";
-    }
-
-public:
-    // Les rangées : clés de même largeur, donc l'ordre du texte est celui des nombres.
-    void Ranger() {
-        std::vector<Rangee> rangees;
-        rangees.reserve(visites_.size());
-        for (auto& [numero, n] : visites_) {
-            std::string t(largeur_ - numero.size(), '0');
-            t += numero;
-            AjouterQueue(t, 'P', n);
-            rangees.push_back({std::move(t), n});
-        }
-        std::sort(rangees.begin(), rangees.end(),
-                  [](const Rangee& x, const Rangee& y) { return x.texte < y.texte; });
-        a_.liste.Rangees = std::move(rangees);
     }
 
 private:
