@@ -58,7 +58,6 @@ BoiteSel MenuSel(Base& base, const Options& options, EtatSelection& etat, int i,
         etat.SelFicheActive = false;
         etat.Cochee = 0;
         etat.Inverse = false;
-        etat.SelFicheCochee = personne > 0;
         return {};
     }
     const bool fiche =
@@ -102,7 +101,6 @@ BoiteSel MenuSel(Base& base, const Options& options, EtatSelection& etat, int i,
     base.Familles[0].Sel = kFaux;
     etat.Inverse = false;
     etat.Cochee = i;
-    etat.SelFicheCochee = true;
     CompleterSel(base, options, etat.DansTout);
     return boite;
 }

@@ -17,7 +17,6 @@ struct EtatSelection {
     bool DansTout = true;  // MenuSelDansTout(0) « Sél. dans tout (OU logique) »
     bool Inverse = false;
     bool SelFicheActive = false;  // la case Sel de la fiche ; inactive pour toute la base
-    bool SelFicheCochee = false;
 };
 
 // La boîte qui termine une commande (titre vide : aucune).
