@@ -5,7 +5,10 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTimer>
 #include <QtTest>
+#include <filesystem>
+#include <fstream>
 
 #include "aides/dialogue_factice.h"
 #include "kinship/sosa.h"
@@ -90,6 +93,32 @@ private slots:
         QVERIFY(fenetre->windowTitle() != titre);
         const std::int32_t n = LireQueue(DepuisQString(cases->item(0)->text())).numero;
         QCOMPARE(std::as_const(e.fiche.base().Persos)[n].Sel, kFaux);
+    }
+
+    // Une sélection partielle s'enregistre sous x_sel.ged ; ensuite toute la base est de nouveau
+    // sélectionnée.
+    void EnregistrementPartiel() {
+        const auto dossier = std::filesystem::temp_directory_path() / "arbolix-sosa-partiel";
+        std::filesystem::create_directories(dossier);
+        const auto fichier = dossier / "arbre.ged";
+        std::filesystem::copy_file(ARBOLIX_SHARE "/exemple.ged", fichier,
+                                   std::filesystem::copy_options::overwrite_existing);
+        FicheEssai e;
+        e.fiche.gedcom().Fichier = fichier.string();
+        QVERIFY(e.fiche.ChargerFichier(e.muette));
+        e.fiche.findChild<QLineEdit*>("NumPerso")->setText("7");
+        e.Action("MenuSel_1")->trigger();
+        e.d.ReponseSuivante(Bouton::Oui);
+        QTimer::singleShot(0, &e.fiche.FormGedcom(), [&] { e.fiche.FormGedcom().BoutonOK(); });
+        QVERIFY(e.fiche.Enregistrer());
+        QCOMPARE(VersQString(e.d.messages.back().titre), QString::fromUtf8("Sélection active partielle"));
+        std::ifstream f(dossier / "arbre_sel.ged", std::ios::binary);
+        std::string ligne;
+        int personnes = 0;
+        while (std::getline(f, ligne)) personnes += ligne.find(" INDI") != std::string::npos;
+        QCOMPARE(personnes, 5);  // Jacques, ses parents et ses grands-parents paternels
+        QVERIFY(e.Action("MenuSel_0")->isChecked());
+        std::filesystem::remove_all(dossier);
     }
 
     void RecherchesAFaire() {
