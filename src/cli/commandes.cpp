@@ -9,10 +9,10 @@
 #include "gedcom/journal_lecture.h"
 #include "gedcom/lecteur.h"
 #include "lists/listes.h"
-#include "lists/selection.h"
 #include "platform/cp1252.h"
 #include "platform/dialogue.h"
 #include "platform/progression.h"
+#include "store/selection.h"
 
 namespace arbolix::cli {
 
