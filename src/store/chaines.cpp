@@ -46,8 +46,23 @@ std::string_view Depuis(std::string_view s, std::size_t debut) {
 }
 
 std::size_t Chercher(std::string_view s, std::string_view motif, std::size_t depuis) {
-    if (depuis > s.size() || motif.empty()) return std::string_view::npos;
+    if (depuis > s.size() || motif.empty() || motif.size() > s.size() - depuis) return std::string_view::npos;
     if (s.size() - depuis < 256) return s.find(motif, depuis);  // un texte court : find suffit
+    // Un octet rare du motif (« @ » d'un pointeur, tabulation, barre inverse) : memchr saute
+    // d'une occurrence à l'autre bien plus vite que memmem, chaque candidat vérifié en entier.
+    const std::size_t rare = motif.find_first_of("\\\t@");
+    if (rare != std::string_view::npos && motif.size() > 1) {
+        const char* const fin = s.data() + s.size();
+        for (const char* q = s.data() + depuis + rare;
+             (q = static_cast<const char*>(std::memchr(q, motif[rare], static_cast<std::size_t>(fin - q))));
+             ++q) {
+            const char* const debut = q - rare;
+            if (static_cast<std::size_t>(fin - debut) < motif.size()) break;
+            if (std::memcmp(debut, motif.data(), motif.size()) == 0)
+                return static_cast<std::size_t>(debut - s.data());
+        }
+        return std::string_view::npos;
+    }
     // memmem (algorithme à deux sens) : bien plus rapide que find quand le
     // premier caractère du motif, souvent un blanc, revient à chaque ligne.
     const void* p = memmem(s.data() + depuis, s.size() - depuis, motif.data(), motif.size());

@@ -35,6 +35,23 @@ TEST(Chaines, RemplacementsSansRelecture) {
     }
 }
 
+TEST(Chaines, ChercherDansUnLongTexte) {
+    // Au-delà de 256 octets, un motif à octet rare est cherché par cet octet : faux candidats,
+    // candidat commencé avant le départ, motif coupé par la fin.
+    const std::string t = std::string(300, '.') + "@ @ NOTE @ NOTE " + std::string(300, '.') + "x@ NOT";
+    const struct {
+        std::string_view motif;
+        std::size_t depuis, attendu;
+    } cas[] = {
+        {"@ NOTE ", 0, 302},          {"@ NOTE ", 303, 309},
+        {" NOTE", 303, 303},          {"@ NOTE ", 310, std::string::npos},
+        {"x@ NOT", 0, 616},           {"@ NOTE", 611, std::string::npos},
+        {"\t", 0, std::string::npos},
+    };
+    for (const auto& c : cas)
+        EXPECT_EQ(Chercher(t, c.motif, c.depuis), c.attendu) << c.motif << " " << c.depuis;
+}
+
 TEST(Chaines, Motifs) {
     EXPECT_TRUE(Comme("Jean/Dupont/x/", "?*/?*/?*/"));
     EXPECT_FALSE(Comme("Jean/Dupont/", "?*/?*/?*/"));
