@@ -6,11 +6,6 @@
 #include <fstream>
 #include <new>
 
-#if defined(__linux__)
-#include <sys/mman.h>
-#include <unistd.h>
-#endif
-
 #include "gedcom/lecteur_gedcom.h"
 #include "platform/cp1252.h"
 #include "platform/progression.h"
@@ -47,14 +42,13 @@ bool LireFichierEntier(const std::string& chemin, std::string& contenu, std::str
         erreur = "Impossible d'ouvrir le fichier " + nom + " (droits insuffisants ?).";
         return false;
     }
-    // D'un seul bloc, avec de la marge pour la fin de ligne que le lecteur ajoute et les
-    // réparations qui allongent le texte sur place : la marge jamais écrite ne coûte pas de mémoire.
+    // D'un seul bloc, avec la place de la fin de ligne que le lecteur ajoute.
     const auto taille = std::filesystem::file_size(chemin, ec);
     if (ec) {
         erreur = "Erreur de lecture du fichier " + nom + ".";
         return false;
     }
-    contenu.reserve(static_cast<std::size_t>(taille) + static_cast<std::size_t>(taille) / 64 + 64);
+    contenu.reserve(static_cast<std::size_t>(taille) + 2);
     contenu.resize(static_cast<std::size_t>(taille));
     f.read(contenu.data(), static_cast<std::streamsize>(taille));
     if (f.gcount() != static_cast<std::streamsize>(taille)) {
@@ -202,41 +196,6 @@ void LecteurGedcom::PreparerTampon(std::string contenu) {
     ReparationsGlobales(tampon_);
 }
 
-namespace {
-
-// Un grand fichier n'est pas tenu en entier jusqu'à la fin : ses pages lues sont rendues par
-// tranches, sans quoi le texte et la base se cumulent à la pointe de mémoire.
-constexpr std::size_t kRelache = std::size_t{32} << 20;
-// Ce qui reste tenu derrière la position de lecture (un parcours repart de pos_ - 2).
-constexpr std::size_t kGardeDerriere = std::size_t{1} << 20;
-
-}  // namespace
-
-void LecteurGedcom::RelacherLu() {
-#if defined(__linux__)
-    if (relache_ == 0) {
-        // L'en-tête répare encore le texte devant elle : on attend d'en être sorti.
-        if (Droite(Ligne0, 4) == "HEAD") return;
-        // Une seule fois : les parcours de tout le fichier sont faits tant qu'il est entier. Une
-        // autre en-tête plus loin réécrirait le texte devant elle : on garde alors tout.
-        relachePossible_ =
-            tampon_.size() >= 2 * kRelache && Chercher(tampon_, "HEAD", pos_) == std::string::npos;
-        if (relachePossible_) {
-            if (ProchainTraduit == 0) ChercherPlusGrandNumero();
-            if (!DepotsParcourus) ParcourirDepots();
-        }
-    }
-    const auto page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
-    const auto debut = reinterpret_cast<std::uintptr_t>(tampon_.data());
-    // Les pages entières seulement, jamais la première : l'allocateur tient son en-tête devant.
-    const std::uintptr_t de =
-        std::max((debut + relache_ + page - 1) / page * page, (debut / page + 1) * page);
-    const std::uintptr_t a = (debut + pos_ - kGardeDerriere) / page * page;
-    if (relachePossible_ && a > de) madvise(reinterpret_cast<void*>(de), a - de, MADV_DONTNEED);
-    relache_ = pos_;
-#endif
-}
-
 void LecteurGedcom::LigneSuivante() {
     std::size_t fin = tampon_.find("\r\n", pos_);
     if (fin == pos_) {  // une ligne vide est sautée, une seule
@@ -252,7 +211,6 @@ void LecteurGedcom::LigneSuivante() {
     const std::string_view ligne(tampon_.data() + pos_, fin - pos_);
     Lus += static_cast<std::int64_t>(ligne.size()) + 2;
     pos_ = fin + 2;
-    if (pos_ - relache_ > kRelache) RelacherLu();
     LigneCourante.assign(SansBlancs(ligne));
     ++NumLigne;
     // Balises d'utilisateur : 1 _OCCU x se lit comme OCCU.
@@ -313,20 +271,18 @@ std::int64_t NumeroBrut(std::string_view s) {
 
 }  // namespace
 
-void LecteurGedcom::ChercherPlusGrandNumero() {
-    std::int64_t plusGrand = 0;
-    for (std::size_t a = tampon_.find('@'); a != std::string::npos; a = tampon_.find('@', a + 1)) {
-        const std::size_t b = tampon_.find_first_of("@ \r\n", a + 1);
-        if (b == std::string::npos || tampon_[b] != '@') continue;
-        plusGrand = std::max(plusGrand, NumeroBrut(std::string_view(tampon_).substr(a + 1, b - a - 1)));
-        a = b;
-    }
-    ProchainTraduit = plusGrand + 1;
-}
-
 std::int32_t LecteurGedcom::NumeroTraduit(std::string_view identifiant) {
-    // Premier identifiant sans numéro : on cherche une fois le plus grand numéro utilisable.
-    if (ProchainTraduit == 0) ChercherPlusGrandNumero();
+    if (ProchainTraduit == 0) {
+        // Premier identifiant sans numéro : on cherche une fois le plus grand numéro utilisable.
+        std::int64_t plusGrand = 0;
+        for (std::size_t a = tampon_.find('@'); a != std::string::npos; a = tampon_.find('@', a + 1)) {
+            const std::size_t b = tampon_.find_first_of("@ \r\n", a + 1);
+            if (b == std::string::npos || tampon_[b] != '@') continue;
+            plusGrand = std::max(plusGrand, NumeroBrut(std::string_view(tampon_).substr(a + 1, b - a - 1)));
+            a = b;
+        }
+        ProchainTraduit = plusGrand + 1;
+    }
     auto [it, nouveau] = Traduits.try_emplace(std::string(identifiant), 0);
     if (nouveau) {
         if (ProchainTraduit > kNumeroMaximal) throw ErreurExecution(6, "D\xE9passement de capacit\xE9");

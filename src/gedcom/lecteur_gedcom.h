@@ -81,8 +81,6 @@ public:
     // Numéro donné à un identifiant qui n'en porte pas d'utilisable (@Abraham_Simpson@,
     // @I152733931767@) : le suivant du plus grand numéro utilisable du fichier.
     std::int32_t NumeroTraduit(std::string_view identifiant);
-    // Le suivant du plus grand numéro utilisable de tout le fichier, cherché une fois.
-    void ChercherPlusGrandNumero();
 
     // --- journal et progression ---
     void Journaliser(std::string_view texte) { resultat_.Journal.append(texte); }
@@ -163,7 +161,6 @@ public:
     // Noms des dépôts (0 @R1@ REPO, 1 NAME ...) par identifiant, relevés une fois dans le fichier.
     std::unordered_map<std::string, std::string> NomsDepots;
     bool DepotsParcourus = false;
-    void ParcourirDepots();
     // Lien d'une personne vers un fichier (objet, ou chemin quand objet vaut 0) qui n'a pas trouvé
     // de place : tranché après la lecture, quand les doubles faits par les chemins sont partis.
     struct FichierEnAttente {
@@ -196,10 +193,6 @@ public:
 
 private:
     void PreparerTampon(std::string contenu);
-    // Rend au système les pages du tampon déjà lues ; les parcours de tout le fichier sont faits avant.
-    void RelacherLu();
-    std::size_t relache_ = 0;      // début des octets encore tenus
-    bool relachePossible_ = true;  // faux quand une autre en-tête ou un petit fichier l'interdit
     void BouclePrincipale();
     // Retient les lignes debut..(ligne courante - 1) comme une fiche sans numéro de personne.
     void NoterFiche(std::int32_t debut, std::string nom);

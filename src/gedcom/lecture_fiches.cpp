@@ -87,11 +87,8 @@ void NouvelleLigne(Texte& texte, std::string_view ligne) {
     texte += ligne;
 }
 
-}  // namespace
-
 // Les noms des dépôts, relevés une fois dans tout le fichier : la fiche REPO peut venir après la source.
-void LecteurGedcom::ParcourirDepots() {
-    LecteurGedcom& l = *this;
+void ParcourirDepots(LecteurGedcom& l) {
     l.DepotsParcourus = true;
     const std::string_view t = l.tampon_;
     for (std::size_t a = t.find("\r\n0 @"); a != std::string_view::npos; a = t.find("\r\n0 @", a + 2)) {
@@ -111,11 +108,9 @@ void LecteurGedcom::ParcourirDepots() {
     }
 }
 
-namespace {
-
 // « Dépôt : » prend le nom de la fiche REPO que désigne le pointeur ; vide quand il n'y en a pas.
 std::string NomDuDepot(LecteurGedcom& l, std::string_view pointeur) {
-    if (!l.DepotsParcourus) l.ParcourirDepots();
+    if (!l.DepotsParcourus) ParcourirDepots(l);
     const auto it = l.NomsDepots.find(std::string(pointeur.substr(1, pointeur.size() - 2)));
     return it == l.NomsDepots.end() ? std::string() : it->second;
 }
