@@ -48,9 +48,10 @@ std::string PlaintesPersonne(const Base& base, const Options& options, std::int3
         int fois = 0;
         for (const auto& [rang, enfant] : FamiLue(base, p.NumParents).Enfants)
             if (rang >= 1 && enfant == n) ++fois;
-        const std::string debut = "erreur dans le lien avec les parents F" + std::to_string(p.NumParents);
-        if (fois == 0) plaintes += debut + " : l'enfant n'est pas reli\xE9.\r\n";
-        if (fois > 1) plaintes += debut + " : l'enfant est reli\xE9 plusieurs fois.\r\n";
+        if (fois != 1)
+            plaintes += "erreur dans le lien avec les parents F" + std::to_string(p.NumParents) +
+                        (fois == 0 ? " : l'enfant n'est pas reli\xE9.\r\n"
+                                   : " : l'enfant est reli\xE9 plusieurs fois.\r\n");
     }
     LiensUnions(base, n, p, plaintes);
     return plaintes;
@@ -60,21 +61,23 @@ std::string PlaintesPersonne(const Base& base, const Options& options, std::int3
 // ou un ordre inversé se taisent), ou la même année quand l'une des dates n'est pas complète.
 void Espacement(const Perso& aine, const Perso& cadet, int rang, std::string& plaintes) {
     if (aine.Naissance.Date.empty() || cadet.Naissance.Date.empty()) return;
-    const std::string rangs = std::to_string(rang - 1) + "e et " + std::to_string(rang) + "e).\r\n";
+    const auto rangs = [rang] {
+        return std::to_string(rang - 1) + "e et " + std::to_string(rang) + "e).\r\n";
+    };
     const auto a = LireDate(aine.Naissance.Date.vue());
-    const auto c = LireDate(cadet.Naissance.Date.vue());
+    const auto c = a ? LireDate(cadet.Naissance.Date.vue()) : std::nullopt;
     if (a && c) {
         const std::int32_t d = NumeroJour(*c) - NumeroJour(*a);
         if (d >= 2 && d < 270)
             plaintes +=
                 "alerte : 2 enfants n\xE9s \xE0 moins de 9 mois d'\xE9"
                 "cart (" +
-                rangs;
+                rangs();
     } else if (aine.Naissance.Annee == cadet.Naissance.Annee) {
         plaintes +=
             "alerte : 2 enfants n\xE9s la m\xEAme ann\xE9"
             "e (" +
-            rangs;
+            rangs();
     }
 }
 
