@@ -5,6 +5,7 @@
 #include "aides/base_essai.h"
 #include "aides/dialogue_factice.h"
 #include "dates/cle_date.h"
+#include "lists/listes.h"
 
 namespace arbolix {
 namespace {
@@ -59,6 +60,9 @@ TEST(CalculerActesVides, NaissancesEnDeuxPasses) {
     EXPECT_NE(liste.Rangees[2].texte.find("Inconnu"), std::string::npos);
     EXPECT_EQ(liste.Rangees[2].texte.substr(liste.Rangees[2].texte.size() - 8), " P000007");
     EXPECT_EQ(f.b.FichierModifie, kVrai);
+    // La ligne de tête enchaîne sur les mariages ; une rangée montre sa personne.
+    EXPECT_EQ(DoubleClic(f.b, f.o, liste, 0), (Reaction{ActionListe::EstimerActesVides, 1, {}, true}));
+    EXPECT_EQ(DoubleClic(f.b, f.o, liste, 2), (Reaction{ActionListe::Afficher, 7, {}, false}));
 }
 
 TEST(MenuCalcActesVides, QuestionRecalculEtBoite) {
@@ -98,6 +102,8 @@ TEST(CalculerActesVides, Mariages) {
     ASSERT_EQ(liste.Rangees.size(), 2u);
     EXPECT_EQ(liste.Genre, "vides1");
     EXPECT_EQ(liste.Rangees[1].texte.substr(liste.Rangees[1].texte.size() - 11), " x  F000004");
+    EXPECT_EQ(DoubleClic(f.b, f.o, liste, 0).numero, 0);
+    EXPECT_EQ(DoubleClic(f.b, f.o, liste, 1), (Reaction{ActionListe::Afficher, 7, {}, false}));
 }
 
 }  // namespace
