@@ -6,9 +6,9 @@ cd "$(dirname "$0")"
 export CCACHE_DIR="${CCACHE_DIR:-$PWD/.ccache}"
 cmake -S . -B build/tests -G Ninja -DCMAKE_BUILD_TYPE=Debug -DARBOLIX_SANITIZE=ON >/dev/null
 cmake --build build/tests
-# Une courte passe de fuzzing par cible quand clang est là ; la longue se lance à la main.
+# Les cibles de fuzzing rejouent graines et régressions quand clang est là ; la recherche se lance à la main.
 if [ $# -eq 0 ]; then
-  FUZZ_GRAINE=1 bench/fuzz.sh 60
+  bench/fuzz.sh 0
 fi
 cd build/tests
 ctest --output-on-failure -j2 "$@"

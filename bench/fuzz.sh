@@ -1,5 +1,10 @@
 #!/usr/bin/env bash
-# Lance les cibles de fuzzing (clang, libFuzzer, ASan + UBSan) : bench/fuzz.sh SECONDES [cible...]
+# Cibles de fuzzing (clang, libFuzzer, ASan + UBSan).
+#   bench/fuzz.sh SECONDES [cible...]   cherche de nouvelles entrées pendant SECONDES par cible
+#   bench/fuzz.sh 0 [cible...]          rejoue seulement les graines et tests/fuzz/regressions
+# test.sh ne fait que rejouer : une recherche au hasard trouverait à chaque machine autre chose
+# et rendrait la construction aléatoire ; la recherche se lance à la main, et ce qu'elle trouve
+# rejoint tests/fuzz/regressions/CIBLE/ une fois corrigé.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 secondes="${1:-60}"; shift || true
@@ -18,20 +23,23 @@ cmake --build build/fuzz
 cibles=("$@")
 [ ${#cibles[@]} -gt 0 ] || cibles=($(cd build/fuzz/fuzz && ls *_fuzz))
 for cible in "${cibles[@]}"; do
-  corpus="build/fuzz/corpus-$cible"
-  mkdir -p "$corpus"
   # Graines : nos fichiers d'essai et, s'il est là, le corpus des autres logiciels (préfixés de deux octets d'options).
+  graines="build/fuzz/graines-$cible"
+  rm -rf "$graines"; mkdir -p "$graines"
   for f in tests/donnees/*.ged tests/donnees/*/*.ged share/*.ged ../shared/corpus/gedcom/*; do
     [ -f "$f" ] || continue
-    { printf '\xff\x01'; head -c 200000 "$f"; } > "$corpus/graine-$(basename "$f")"
+    { printf '\xff\x01'; head -c 200000 "$f"; } > "$graines/graine-$(basename "$f")"
   done
-  mkdir -p "build/fuzz/artefacts-$cible"
-  code_lenteur=70
-  [ -z "${FUZZ_GRAINE:-}" ] || code_lenteur=0
+  [ ! -d "tests/fuzz/regressions/$cible" ] || cp tests/fuzz/regressions/"$cible"/* "$graines"/
+  if [ "$secondes" = 0 ]; then
+    echo "== $cible : $(ls "$graines" | wc -l) entrées rejouées"
+    build/fuzz/fuzz/"$cible" -runs=0 -timeout=60 -rss_limit_mb=3000 "$graines" 2>&1 | grep -E "ERROR|SUMMARY|INITED|Done" | tail -4
+    continue
+  fi
+  corpus="build/fuzz/corpus-$cible"
+  mkdir -p "$corpus" "build/fuzz/artefacts-$cible"
   echo "== $cible : $secondes s"
-  # La courte passe de test.sh (FUZZ_GRAINE) tourne sur une machine chargée : une entrée lente y est
-  # écrite et signalée sans faire échouer la construction ; un plantage, lui, la fait échouer.
-  build/fuzz/fuzz/"$cible" -max_total_time="$secondes" -seed="${FUZZ_GRAINE:-0}" -max_len=65536 -timeout=10 -rss_limit_mb=3000 \
-      -timeout_exitcode="$code_lenteur" \
-      -print_final_stats=1 -artifact_prefix="build/fuzz/artefacts-$cible/" "$corpus" 2>&1 | grep -E "^#|stat::|ERROR|SUMMARY|cov:|Test unit written" | tail -12
+  build/fuzz/fuzz/"$cible" -max_total_time="$secondes" -max_len=65536 -timeout=10 -rss_limit_mb=3000 \
+      -timeout_exitcode=70 -print_final_stats=1 -artifact_prefix="build/fuzz/artefacts-$cible/" \
+      "$corpus" "$graines" 2>&1 | grep -E "^#|stat::|ERROR|SUMMARY|cov:|Test unit written" | tail -12
 done

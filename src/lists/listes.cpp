@@ -258,8 +258,8 @@ std::string Lettre(const std::string& symbole) {
 void TexteRecents(const ListePersonne& liste, std::string& tete) {
     static constexpr const char* kTextes[] = {"Aujourd'hui", "Plus (Cette semaine)",
                                               "Plus (Ces 2 derniers mois)",
-                                              "Plus (Cette ann\xE9"
-                                              "e)"};
+                                              ("Plus (Cette ann\xE9"
+                                               "e)")};
     const int i = static_cast<int>(std::lround(std::log(liste.FenetreJours) / std::log(7.0)));
     tete = std::string(kTextes[std::clamp(i, 0, 3)]) + " ...";
 }
