@@ -132,6 +132,7 @@ Fiche::Fiche(QWidget* parent)
     connect(ui_->Enfant, &QListWidget::itemDoubleClicked, this,
             [this](QListWidgetItem* i) { DoubleCliquerListeNumero(ui_->Enfant, ui_->Enfant->row(i)); });
     BrancherDivers();
+    BrancherVerifier();
     connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
     connect(ui_->MenuNotesFichier, &QAction::triggered, this, &Fiche::MenuNotesFichier);
     connect(ui_->MenuImportFichiers, &QAction::triggered, this, [this] { MenuImportFichiers({}); });
@@ -644,6 +645,9 @@ void Fiche::ReagirListe(const Reaction& r) {
             AgrandirRecents(base_, options_, Maintenant(), personne_->Liste());
             personne_->Rafraichir();
             personne_->Choisir(0);
+            break;
+        case ActionListe::EstimerActesVides:
+            MenuCalcActesVides(r.numero);
             break;
         case ActionListe::OuvrirFichier:
             OuvrirFichierLie(r.chemin, false);
