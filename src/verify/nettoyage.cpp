@@ -30,10 +30,51 @@ std::string TexteExterne(const NoteExt& ne) {
     return ne.Titre.empty() ? ne.Texte.str() : ne.Titre.str();
 }
 
-void Convertir(const Tableau<NoteExt>& table, Texte& champ, char genre) {
-    const std::int32_t n = LienExterne(champ.vue(), genre);
-    if (n <= 0) return;
-    champ = n <= table.Haut() ? TexteExterne(table[n]) : std::string();
+std::string TexteDuLien(const Base& base, char genre, std::int32_t n) {
+    const Tableau<NoteExt>& table = genre == 'N' ? base.Notes : base.Sources;
+    return n <= table.Haut() ? TexteExterne(table[n]) : std::string();
+}
+
+// Une note tient plusieurs lignes, dont certaines sont un lien "@N12@" ou "@S3@" (une source de
+// la personne) : chacune de ces lignes prend le texte de sa fiche, comme l'écriture les voit.
+void ConvertirLignes(const Base& base, Texte& champ) {
+    const std::string_view t = champ.vue();
+    if (t.find('@') == std::string_view::npos) return;
+    std::string r;
+    for (std::size_t p = 0;;) {
+        const std::size_t fin = std::min(t.find("\r\n", p), t.size());
+        const std::string_view ligne = t.substr(p, fin - p);
+        if (const std::int32_t n = LienExterne(ligne, 'N'); n > 0)
+            r += TexteDuLien(base, 'N', n);
+        else if (const std::int32_t s = LienExterne(ligne, 'S'); s > 0)
+            r += TexteDuLien(base, 'S', s);
+        else
+            r += ligne;
+        if (fin == t.size()) break;
+        r += "\r\n";
+        p = fin + 2;
+    }
+    champ = r;
+}
+
+// Une source cite parfois plusieurs fiches au fil du texte ("@S1@ p. 3 @S2@") : chaque lien est remplacé.
+void ConvertirSources(const Base& base, Texte& champ) {
+    const std::string_view t = champ.vue();
+    if (t.find("@S") == std::string_view::npos) return;
+    std::string r;
+    std::size_t copie = 0;
+    for (std::size_t p = t.find("@S"); p != std::string_view::npos; p = t.find("@S", p + 1)) {
+        const std::size_t fin = t.find('@', p + 2);
+        if (fin == std::string_view::npos) break;
+        const std::int32_t n = LienExterne(t.substr(p, fin + 1 - p), 'S');
+        if (n <= 0) continue;
+        r.append(t.substr(copie, p - copie));
+        r += TexteDuLien(base, 'S', n);
+        copie = fin + 1;
+        p = fin;
+    }
+    r.append(t.substr(copie));
+    champ = r;
 }
 
 // Vide une table de notes ou de sources, sauf la note du fichier (-1).
@@ -68,11 +109,11 @@ void ConvertirNotesSourcesExternes(Base& base) {
     const Base& lu = base;
     lu.Persos.PourChaqueEcrit(1, lu.NbPersos, [&](std::int32_t n) {
         if (lu.Persos[n].Prenoms.empty()) return;
-        Convertir(lu.Notes, base.Persos[n].Notes, 'N');
+        ConvertirLignes(lu, base.Persos[n].Notes);
     });
     PourChaqueActe(base, [&](Acte& a) {
-        Convertir(lu.Notes, a.Notes, 'N');
-        Convertir(lu.Sources, a.Source, 'S');
+        ConvertirLignes(lu, a.Notes);
+        ConvertirSources(lu, a.Source);
     });
     // La liste des sources proposées ne garde pas un lien vers une source disparue.
     std::vector<std::string> sources = base.Listes.Source.Triee();

@@ -5,9 +5,10 @@
 
 namespace arbolix {
 
-// MenuConvNSExtInt : chaque lien "@N12@" ou "@S12@" d'une personne ou d'une famille devient
-// le texte de sa note ou source (« Titre : Texte »). Les notes et sources externes
-// disparaissent ensuite, avec leurs retours de liens : aucun lien ne reste dans le vide.
+// MenuConvNSExtInt : chaque lien "@N12@" ou "@S12@" d'une personne ou d'une famille (une ligne
+// de note, ou un lien au fil d'une source) devient le texte de sa note ou source (« Titre : Texte »). Les
+// notes et sources externes disparaissent ensuite, avec leurs retours de liens : aucun lien ne reste dans le
+// vide.
 void ConvertirNotesSourcesExternes(Base& base);
 
 // MenuNettoieLieux : blancs doublés et virgules vides retirés de tous les lieux et de la

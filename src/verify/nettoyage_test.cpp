@@ -46,16 +46,19 @@ TEST(ConvertirNotesSourcesExternes, LiensRemplacesParLeurTexte) {
     l.Lire(
         "0 @N1@ NOTE Vu au registre|0 @N2@ NOTE|1 CONT Sans titre|"
         "0 @S1@ SOUR|1 TITL Registre de Lyon|1 TEXT f. 12|"
-        "0 @I1@ INDI|1 NAME Jean /A/|1 NOTE @N1@|1 BIRT|2 DATE 1750|2 NOTE @N2@|2 SOUR @S1@|1 FAMS @F1@|"
+        "0 @I1@ INDI|1 NAME Jean /A/|1 NOTE @N1@|1 SOUR @S1@|1 BIRT|2 DATE 1750|2 NOTE @N2@|2 SOUR @S1@|"
+        "1 FAMS @F1@|"
         "0 @I2@ INDI|1 NAME Anne /B/|1 FAMS @F1@|"
         "0 @F1@ FAM|1 HUSB @I1@|1 WIFE @I2@|1 MARR|2 SOUR @S1@");
     l.base.Persos[2].Notes = "@N1x@";  // pas un lien : reste tel quel
+    l.base.Familles[1].Divorce.Source = "@S1@ p. 3 @S1x@";
     ConvertirNotesSourcesExternes(l.base);
     const Perso& p = l.Pe(1);
-    EXPECT_EQ(p.Notes, "Vu au registre");
+    EXPECT_EQ(p.Notes, "Vu au registre\r\nRegistre de Lyon : f. 12");  // ligne de note, source de la personne
     EXPECT_NE(p.Naissance.Notes.vue().find("Sans titre"), std::string_view::npos);
     EXPECT_EQ(p.Naissance.Source, "Registre de Lyon : f. 12");
     EXPECT_EQ(l.Fa(1).Mariage.Source, "Registre de Lyon : f. 12");
+    EXPECT_EQ(l.Fa(1).Divorce.Source, "Registre de Lyon : f. 12 p. 3 @S1x@");
     EXPECT_EQ(l.Pe(2).Notes, "@N1x@");
     EXPECT_EQ(l.base.NbNotes + l.base.NbSources + l.base.NbNotesReelles + l.base.NbSourcesReelles, 0);
     EXPECT_EQ(essais::InvariantLiens(l.base).Ecarts(), "");
