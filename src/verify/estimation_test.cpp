@@ -44,20 +44,16 @@ TEST(CalculerActesVides, NaissancesEnDeuxPasses) {
     EXPECT_EQ(f.N(2).Annee, 1730);
     EXPECT_EQ(f.N(2).DateTri.vue(), CleDate("vers 1730"));
     EXPECT_EQ(f.N(6).Date, "avant 1800");
-    EXPECT_EQ(f.N(6).Annee, 1800);
     EXPECT_EQ(f.N(8).Date, "12/03/1795");
     EXPECT_EQ(f.N(9).Date, "vers 1600");  // sans recalcul, un « vers » reste
-    EXPECT_EQ(r.Calcules, 5);
-    EXPECT_EQ(r.Restants, 1);
     EXPECT_EQ(TexteResultatEstimation(r), "5 actes calcul\xE9s. Il reste 1 acte vide.");
     ASSERT_EQ(liste.Rangees.size(), 3u);
     EXPECT_EQ(liste.Rangees[0].texte,
               " Continuer avec le calcul de l'ann\xE9"
               "e des mariages vides");
-    EXPECT_EQ(liste.Titre, "Actes vides");
     EXPECT_EQ(liste.Genre, "vides0");
+    EXPECT_EQ(liste.Titre, "Actes vides");
     EXPECT_NE(liste.Rangees[1].texte.find(" \xE0 v\xE9rifier P000006"), std::string::npos);
-    EXPECT_NE(liste.Rangees[2].texte.find("Inconnu"), std::string::npos);
     EXPECT_EQ(liste.Rangees[2].texte.substr(liste.Rangees[2].texte.size() - 8), " P000007");
     EXPECT_EQ(f.b.FichierModifie, kVrai);
     // La ligne de tête enchaîne sur les mariages ; une rangée montre sa personne.
@@ -97,12 +93,10 @@ TEST(CalculerActesVides, Mariages) {
     CalculerActesVides(f.b, f.o, ActesVides::Naissances, false, liste);
     const ResultatEstimation r = CalculerActesVides(f.b, f.o, ActesVides::Mariages, false, liste);
     EXPECT_EQ(std::as_const(f.b.Familles)[1].Mariage.Date, "vers 1757");  // (1757 + 1760 + 1755) / 3
-    EXPECT_EQ(std::as_const(f.b.Familles)[2].Mariage.Date, "1785");
     EXPECT_EQ(TexteResultatEstimation(r), "2 actes calcul\xE9s. Il reste 1 acte vide.");
     ASSERT_EQ(liste.Rangees.size(), 2u);
     EXPECT_EQ(liste.Genre, "vides1");
     EXPECT_EQ(liste.Rangees[1].texte.substr(liste.Rangees[1].texte.size() - 11), " x  F000004");
-    EXPECT_EQ(DoubleClic(f.b, f.o, liste, 0).numero, 0);
     EXPECT_EQ(DoubleClic(f.b, f.o, liste, 1), (Reaction{ActionListe::Afficher, 7, {}, false}));
 }
 
