@@ -10,9 +10,9 @@
 #include "gedcom/lecteur.h"
 #include "generer_gedcom.h"
 #include "lists/listes.h"
-#include "lists/selection.h"
 #include "mesures.h"
 #include "platform/progression.h"
+#include "store/selection.h"
 
 using namespace arbolix;
 

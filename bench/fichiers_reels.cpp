@@ -23,9 +23,9 @@
 #include "gedcom/enregistrement.h"
 #include "gedcom/lecteur.h"
 #include "lists/listes.h"
-#include "lists/selection.h"
 #include "mesures.h"
 #include "platform/progression.h"
+#include "store/selection.h"
 
 extern char** environ;
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "gedcom/lecteur.h"
-#include "lists/selection.h"
+#include "store/selection.h"
 #include "mesures.h"
 #include "platform/progression.h"
 #include "verify/estimation.h"

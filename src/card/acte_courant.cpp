@@ -2,10 +2,10 @@
 
 #include <array>
 
-#include "card/liens.h"
 #include "card/notes.h"
 #include "dates/cle_date.h"
 #include "store/chaines.h"
+#include "store/liens.h"
 
 namespace arbolix {
 

@@ -4,8 +4,8 @@
 #include <cstdlib>
 
 #include "card/medias.h"
+#include "card/queues.h"
 #include "dates/calendrier_gregorien.h"
-#include "lists/rangees.h"
 #include "store/chaines.h"
 
 namespace arbolix {

@@ -2,11 +2,11 @@
 
 #include <utility>
 
-#include "card/liens.h"
 #include "dates/calendrier_gregorien.h"
 #include "dates/cle_date.h"
 #include "store/aides_texte.h"
 #include "store/chaines.h"
+#include "store/liens.h"
 
 namespace arbolix {
 

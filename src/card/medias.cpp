@@ -6,9 +6,9 @@
 
 #include "card/fichiers_lies.h"
 #include "card/notes.h"
-#include "gedcom/lecture_liens.h"
 #include "store/aides_texte.h"
 #include "store/chaines.h"
+#include "store/liens.h"
 
 namespace arbolix {
 

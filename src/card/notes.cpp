@@ -6,83 +6,11 @@
 #include <stdexcept>
 #include <utility>
 
-#include "gedcom/lecture_liens.h"
 #include "store/chaines.h"
 
 namespace arbolix {
 
 namespace {
-
-using Retours = Emplacements<std::int32_t, 1, kMaxLiens>;
-
-constexpr Acte Perso::*kActesDePerso[kActesPerso] = {&Perso::Naissance, &Perso::Bapteme, &Perso::Deces,
-                                                     &Perso::Sepulture};
-constexpr Acte Fami::*kActesDeFami[kActesFami] = {&Fami::Contrat, &Fami::Mariage, &Fami::Divorce};
-
-bool DansTableau(std::int32_t n, std::int32_t haut) {
-    return n >= 1 && n <= haut;
-}
-
-std::int32_t Haut(const Base& base, char genre) {
-    return genre == 'M' ? base.Medias.Haut() : NotesDuGenre(base, genre).Haut();
-}
-
-Retours& RetoursDe(Base& base, char genre, std::int32_t n, bool famille) {
-    if (genre == 'M') return famille ? base.Medias[n].LiensFamis : base.Medias[n].LiensPersos;
-    NoteExt& e = NotesDuGenre(base, genre)[n];
-    return famille ? e.LiensFamis : e.LiensPersos;
-}
-
-int Compter(const Retours& r, std::int32_t qui) {
-    int n = 0;
-    for (const auto& c : r) n += c.second == qui;
-    return n;
-}
-
-// Combien de champs de l'acte citent la note ou la source n.
-int LiensActe(const Acte& a, char genre, std::int32_t n) {
-    return genre == 'N' ? NumeroDuLien(a.Notes, 'N') == n : NumeroDuLien(a.Source, 'S') == n;
-}
-
-// Nombre de places que qui doit tenir chez la fiche n : une par champ cité pour une
-// note ou une source, une seule pour un objet média, quel que soit le nombre de liens.
-int Occurrences(const Base& base, char genre, std::int32_t n, bool famille, std::int32_t qui) {
-    int total = 0;
-    if (famille) {
-        if (!DansTableau(qui, base.Familles.Haut())) return 0;
-        const Fami& f = base.Familles[qui];
-        for (auto acte : kActesDeFami)
-            total += genre == 'M' ? Contient((f.*acte).Liens().Medias, n) : LiensActe(f.*acte, genre, n);
-    } else {
-        if (!DansTableau(qui, base.Persos.Haut())) return 0;
-        const Perso& p = base.Persos[qui];
-        if (genre == 'N') total += NumeroDuLien(p.Notes, 'N') == n;
-        if (genre == 'M') total += Contient(p.Suite().ObjetsMedia, n);
-        for (auto acte : kActesDePerso)
-            total += genre == 'M' ? Contient((p.*acte).Liens().Medias, n) : LiensActe(p.*acte, genre, n);
-    }
-    return genre == 'M' ? std::min(total, 1) : total;
-}
-
-// Donne à qui les places qui lui manquent, tant qu'il en reste.
-void Combler(Retours& r, int manque, std::int32_t qui) {
-    for (; manque > 0; --manque)
-        if (!PlacerPremierLibre(r, qui)) return;
-}
-
-// Une place vient de se libérer chez une fiche qui était pleine : un lien resté
-// sans retour la reprend, dans l'ordre des numéros.
-void Completer(Base& base, char genre, std::int32_t n) {
-    const Base& lu = base;
-    for (bool famille : {false, true}) {
-        if (genre == 'M' && famille) return;
-        Retours& r = RetoursDe(base, genre, n, famille);
-        const std::int32_t fin =
-            famille ? std::min(lu.NbFamis, lu.Familles.Haut()) : std::min(lu.NbPersos, lu.Persos.Haut());
-        for (std::int32_t q = 1; q <= fin && r.PremierLibre() <= kMaxLiens; ++q)
-            Combler(r, Occurrences(lu, genre, n, famille, q) - Compter(r, q), q);
-    }
-}
 
 Texte& TexteModif(Base& base, const ChampLien& c) {
     if (c.famille) {
@@ -97,60 +25,7 @@ Texte& TexteModif(Base& base, const ChampLien& c) {
     return c.source ? a->Source : a->Notes;
 }
 
-template <typename F>
-void PourChaqueFiche(Tableau<NoteExt>& t, std::int32_t fin, F&& f) {
-    t.PourChaqueEcrit(1, fin, [&](std::int32_t i) { f(t[i]); });
-}
-
-void LierChamp(Base& base, std::string_view texte, char genre, bool famille, std::int32_t qui) {
-    const std::int32_t g = NumeroDuLien(texte, genre);
-    if (DansTableau(g, Haut(base, genre))) PlacerPremierLibre(RetoursDe(base, genre, g, famille), qui);
-}
-
-void LierMediasActe(Base& base, const Acte& a, std::int32_t qui) {
-    for (const auto& [i, m] : a.Liens().Medias) {
-        if (!DansTableau(m, base.Medias.Haut())) continue;
-        Retours& r = base.Medias[m].LiensPersos;
-        if (!Contient(r, qui)) PlacerPremierLibre(r, qui);
-    }
-}
-
-void ReconstruirePersonne(Base& base, std::int32_t p) {
-    const Perso& pe = std::as_const(base.Persos)[p];
-    LierChamp(base, pe.Notes, 'N', false, p);
-    for (auto acte : kActesDePerso) {
-        LierChamp(base, (pe.*acte).Notes, 'N', false, p);
-        LierChamp(base, (pe.*acte).Source, 'S', false, p);
-    }
-    for (const auto& [i, m] : pe.Suite().ObjetsMedia) {
-        if (!DansTableau(m, base.Medias.Haut())) continue;
-        Retours& r = base.Medias[m].LiensPersos;
-        if (!Contient(r, p)) PlacerPremierLibre(r, p);
-    }
-    for (auto acte : kActesDePerso) LierMediasActe(base, pe.*acte, p);
-}
-
 }  // namespace
-
-Acte* ActeDe(Perso& p, int n) {
-    return n >= 1 && n <= kActesPerso ? &(p.*kActesDePerso[n - 1]) : nullptr;
-}
-Acte* ActeDe(Fami& f, int n) {
-    return n >= 1 && n <= kActesFami ? &(f.*kActesDeFami[n - 1]) : nullptr;
-}
-const Acte* ActeDe(const Perso& p, int n) {
-    return n >= 1 && n <= kActesPerso ? &(p.*kActesDePerso[n - 1]) : nullptr;
-}
-const Acte* ActeDe(const Fami& f, int n) {
-    return n >= 1 && n <= kActesFami ? &(f.*kActesDeFami[n - 1]) : nullptr;
-}
-
-Tableau<NoteExt>& NotesDuGenre(Base& base, char genre) {
-    return genre == 'S' ? base.Sources : base.Notes;
-}
-const Tableau<NoteExt>& NotesDuGenre(const Base& base, char genre) {
-    return genre == 'S' ? base.Sources : base.Notes;
-}
 
 const Texte& TexteDuChamp(const Base& base, const ChampLien& c) {
     if (c.famille) {
@@ -163,22 +38,6 @@ const Texte& TexteDuChamp(const Base& base, const ChampLien& c) {
     const Acte* a = ActeDe(p, c.acte);
     if (!a) throw std::out_of_range("champ de personne inconnu");
     return c.source ? a->Source : a->Notes;
-}
-
-void AccorderRetour(Base& base, char genre, std::int32_t numero, bool famille, std::int32_t qui) {
-    if (!DansTableau(numero, Haut(base, genre)) || qui <= 0) return;
-    Retours& r = RetoursDe(base, genre, numero, famille);
-    const bool etaitPleine = r.PremierLibre() > kMaxLiens;
-    const int voulu = Occurrences(base, genre, numero, famille, qui);
-    int tenu = Compter(r, qui);
-    // Les places en trop partent par la fin : les premiers liens gardent leur rang.
-    for (int i = kMaxLiens; i >= 1 && tenu > voulu; --i) {
-        if (r(i) != qui) continue;
-        r.Fixer(i, 0);
-        --tenu;
-    }
-    Combler(r, voulu - tenu, qui);
-    if (etaitPleine && r.PremierLibre() <= kMaxLiens) Completer(base, genre, numero);
 }
 
 void ChangerChamp(Base& base, const ChampLien& c, std::string_view texte, Dialogue* dialogue) {
@@ -354,28 +213,6 @@ std::vector<std::string> LignesChoixNotes(const Base& base, char genre) {
         r.push_back(Remplacer(Gauche(vue, 150), "\r\n", " ") + marque + Zeros(n, 6));
     }
     return r;
-}
-
-void ReconstruireLiens(Base& base) {
-    const auto vider = [](NoteExt& e) {
-        e.LiensPersos.clear();
-        e.LiensFamis.clear();
-    };
-    PourChaqueFiche(base.Notes, base.Notes.Haut(), vider);
-    PourChaqueFiche(base.Sources, base.Sources.Haut(), vider);
-    base.Medias.PourChaqueEcrit(1, base.Medias.Haut(),
-                                [&](std::int32_t m) { base.Medias[m].LiensPersos.clear(); });
-    // Seules les pages écrites : un numéro isolé très haut ne fait pas parcourir des millions de fiches.
-    base.Persos.PourChaqueEcrit(1, std::min(base.NbPersos, base.Persos.Haut()), [&](std::int32_t p) {
-        if (PersonneExiste(base, p)) ReconstruirePersonne(base, p);
-    });
-    base.Familles.PourChaqueEcrit(1, std::min(base.NbFamis, base.Familles.Haut()), [&](std::int32_t f) {
-        const Fami& fa = std::as_const(base.Familles)[f];
-        for (auto acte : kActesDeFami) {
-            LierChamp(base, (fa.*acte).Notes, 'N', true, f);
-            LierChamp(base, (fa.*acte).Source, 'S', true, f);
-        }
-    });
 }
 
 }  // namespace arbolix

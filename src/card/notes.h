@@ -9,6 +9,7 @@
 
 #include "platform/dialogue.h"
 #include "store/base.h"
+#include "store/liens.h"
 
 namespace arbolix {
 
@@ -25,20 +26,8 @@ struct ChampLien {
 // 'N' pour un champ de note, 'S' pour un champ de source.
 inline char GenreDuChamp(const ChampLien& c) { return c.source ? 'S' : 'N'; }
 
-// L'évènement n (1..4 pour une personne, 1..3 pour une famille), nul hors bornes.
-Acte* ActeDe(Perso& p, int n);
-Acte* ActeDe(Fami& f, int n);
-const Acte* ActeDe(const Perso& p, int n);
-const Acte* ActeDe(const Fami& f, int n);
-constexpr int kActesPerso = 4;
-constexpr int kActesFami = 3;
-
 // Le texte du champ ; un champ qui n'existe pas (note de famille, source de personne) lève out_of_range.
 const Texte& TexteDuChamp(const Base& base, const ChampLien& c);
-
-// Notes ('N') ou sources ('S').
-Tableau<NoteExt>& NotesDuGenre(Base& base, char genre);
-const Tableau<NoteExt>& NotesDuGenre(const Base& base, char genre);
 
 // Remplace le texte d'un champ en tenant les retours de liens : l'ancien lien perd
 // sa place, le nouveau en prend une. Une note ou source qui n'a plus de lien fait
@@ -73,14 +62,5 @@ bool EcrireFichierTexte(const std::string& chemin, std::string_view texte);
 // premiers caractères du titre (du texte à défaut), " N" et six chiffres.
 // Les fiches effacées (sans titre ni texte) ne sont pas proposées.
 std::vector<std::string> LignesChoixNotes(const Base& base, char genre);
-
-// Retours de liens refaits en parcourant les champs de toutes les personnes et
-// familles : ceux des notes et sources, et les personnes des objets médias.
-// Chaque lien prend la première place libre ; au-delà de neuf, le lien reste sans retour.
-void ReconstruireLiens(Base& base);
-
-// Pour l'objet média m, la personne p (ou la famille) prend ou rend sa place selon
-// qu'elle le cite encore. Interne aux liens médias, exposé pour eux.
-void AccorderRetour(Base& base, char genre, std::int32_t numero, bool famille, std::int32_t qui);
 
 }  // namespace arbolix

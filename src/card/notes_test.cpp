@@ -10,9 +10,9 @@
 #include "card/medias.h"
 #include "gedcom/ecrivain.h"
 #include "gedcom/lecture_essai.h"
-#include "gedcom/lecture_liens.h"
-#include "lists/selection.h"
 #include "store/decrire_base.h"
+#include "store/liens.h"
+#include "store/selection.h"
 
 namespace arbolix {
 namespace {

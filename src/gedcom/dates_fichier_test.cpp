@@ -5,7 +5,7 @@
 
 #include "gedcom/ecrivain.h"
 #include "gedcom/lecture_essai.h"
-#include "lists/selection.h"
+#include "store/selection.h"
 
 namespace arbolix {
 namespace {

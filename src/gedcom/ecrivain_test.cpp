@@ -10,9 +10,9 @@
 #include "dates/calendrier_gregorien.h"
 #include "gedcom/comparaison_test.h"
 #include "gedcom/lecteur.h"
-#include "lists/selection.h"
 #include "platform/progression.h"
 #include "store/chaines.h"
+#include "store/selection.h"
 
 namespace arbolix {
 namespace {

@@ -10,8 +10,8 @@
 #include <streambuf>
 #include <system_error>
 
-#include "lists/selection.h"
 #include "platform/cp1252.h"
+#include "store/selection.h"
 
 namespace arbolix {
 

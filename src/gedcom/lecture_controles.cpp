@@ -5,12 +5,12 @@
 #include <utility>
 #include <vector>
 
-#include "card/notes.h"
 #include "gedcom/lecteur_gedcom.h"
 #include "gedcom/lecture_actes.h"
 #include "gedcom/lecture_liens.h"
 #include "platform/progression.h"
 #include "store/chaines.h"
+#include "store/liens.h"
 
 namespace arbolix {
 

@@ -13,8 +13,8 @@
 #include "gedcom/ecrivain.h"
 #include "gedcom/jeux_caracteres.h"
 #include "gedcom/lecture_essai.h"
-#include "lists/selection.h"
 #include "store/chaines.h"
+#include "store/selection.h"
 
 namespace arbolix {
 namespace {

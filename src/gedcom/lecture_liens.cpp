@@ -12,18 +12,6 @@ bool EstPointeur(std::string_view v) {
     return v.size() >= 3 && v.front() == '@' && v.back() == '@' && v.find(' ') == std::string_view::npos;
 }
 
-bool EstLien(std::string_view v, char genre) {
-    return NumeroDuLien(v, genre) > 0;
-}
-
-std::int32_t NumeroDuLien(std::string_view v, char genre) {
-    v = SansBlancs(v);
-    if (v.size() < 4 || v[0] != '@' || v[1] != genre || v.back() != '@') return 0;
-    const std::string_view chiffres = v.substr(2, v.size() - 3);
-    if (!EstNumerique(chiffres) || chiffres.size() > 9) return 0;
-    return static_cast<std::int32_t>(ValeurNumerique(chiffres));
-}
-
 void Ajouter(Texte& champ, std::string_view sep, std::string_view valeur) {
     if (valeur.empty()) return;
     if (champ.empty()) {

@@ -7,6 +7,7 @@
 #include <unordered_map>
 
 #include "store/base.h"
+#include "store/liens.h"
 
 namespace arbolix {
 
@@ -14,39 +15,6 @@ class LecteurGedcom;
 
 // "@...@" sans blanc : un pointeur GEDCOM, quel que soit son préfixe.
 bool EstPointeur(std::string_view v);
-// Un texte est un lien vers une note (genre 'N') ou une source ('S') quand il est
-// tout entier "@N<chiffres>@", blancs de bord mis à part.
-bool EstLien(std::string_view v, char genre);
-// Numéro du lien "@N12@" (12), 0 si ce n'est pas un lien de ce genre.
-std::int32_t NumeroDuLien(std::string_view v, char genre);
-
-// Premier emplacement libre qui reçoit valeur ; 0 quand tout est pris.
-template <typename E, typename V>
-int PlacerPremierLibre(E& emplacements, V valeur) {
-    const int i = emplacements.PremierLibre();
-    if (i > E::kDernier) return 0;
-    emplacements.Fixer(i, std::move(valeur));
-    return i;
-}
-
-template <typename E, typename V>
-bool Contient(const E& emplacements, const V& valeur) {
-    for (const auto& c : emplacements)
-        if (c.second == valeur) return true;
-    return false;
-}
-
-// Retire valeur ; les emplacements qui la suivent remontent d'une place, la liste reste sans trou.
-template <typename E, typename V>
-bool Retirer(E& emplacements, const V& valeur) {
-    int i = E::kPremier;
-    while (i <= E::kDernier && !(emplacements(i) == valeur)) ++i;
-    if (i > E::kDernier) return false;
-    for (; i < E::kDernier; ++i) emplacements.Fixer(i, emplacements(i + 1));
-    emplacements.Fixer(E::kDernier, {});
-    return true;
-}
-
 // L'objet de la liste (numéros d'objets médias) dont l'un des fichiers est ce chemin ; 0 s'il n'y en a pas.
 std::int32_t ObjetAuChemin(const Base& b, const Emplacements<std::int32_t, 1, kMaxLiens>& objets,
                            std::string_view chemin);

@@ -1,10 +1,10 @@
 // Nettoyage d'une base juste lue (case Nettoyer) et codes des noms.
 #include <string>
 
-#include "card/liens.h"
 #include "gedcom/lecteur_gedcom.h"
 #include "store/aides_texte.h"
 #include "store/chaines.h"
+#include "store/liens.h"
 
 namespace arbolix {
 

@@ -3,9 +3,9 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include "gedcom/lecture_liens.h"
 #include "platform/qt_texte.h"
 #include "store/chaines.h"
+#include "store/liens.h"
 
 namespace arbolix {
 

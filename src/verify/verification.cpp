@@ -4,7 +4,7 @@
 #include <optional>
 #include <utility>
 
-#include "card/liens.h"
+#include "store/liens.h"
 #include "card/lignes_personne.h"
 #include "dates/calendrier_gregorien.h"
 #include "dates/reconnaissance.h"

@@ -8,7 +8,7 @@
 #include "aides/base_essai.h"
 #include "gedcom/ecrivain.h"
 #include "gedcom/lecture_essai.h"
-#include "lists/selection.h"
+#include "store/selection.h"
 
 namespace arbolix {
 namespace {

@@ -7,8 +7,8 @@
 #include "cases_fuzz.h"
 #include "gedcom/ecrivain.h"
 #include "gedcom/lecteur.h"
-#include "lists/selection.h"
 #include "platform/progression.h"
+#include "store/selection.h"
 
 using namespace arbolix;
 

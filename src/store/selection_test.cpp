@@ -1,4 +1,4 @@
-#include "lists/selection.h"
+#include "store/selection.h"
 
 #include <gtest/gtest.h>
 

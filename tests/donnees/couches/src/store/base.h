@@ -1,0 +1,2 @@
+// Permis : la plateforme est sous le magasin.
+#include "platform/dialogue.h"

@@ -1,0 +1,2 @@
+// Interdit : le magasin ne voit pas la fiche.
+#include "card/notes.h"
