@@ -128,7 +128,11 @@ private:
             }
             Calcule(n);
         } else if (!p.Bapteme.Date.empty()) {
-            base_.Persos[n].Naissance = p.Bapteme;
+            // La date seule : le lieu, les notes et les témoins du baptême restent à lui.
+            Acte& naissance = base_.Persos[n].Naissance;
+            naissance.Date = p.Bapteme.Date;
+            naissance.DateTri = p.Bapteme.DateTri;
+            naissance.Annee = p.Bapteme.Annee;
             Calcule(n);
         } else {
             restes_.push_back({LigneListe(lu_, options_, n) + Queue('P', n), n});

@@ -24,7 +24,7 @@ struct Famille4 {
         essai::AjouterPersonne(b, 6, "A", "Petit", 'M', "", "1800");  // mort avant l'estimation
         essai::AjouterPersonne(b, 7, "Z", "Inconnu", 'M');
         essai::AjouterPersonne(b, 8, "A", "Baptis\xE9", 'M');
-        essai::Dater(b.Persos[8].Bapteme, "12/03/1795");
+        essai::Dater(b.Persos[8].Bapteme, "12/03/1795", "Lyon");
         essai::AjouterPersonne(b, 9, "A", "D\xE9j\xE0", 'F', "vers 1600");
         essai::AjouterFamille(b, 1, 1, 2, "", {3});
         essai::AjouterFamille(b, 2, 3, 4, "1785", {5});
@@ -45,6 +45,7 @@ TEST(CalculerActesVides, NaissancesEnDeuxPasses) {
     EXPECT_EQ(f.N(2).DateTri.vue(), CleDate("vers 1730"));
     EXPECT_EQ(f.N(6).Date, "avant 1800");
     EXPECT_EQ(f.N(8).Date, "12/03/1795");
+    EXPECT_EQ(f.N(8).Lieu, "");           // la date du baptême, pas son lieu
     EXPECT_EQ(f.N(9).Date, "vers 1600");  // sans recalcul, un « vers » reste
     EXPECT_EQ(TexteResultatEstimation(r), "5 actes calcul\xE9s. Il reste 1 acte vide.");
     ASSERT_EQ(liste.Rangees.size(), 3u);
