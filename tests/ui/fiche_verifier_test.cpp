@@ -1,6 +1,7 @@
 // La fiche, côté vérification : le menu montre le rapport dans l'éditeur de notes, l'estimation ouvre
 // la liste des actes vides, dont la ligne de tête enchaîne sur les mariages.
 #include <QAction>
+#include <QListView>
 #include <QPlainTextEdit>
 #include <QtTest>
 
@@ -40,6 +41,14 @@ private slots:
         const ListePersonne& liste = fiche.FormPersonne().Liste();
         QCOMPARE(liste.Genre, std::string("vides0"));
         QVERIFY(fiche.FormPersonne().isVisible());
+
+        // La ligne de tête de la liste enchaîne sur les mariages.
+        auto* vue = fiche.FormPersonne().findChild<QListView*>("Liste");
+        d.ReponseSuivante(Bouton::Non);
+        emit vue->doubleClicked(vue->model()->index(0, 0));
+        QCOMPARE(VersQString(d.messages.back().texte),
+                 QString::fromUtf8("2 actes calculés. Il reste 1 acte vide."));
+        QCOMPARE(liste.Genre, std::string("vides1"));
     }
 };
 
