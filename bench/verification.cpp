@@ -6,9 +6,9 @@
 #include <string>
 
 #include "gedcom/lecteur.h"
-#include "store/selection.h"
 #include "mesures.h"
 #include "platform/progression.h"
+#include "store/selection.h"
 #include "verify/estimation.h"
 
 using namespace arbolix;

@@ -4,11 +4,11 @@
 #include <optional>
 #include <utility>
 
-#include "store/liens.h"
 #include "card/lignes_personne.h"
 #include "dates/calendrier_gregorien.h"
 #include "dates/reconnaissance.h"
 #include "store/chaines.h"
+#include "store/liens.h"
 #include "verify/coherence.h"
 
 namespace arbolix {
