@@ -193,10 +193,24 @@ void RemplacerMois(Lecture& l) {
         for (int i = 1; i <= 12; ++i) n[static_cast<std::size_t>(i)] = Zeros(i, 2);
         return n;
     }();
+    // Dix-sept recherches par date pèsent à la lecture d'un gros fichier : un motif dont un octet
+    // manque au texte est sauté, l'inventaire des octets refait après chaque remplacement.
+    std::array<bool, 256> present{};
+    const auto inventaire = [&] {
+        present.fill(false);
+        for (const char c : l.t) present[static_cast<unsigned char>(c)] = true;
+    };
+    const auto possible = [&](std::string_view motif) {
+        return std::all_of(motif.begin(), motif.end(),
+                           [&](char c) { return present[static_cast<unsigned char>(c)]; });
+    };
+    const auto remplacer = [&](std::string_view de, std::string_view vers, std::size_t depuis) {
+        if (possible(de) && RemplacerTout(l.t, de, vers, depuis) > 0) inventaire();
+    };
+    inventaire();
     for (int i = 1; i <= 12; ++i)
-        RemplacerTout(l.t, MoisGedcom[static_cast<std::size_t>(i)], kNumeros[static_cast<std::size_t>(i)],
-                      debut);
-    for (const auto& r : kIntervalles) RemplacerTout(l.t, r[0], r[1]);
+        remplacer(MoisGedcom[static_cast<std::size_t>(i)], kNumeros[static_cast<std::size_t>(i)], debut);
+    for (const auto& r : kIntervalles) remplacer(r[0], r[1], 0);
 }
 
 // Formes reconnues du tableau des dates : jamais signalées.

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstring>
 #include <limits>
+#include <vector>
 
 namespace arbolix {
 
@@ -29,18 +30,39 @@ std::string_view SansBlancsDroite(std::string_view s) {
     return p == std::string_view::npos ? std::string_view{} : s.substr(0, p + 1);
 }
 
-std::string_view SansBlancs(std::string_view s) { return SansBlancsDroite(SansBlancsGauche(s)); }
+std::string_view SansBlancs(std::string_view s) {
+    return SansBlancsDroite(SansBlancsGauche(s));
+}
 
-std::string_view Droite(std::string_view s, std::size_t n) { return n >= s.size() ? s : s.substr(s.size() - n); }
-std::string_view Gauche(std::string_view s, std::size_t n) { return s.substr(0, n); }
+std::string_view Droite(std::string_view s, std::size_t n) {
+    return n >= s.size() ? s : s.substr(s.size() - n);
+}
+std::string_view Gauche(std::string_view s, std::size_t n) {
+    return s.substr(0, n);
+}
 std::string_view Depuis(std::string_view s, std::size_t debut) {
     if (debut < 1) debut = 1;
     return debut > s.size() ? std::string_view{} : s.substr(debut - 1);
 }
 
 std::size_t Chercher(std::string_view s, std::string_view motif, std::size_t depuis) {
-    if (depuis > s.size() || motif.empty()) return std::string_view::npos;
+    if (depuis > s.size() || motif.empty() || motif.size() > s.size() - depuis) return std::string_view::npos;
     if (s.size() - depuis < 256) return s.find(motif, depuis);  // un texte court : find suffit
+    // Un octet rare du motif (« @ » d'un pointeur, tabulation, barre inverse) : memchr saute
+    // d'une occurrence à l'autre bien plus vite que memmem, chaque candidat vérifié en entier.
+    const std::size_t rare = motif.find_first_of("\\\t@");
+    if (rare != std::string_view::npos && motif.size() > 1) {
+        const char* const fin = s.data() + s.size();
+        for (const char* q = s.data() + depuis + rare;
+             (q = static_cast<const char*>(std::memchr(q, motif[rare], static_cast<std::size_t>(fin - q))));
+             ++q) {
+            const char* const debut = q - rare;
+            if (static_cast<std::size_t>(fin - debut) < motif.size()) break;
+            if (std::memcmp(debut, motif.data(), motif.size()) == 0)
+                return static_cast<std::size_t>(debut - s.data());
+        }
+        return std::string_view::npos;
+    }
     // memmem (algorithme à deux sens) : bien plus rapide que find quand le
     // premier caractère du motif, souvent un blanc, revient à chaque ligne.
     const void* p = memmem(s.data() + depuis, s.size() - depuis, motif.data(), motif.size());
@@ -53,15 +75,27 @@ std::size_t RemplacerTout(std::string& s, std::string_view de, std::string_view 
     if (p == std::string::npos) return 0;
     std::size_t n = 0;
     if (vers.size() > de.size()) {
-        // Le texte grandit : on recopie dans une nouvelle chaîne.
-        std::string neuf(s, 0, p);
-        std::size_t r = p;
-        for (; p != std::string::npos; p = Chercher(s, de, r), ++n) {
-            neuf.append(s, r, p - r).append(vers);
-            r = p + de.size();
+        // Le texte grandit : les places relevées d'abord, puis une seule mise à la taille finale
+        // et un remplissage depuis la fin, sur place quand la capacité suffit. Une chaîne neuve
+        // allongée au fil des ajouts recopiait plusieurs fois un tampon de centaines de mégaoctets.
+        std::vector<std::size_t> places;
+        for (; p != std::string::npos; p = Chercher(s, de, p + de.size())) places.push_back(p);
+        n = places.size();
+        const std::size_t ancienne = s.size();
+        const std::size_t ajout = n * (vers.size() - de.size());
+        if (s.capacity() < ancienne + ajout) s.reserve(ancienne + ajout);
+        s.resize(ancienne + ajout);
+        char* const d = s.data();
+        std::size_t r = ancienne;  // fin du morceau d'origine encore à placer
+        std::size_t w = s.size();  // fin de l'écriture
+        for (std::size_t k = n; k-- > 0;) {
+            const std::size_t fin = places[k] + de.size();
+            w -= r - fin;
+            std::memmove(d + w, d + fin, r - fin);
+            w -= vers.size();
+            std::memcpy(d + w, vers.data(), vers.size());
+            r = places[k];
         }
-        neuf.append(s, r);
-        s.swap(neuf);
         return n;
     }
     // Le texte ne grandit pas : on tasse sur place, l'écriture derrière la lecture.
@@ -93,9 +127,8 @@ bool Comme(std::string_view texte, std::string_view motif) {
         if (m < motif.size() && motif[m] == '*') {
             etoileM = m++;
             etoileT = t;
-        } else if (m < motif.size() &&
-                   (motif[m] == '?' || (motif[m] == '#' && EstChiffre(texte[t])) ||
-                    (motif[m] != '#' && motif[m] == texte[t]))) {
+        } else if (m < motif.size() && (motif[m] == '?' || (motif[m] == '#' && EstChiffre(texte[t])) ||
+                                        (motif[m] != '#' && motif[m] == texte[t]))) {
             ++m;
             ++t;
         } else if (etoileM != std::string_view::npos) {
@@ -139,7 +172,9 @@ std::string EnMajuscules(std::string_view s) {
     return r;
 }
 
-bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
+bool EstChiffre(char c) {
+    return c >= '0' && c <= '9';
+}
 
 bool EstNumerique(std::string_view s) {
     if (s.empty()) return false;
@@ -151,9 +186,11 @@ bool EstNumerique(std::string_view s) {
 std::string Zeros(std::int64_t n, int chiffres) {
     // Sans printf : la lecture d'une date l'appelle douze fois.
     const bool negatif = n < 0;
-    const unsigned long long absolu = negatif ? 0ULL - static_cast<unsigned long long>(n) : static_cast<unsigned long long>(n);
+    const unsigned long long absolu =
+        negatif ? 0ULL - static_cast<unsigned long long>(n) : static_cast<unsigned long long>(n);
     std::string r = std::to_string(absolu);
-    const std::size_t largeur = chiffres > static_cast<int>(negatif) ? static_cast<std::size_t>(chiffres - negatif) : 0;
+    const std::size_t largeur =
+        chiffres > static_cast<int>(negatif) ? static_cast<std::size_t>(chiffres - negatif) : 0;
     if (r.size() < largeur) r.insert(0, largeur - r.size(), '0');
     if (negatif) r.insert(0, 1, '-');
     return r;

@@ -7,8 +7,8 @@ namespace {
 
 TEST(Chaines, ValeurNumerique) {
     const std::pair<const char*, std::int64_t> cas[] = {
-        {"1750", 1750}, {" 17 50x", 1750}, {"s 17", 0}, {"50 ?", 50}, {"3/50", 3}, {"", 0}, {"-5", 0},
-        {"12@ INDI", 12}, {"\t7\n", 7},
+        {"1750", 1750}, {" 17 50x", 1750}, {"s 17", 0},      {"50 ?", 50}, {"3/50", 3},
+        {"", 0},        {"-5", 0},         {"12@ INDI", 12}, {"\t7\n", 7},
     };
     for (const auto& [texte, valeur] : cas) EXPECT_EQ(ValeurNumerique(texte), valeur) << texte;
     EXPECT_GT(ValeurNumerique(std::string(1000, '9')), 0);  // plafonnée, sans débordement
@@ -26,6 +26,30 @@ TEST(Chaines, RemplacementsSansRelecture) {
     std::string s = "xx ab ab ab";
     EXPECT_EQ(RemplacerTout(s, "ab", "c", 4), 2u);  // le début n'est pas touché
     EXPECT_EQ(s, "xx ab c c");
+    // Allongement sur place depuis la fin : motifs en tête, en queue, collés, avec ou sans marge.
+    for (const std::size_t marge : {0u, 1000u}) {
+        std::string t = "@ N" + std::string(300, '.') + "@ N@ N.@ N";
+        t.reserve(t.size() + marge);
+        EXPECT_EQ(RemplacerTout(t, "@ N", "@ N\r\n1 T", 1), 3u);
+        EXPECT_EQ(t, "@ N" + std::string(300, '.') + "@ N\r\n1 T@ N\r\n1 T.@ N\r\n1 T");
+    }
+}
+
+TEST(Chaines, ChercherDansUnLongTexte) {
+    // Au-delà de 256 octets, un motif à octet rare est cherché par cet octet : faux candidats,
+    // candidat commencé avant le départ, motif coupé par la fin.
+    const std::string t = std::string(300, '.') + "@ @ NOTE @ NOTE " + std::string(300, '.') + "x@ NOT";
+    const struct {
+        std::string_view motif;
+        std::size_t depuis, attendu;
+    } cas[] = {
+        {"@ NOTE ", 0, 302},          {"@ NOTE ", 303, 309},
+        {" NOTE", 303, 303},          {"@ NOTE ", 310, std::string::npos},
+        {"x@ NOT", 0, 616},           {"@ NOTE", 611, std::string::npos},
+        {"\t", 0, std::string::npos},
+    };
+    for (const auto& c : cas)
+        EXPECT_EQ(Chercher(t, c.motif, c.depuis), c.attendu) << c.motif << " " << c.depuis;
 }
 
 TEST(Chaines, Motifs) {
