@@ -1,5 +1,6 @@
 #include "cli/commandes.h"
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -15,6 +16,9 @@
 #include "platform/dialogue.h"
 #include "platform/progression.h"
 #include "store/selection.h"
+#include "verify/estimation.h"
+#include "verify/nettoyage.h"
+#include "verify/verification.h"
 
 namespace arbolix::cli {
 
@@ -240,6 +244,100 @@ int CommandeListe(const Arguments& args, Sorties& s) {
     return 0;
 }
 
+// Écrit la base dans SORTIE avec les cases par défaut, comme « enregistrer ».
+int Ecrire(Base& base, Options& options, const std::string& fichier, Sorties& s) {
+    OptionsGedcom cases;
+    cases.Fichier = fichier;
+    DialogueCli dialogue(s.erreurs);
+    ContexteEnregistrement ctx{base, cases, options, dialogue, nullptr, EnteteArbolix(), DateDuJour()};
+    const ResultatEnregistrement r = EnregistrerGedcom(ctx);
+    for (const auto& a : r.Avertissements) s.erreurs << Cp1252VersUtf8(a) << "\n";
+    if (!r.Enregistre) {
+        s.erreurs << Cp1252VersUtf8(r.Erreur) << "\n";
+        return 2;
+    }
+    s.sortie << "Enregistr\xC3\xA9 : " << fichier << "\n";
+    return 0;
+}
+
+// L'heure de DateModif : jours (et fraction) depuis le 30/12/1899.
+double JoursDepuis1899() {
+    const auto s = std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+    return s / 86400.0 + 25569.0;
+}
+
+// Lit un fichier sur toute la base, comme la fenêtre l'ouvre ; le journal va aux erreurs.
+bool ChargerTout(const std::string& fichier, Base& base, Options& options, Sorties& s) {
+    ResultatLecture resultat;
+    if (!Charger(fichier, OptionsGedcom{}, base, options, resultat, s)) return false;
+    ToutSelectionner(base);
+    return true;
+}
+
+// Le rapport tel que l'éditeur le montre, CR LF compris : en UTF-8, ou tel quel en 1252 avec --brut.
+int CommandeVerifier(const Arguments& args, Sorties& s) {
+    bool brut = false;
+    Arguments fichiers;
+    for (const auto& a : args) {
+        if (a == "--brut")
+            brut = true;
+        else
+            fichiers.push_back(a);
+    }
+    if (fichiers.size() != 1) {
+        s.erreurs << "usage : arbolix-cli verifier [--brut] FICHIER.ged\n";
+        return 2;
+    }
+    Base base;
+    Options options;
+    if (!ChargerTout(fichiers[0], base, options, s)) return 2;
+    const ResultatVerification r = MenuVerifier(base, options, nullptr, JoursDepuis1899());
+    s.sortie << (brut ? r.Rapport : Cp1252VersUtf8(r.Rapport));
+    return 0;
+}
+
+// Sans question : les dates « vers » déjà là restent, sauf avec --recalculer.
+int CommandeEstimer(const Arguments& args, Sorties& s) {
+    bool recalculer = false;
+    Arguments reste;
+    for (const auto& a : args) {
+        if (a == "--recalculer")
+            recalculer = true;
+        else
+            reste.push_back(a);
+    }
+    if (reste.size() != 3 || (reste[0] != "naissances" && reste[0] != "mariages")) {
+        s.erreurs << "usage : arbolix-cli estimer naissances|mariages [--recalculer] ENTREE.ged SORTIE.ged\n";
+        return 2;
+    }
+    Base base;
+    Options options;
+    if (!ChargerTout(reste[1], base, options, s)) return 2;
+    ListePersonne liste;
+    const ResultatEstimation r = CalculerActesVides(
+        base, options, reste[0] == "naissances" ? ActesVides::Naissances : ActesVides::Mariages, recalculer,
+        liste);
+    s.sortie << Cp1252VersUtf8(TexteResultatEstimation(r)) << "\n";
+    for (std::size_t i = liste.LigneDeTete ? 1 : 0; i < liste.Rangees.size(); ++i)
+        s.sortie << Cp1252VersUtf8(liste.Rangees[i].texte) << "\n";
+    return Ecrire(base, options, reste[2], s);
+}
+
+int CommandeNettoyer(const Arguments& args, Sorties& s) {
+    if (args.size() != 3 || (args[0] != "lieux" && args[0] != "notes-sources")) {
+        s.erreurs << "usage : arbolix-cli nettoyer lieux|notes-sources ENTREE.ged SORTIE.ged\n";
+        return 2;
+    }
+    Base base;
+    Options options;
+    if (!ChargerTout(args[1], base, options, s)) return 2;
+    if (args[0] == "lieux")
+        NettoyerLieux(base);
+    else
+        ConvertirNotesSourcesExternes(base);
+    return Ecrire(base, options, args[2], s);
+}
+
 struct Commande {
     std::string_view nom;
     std::string_view aide;
@@ -258,6 +356,17 @@ const std::vector<Commande>& Commandes() {
          "enregistrer [options] ENTREE.ged SORTIE.ged : lit ENTREE et l'\xC3\xA9"
          "crit en GEDCOM 5.5 dans SORTIE",
          CommandeEnregistrer},
+        {"verifier", "verifier [--brut] FICHIER.ged : le rapport de v\xC3\xA9rification de tout le fichier",
+         CommandeVerifier},
+        {"estimer",
+         "estimer naissances|mariages [--recalculer] ENTREE.ged SORTIE.ged : date les actes vides "
+         "(vers nnnn) et \xC3\xA9"
+         "crit SORTIE",
+         CommandeEstimer},
+        {"nettoyer",
+         "nettoyer lieux|notes-sources ENTREE.ged SORTIE.ged : redresse les virgules des lieux, ou recopie "
+         "les notes et sources externes dans les fiches",
+         CommandeNettoyer},
         {"sosa",
          "sosa FICHIER.ged [PERSONNE] [--max-gen N] : les ascendants num\xC3\xA9rot\xC3\xA9s, une ligne par "
          "visite",

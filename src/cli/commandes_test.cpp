@@ -174,5 +174,40 @@ TEST(Cli, EnregistrerEchoueSansToucherAuxFichiers) {
     std::filesystem::remove(entree);
 }
 
+// Vérifier écrit le rapport de la fenêtre ; estimer et nettoyer écrivent le fichier changé.
+TEST(Cli, VerifierEstimerNettoyer) {
+    const auto f = FichierTemporaire("cli-verif.ged",
+                                     "0 HEAD\r\n0 @I1@ INDI\r\n1 NAME Jean /Dupont/\r\n1 SEX M\r\n"
+                                     "1 BIRT\r\n2 DATE 1700\r\n2 PLAC , Lyon,\r\n1 FAMS @F1@\r\n"
+                                     "0 @I2@ INDI\r\n1 NAME Ren\xE9 /Dupont/\r\n1 SEX M\r\n"
+                                     "0 @I3@ INDI\r\n1 NAME Marie /Durand/\r\n1 SEX F\r\n1 FAMS @F2@\r\n"
+                                     "0 @F1@ FAM\r\n1 HUSB @I1@\r\n1 CHIL @I2@\r\n"
+                                     "0 @F2@ FAM\r\n1 WIFE @I3@\r\n0 TRLR\r\n");
+    auto a = Lancer({"verifier", "--brut", f});
+    EXPECT_EQ(a.code, 0);
+    EXPECT_EQ(a.sortie, "Famille 2\r\ninfo : lien erron\xE9 corrig\xE9.\r\n\r\n");
+    a = Lancer({"verifier", f});
+    EXPECT_EQ(a.sortie, "Famille 2\r\ninfo : lien erron\xC3\xA9 corrig\xC3\xA9.\r\n\r\n");
+    a = Lancer({"verifier", "--inconnue", f, f});
+    EXPECT_EQ(a.code, 2);
+
+    const auto sortie = (std::filesystem::temp_directory_path() / "cli-verif-sortie.ged").string();
+    a = Lancer({"estimer", "naissances", f, sortie});
+    EXPECT_EQ(a.code, 0) << a.erreurs;
+    EXPECT_EQ(a.sortie.substr(0, a.sortie.find('\n')), "1 acte calcul\xC3\xA9. Il reste 1 acte vide.");
+    std::ifstream lu(sortie, std::ios::binary);
+    const std::string ecrit((std::istreambuf_iterator<char>(lu)), std::istreambuf_iterator<char>());
+    EXPECT_NE(ecrit.find("2 DATE ABT 1730"), std::string::npos);
+
+    a = Lancer({"nettoyer", "lieux", f, sortie});
+    EXPECT_EQ(a.code, 0) << a.erreurs;
+    std::ifstream relu(sortie, std::ios::binary);
+    const std::string propre((std::istreambuf_iterator<char>(relu)), std::istreambuf_iterator<char>());
+    EXPECT_NE(propre.find("2 PLAC Lyon\r\n"), std::string::npos);
+    EXPECT_EQ(Lancer({"nettoyer", "tout", f, sortie}).code, 2);
+    std::filesystem::remove(f);
+    std::filesystem::remove(sortie);
+}
+
 }  // namespace
 }  // namespace arbolix::cli

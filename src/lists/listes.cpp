@@ -464,6 +464,12 @@ Reaction DoubleClic(const Base& base, const Options& o, const ListePersonne& lis
         if (tete) return {ActionListe::AgrandirRecents, 0, {}, false};
         return {ActionListe::Afficher, q.numero, {}, true};
     }
+    // Actes vides : la ligne de tête lance le calcul de l'autre sorte d'acte.
+    if (g == "vides0" || g == "vides1") {
+        if (tete) return {ActionListe::EstimerActesVides, g == "vides0" ? 1 : 0, {}, true};
+        if (q.genre == 'F') return {ActionListe::Afficher, EpouxDeFamille(base, q.numero), {}, false};
+        return {ActionListe::Afficher, q.numero, {}, false};
+    }
     if (g == "fichiers") return {ActionListe::OuvrirFichier, q.numero, CheminDeRangee(texte), true};
     if (g == "interech") return {ActionListe::Afficher, q.numero, {}, true};
     if (g == "anccom") return {ActionListe::ListeParente, q.numero, {}, false};

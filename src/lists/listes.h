@@ -83,6 +83,7 @@ enum class ActionListe {
     ProprietesFichier,  // chemin : montrer ses propriétés, puis puisAfficher dans NumPerso
     OuvrirNote,         // note externe numero dans l'éditeur
     OuvrirSource,
+    EstimerActesVides,  // numero 0 : les naissances, 1 : les mariages
     ListeParente,  // "anccom" : la liste de parenté avec la personne numero
 };
 struct Reaction {

@@ -105,6 +105,14 @@ void Editeur::Montrer(const QString& titre, std::string_view texte) {
     raise();
 }
 
+void Editeur::MontrerTexteLibre(const QString& titre, std::string_view texte, Dialogue& dialogue) {
+    Montrer(titre, texte);
+    dialogue_ = &dialogue;
+    numero_ = 0;
+    texte_->setReadOnly(false);
+    enreg_->setVisible(true);
+}
+
 bool Editeur::OuvrirNote(Base& base, std::int32_t numero, int type, bool avecBoutons, Dialogue& dialogue) {
     if (type != 1 && type != 2) {
         dialogue.Message("Note/source externe",

@@ -98,6 +98,7 @@ Fiche::Fiche(QWidget* parent)
     connect(ui_->Enfant, &QListWidget::itemDoubleClicked, this,
             [this](QListWidgetItem* i) { DoubleCliquerListeNumero(ui_->Enfant, ui_->Enfant->row(i)); });
     BrancherDivers();
+    BrancherVerifier();
     BrancherSelection();
     connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
     connect(ui_->MenuNotesFichier, &QAction::triggered, this, &Fiche::MenuNotesFichier);

@@ -95,6 +95,11 @@ public slots:
     void MenuListeSources();
     void MenuListeFichiers();
     void MenuFichesRecentes();
+    // Vérification et réparation de tout le fichier (fiche_verifier.cpp) ; index 0 naissances, 1 mariages.
+    void MenuVerifier();
+    void MenuCalcActesVides(int index);
+    void MenuNettoieLieux();
+    void MenuConvNSExtInt();
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -120,6 +125,7 @@ private:
     void PoserEnfants();
     void PoserPhoto();
     void BrancherDivers();  // fiche_divers.cpp
+    void BrancherVerifier();  // fiche_verifier.cpp
     void CreerMenuImage();
     void PoserDivers();
     void ActualiserDivers();

@@ -90,6 +90,9 @@ void Fiche::ReagirListe(const Reaction& r) {
             personne_->Rafraichir();
             personne_->Choisir(0);
             break;
+        case ActionListe::EstimerActesVides:
+            MenuCalcActesVides(r.numero);
+            break;
         case ActionListe::OuvrirFichier:
             OuvrirFichierLie(r.chemin, false);
             break;

@@ -30,7 +30,10 @@ void Fiche::BrancherSelection() {
     // Le troisième menu, après Listes ; ses entrées portent les noms des règles.
     auto* menu = new QMenu(VersQString("S\xE9lection"), this);
     menu->setObjectName("BarreMenu_2");
-    ui_->BarreMenu->addMenu(menu);
+    if (auto* suivant = findChild<QMenu*>("BarreMenu_3"))
+        ui_->BarreMenu->insertMenu(suivant->menuAction(), menu);
+    else
+        ui_->BarreMenu->addMenu(menu);
     for (int i = 0; i < 5; ++i) {
         QAction* a = menu->addAction(VersQString(kEntreesSel[i]));
         a->setObjectName(QString("MenuSel_%1").arg(i));
