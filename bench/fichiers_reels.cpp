@@ -19,6 +19,7 @@
 #include <string>
 #include <vector>
 
+#include "charger.h"
 #include "gedcom/ecrivain.h"
 #include "gedcom/enregistrement.h"
 #include "gedcom/lecteur.h"
@@ -64,17 +65,6 @@ void Decoupe(const std::string& chemin) {
     if (balises == 0) std::printf("(aucune balise ?)\n");
 }
 
-void Charger(Base& base, const std::string& chemin, bool remplirListes) {
-    Options options;
-    OptionsGedcom cases;
-    cases.Fichier = chemin;
-    Progression muette;
-    ContexteLecture ctx{options, cases, muette};
-    ctx.remplirListes = remplirListes;
-    LireGedcom(base, ctx);
-    ToutSelectionner(base);
-}
-
 // Le départ d'une étape : temps écoulé et temps de calcul pris ensemble.
 struct Depart {
     bench::Chrono chrono;
@@ -92,7 +82,7 @@ void Etape(const std::string& etape, const std::string& chemin) {
         return c.Ecrire();
     }
     Base base;
-    Charger(base, chemin, true);
+    bench::ChargerFichier(base, chemin, true);
     if (etape == "lecture") return c.Ecrire();
     if (etape == "enregistrement") {
         OptionsGedcom cases;

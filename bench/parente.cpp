@@ -7,37 +7,21 @@
 #include <string>
 #include <vector>
 
-#include "gedcom/lecteur.h"
+#include "charger.h"
 #include "kinship/menu_sel.h"
 #include "kinship/sosa.h"
-#include "store/selection.h"
 #include "lists/selection_active.h"
 #include "mesures.h"
-#include "platform/progression.h"
+#include "store/selection.h"
 
 using namespace arbolix;
 
 namespace {
 
-bool Charger(Base& base, const std::string& chemin) {
-    Options options;
-    OptionsGedcom cases;
-    cases.Fichier = chemin;
-    Progression muette;
-    ContexteLecture ctx{options, cases, muette};
-    ctx.remplirListes = false;
-    if (!LireGedcom(base, ctx).Lu) {
-        std::printf("%s : illisible\n", chemin.c_str());
-        return false;
-    }
-    ToutSelectionner(base);
-    return true;
-}
-
 void GrandFichier(const std::string& chemin) {
     Base base;
     bench::Chrono lecture;
-    if (!Charger(base, chemin)) return;
+    if (!bench::ChargerFichier(base, chemin)) return;
     std::printf("%s : %d personnes lues en %.1f s\n", chemin.c_str(), base.NbPersosReels, lecture.Secondes());
     const std::int32_t racine = PremierePersonne(base, 1);
     bench::Chrono c;
@@ -103,7 +87,7 @@ std::int32_t PlusDeChemins(const Base& b, double& visites) {
 
 void FichierRoyal(const std::string& chemin) {
     Base base;
-    if (!Charger(base, chemin)) return;
+    if (!bench::ChargerFichier(base, chemin)) return;
     double attendues = 0;
     const std::int32_t n = PlusDeChemins(base, attendues);
     std::printf("%s : la personne %d (%s %s) a le plus de chemins d'ascendants : %.0f visites prévues\n",

@@ -5,10 +5,9 @@
 #include <ctime>
 #include <string>
 
-#include "gedcom/lecteur.h"
+#include "charger.h"
 #include "mesures.h"
 #include "platform/progression.h"
-#include "store/selection.h"
 #include "verify/estimation.h"
 
 using namespace arbolix;
@@ -17,18 +16,8 @@ using namespace arbolix;
 int main(int argc, char** argv) {
     const std::string chemin = argc > 1 ? argv[1] : "/tmp/arbolix-reel-1000000.ged";
     Base base;
-    Options options;
-    OptionsGedcom cases;
-    cases.Fichier = chemin;
-    Progression muette;
-    ContexteLecture ctx{options, cases, muette};
-    ctx.remplirListes = false;
     bench::Chrono lecture;
-    if (!LireGedcom(base, ctx).Lu) {
-        std::printf("fichier illisible : %s\n", chemin.c_str());
-        return 1;
-    }
-    ToutSelectionner(base);
+    if (!bench::ChargerFichier(base, chemin)) return 1;
     std::printf("lecture : %.2f s, %d personnes, %d familles\n", lecture.Secondes(), base.NbPersosReels,
                 base.NbFamisReels);
 
@@ -39,6 +28,8 @@ int main(int argc, char** argv) {
         cpu = std::clock();
         return static_cast<double>(cpu - avant) / CLOCKS_PER_SEC;
     };
+    const Options options;
+    Progression muette;
     bench::Chrono verification;
     const ResultatVerification v = MenuVerifier(base, options, &muette, 0);
     std::printf("v\xC3\xA9rification : %.2f s (processeur %.2f s), rapport %zu octets, %d corrig\xC3\xA9s\n",

@@ -267,6 +267,11 @@ double JoursDepuis1899() {
 }
 
 // Lit un fichier sur toute la base, comme la fenêtre l'ouvre ; le journal va aux erreurs.
+// Retire un drapeau des arguments ; vrai quand il y était.
+bool RetirerDrapeau(Arguments& args, std::string_view drapeau) {
+    return std::erase(args, drapeau) > 0;
+}
+
 bool ChargerTout(const std::string& fichier, Base& base, Options& options, Sorties& s) {
     ResultatLecture resultat;
     if (!Charger(fichier, OptionsGedcom{}, base, options, resultat, s)) return false;
@@ -276,14 +281,8 @@ bool ChargerTout(const std::string& fichier, Base& base, Options& options, Sorti
 
 // Le rapport tel que l'éditeur le montre, CR LF compris : en UTF-8, ou tel quel en 1252 avec --brut.
 int CommandeVerifier(const Arguments& args, Sorties& s) {
-    bool brut = false;
-    Arguments fichiers;
-    for (const auto& a : args) {
-        if (a == "--brut")
-            brut = true;
-        else
-            fichiers.push_back(a);
-    }
+    Arguments fichiers = args;
+    const bool brut = RetirerDrapeau(fichiers, "--brut");
     if (fichiers.size() != 1) {
         s.erreurs << "usage : arbolix-cli verifier [--brut] FICHIER.ged\n";
         return 2;
@@ -298,14 +297,8 @@ int CommandeVerifier(const Arguments& args, Sorties& s) {
 
 // Sans question : les dates « vers » déjà là restent, sauf avec --recalculer.
 int CommandeEstimer(const Arguments& args, Sorties& s) {
-    bool recalculer = false;
-    Arguments reste;
-    for (const auto& a : args) {
-        if (a == "--recalculer")
-            recalculer = true;
-        else
-            reste.push_back(a);
-    }
+    Arguments reste = args;
+    const bool recalculer = RetirerDrapeau(reste, "--recalculer");
     if (reste.size() != 3 || (reste[0] != "naissances" && reste[0] != "mariages")) {
         s.erreurs << "usage : arbolix-cli estimer naissances|mariages [--recalculer] ENTREE.ged SORTIE.ged\n";
         return 2;
