@@ -162,6 +162,21 @@ int CommandeLire(const Arguments& args, Sorties& s) {
 
 // Lit ENTREE puis écrit toute la base dans SORTIE avec les mêmes cases ; SORTIE
 // n'est remplacé qu'une fois entièrement écrit.
+// Écrit la base dans FICHIER avec ces cases ; les avertissements et l'erreur vont aux erreurs.
+int Ecrire(Base& base, Options& options, OptionsGedcom cases, const std::string& fichier, Sorties& s) {
+    cases.Fichier = fichier;
+    DialogueCli dialogue(s.erreurs);
+    ContexteEnregistrement ctx{base, cases, options, dialogue, nullptr, EnteteArbolix(), DateDuJour()};
+    const ResultatEnregistrement r = EnregistrerGedcom(ctx);
+    for (const auto& a : r.Avertissements) s.erreurs << Cp1252VersUtf8(a) << "\n";
+    if (!r.Enregistre) {
+        s.erreurs << Cp1252VersUtf8(r.Erreur) << "\n";
+        return 2;
+    }
+    s.sortie << "Enregistr\xC3\xA9 : " << fichier << "\n";
+    return 0;
+}
+
 int CommandeEnregistrer(const Arguments& args, Sorties& s) {
     OptionsGedcom cases;
     Arguments fichiers;
@@ -183,17 +198,7 @@ int CommandeEnregistrer(const Arguments& args, Sorties& s) {
     ToutSelectionner(base);
     // Une sélection partielle : seules ses fiches sont écrites.
     if (selection && !AppliquerSelection(base, options, *selection, s.erreurs)) return 2;
-    cases.Fichier = fichiers[1];
-    DialogueCli dialogue(s.erreurs);
-    ContexteEnregistrement ctx{base, cases, options, dialogue, nullptr, EnteteArbolix(), DateDuJour()};
-    const ResultatEnregistrement r = EnregistrerGedcom(ctx);
-    for (const auto& a : r.Avertissements) s.erreurs << Cp1252VersUtf8(a) << "\n";
-    if (!r.Enregistre) {
-        s.erreurs << Cp1252VersUtf8(r.Erreur) << "\n";
-        return 2;
-    }
-    s.sortie << "Enregistr\xC3\xA9 : " << fichiers[1] << "\n";
-    return 0;
+    return Ecrire(base, options, cases, fichiers[1], s);
 }
 
 // Une liste de la fenêtre Personne, remplie sans invite, comme la fenêtre la montre.
@@ -241,22 +246,6 @@ int CommandeListe(const Arguments& args, Sorties& s) {
     ListePersonne liste;
     sorte->remplir(base, ctx, liste);
     for (const auto& r : liste.Rangees) s.sortie << Cp1252VersUtf8(r.texte) << "\n";
-    return 0;
-}
-
-// Écrit la base dans SORTIE avec les cases par défaut, comme « enregistrer ».
-int Ecrire(Base& base, Options& options, const std::string& fichier, Sorties& s) {
-    OptionsGedcom cases;
-    cases.Fichier = fichier;
-    DialogueCli dialogue(s.erreurs);
-    ContexteEnregistrement ctx{base, cases, options, dialogue, nullptr, EnteteArbolix(), DateDuJour()};
-    const ResultatEnregistrement r = EnregistrerGedcom(ctx);
-    for (const auto& a : r.Avertissements) s.erreurs << Cp1252VersUtf8(a) << "\n";
-    if (!r.Enregistre) {
-        s.erreurs << Cp1252VersUtf8(r.Erreur) << "\n";
-        return 2;
-    }
-    s.sortie << "Enregistr\xC3\xA9 : " << fichier << "\n";
     return 0;
 }
 
@@ -313,7 +302,7 @@ int CommandeEstimer(const Arguments& args, Sorties& s) {
     s.sortie << Cp1252VersUtf8(TexteResultatEstimation(r)) << "\n";
     for (std::size_t i = liste.LigneDeTete ? 1 : 0; i < liste.Rangees.size(); ++i)
         s.sortie << Cp1252VersUtf8(liste.Rangees[i].texte) << "\n";
-    return Ecrire(base, options, reste[2], s);
+    return Ecrire(base, options, OptionsGedcom{}, reste[2], s);
 }
 
 int CommandeNettoyer(const Arguments& args, Sorties& s) {
@@ -328,7 +317,7 @@ int CommandeNettoyer(const Arguments& args, Sorties& s) {
         NettoyerLieux(base);
     else
         ConvertirNotesSourcesExternes(base);
-    return Ecrire(base, options, args[2], s);
+    return Ecrire(base, options, OptionsGedcom{}, args[2], s);
 }
 
 struct Commande {

@@ -7,10 +7,10 @@
 #include "kinship/menu_sel.h"
 #include "kinship/parente.h"
 #include "kinship/sosa.h"
-#include "store/selection.h"
 #include "platform/cp1252.h"
 #include "platform/progression.h"
 #include "store/chaines.h"
+#include "store/selection.h"
 
 namespace arbolix::cli {
 
@@ -36,10 +36,15 @@ bool Ouvrir(const std::string& fichier, Base& base, Options& options, std::ostre
     return true;
 }
 
-// Un numéro de fiche tapé : des chiffres seulement, et une personne du fichier.
+// Un numéro de fiche tapé : des chiffres seulement ; 0 pour tout autre texte.
+std::int32_t NumeroTape(const std::string& texte) {
+    return EstNumerique(texte) && texte.size() < 10 ? static_cast<std::int32_t>(ValeurNumerique(texte)) : 0;
+}
+
+// Un numéro tapé qui doit être une personne du fichier.
 bool LirePersonne(const Base& base, const std::string& texte, const std::string& fichier, std::int32_t& n,
                   std::ostream& erreurs) {
-    n = EstNumerique(texte) && texte.size() < 10 ? static_cast<std::int32_t>(ValeurNumerique(texte)) : 0;
+    n = NumeroTape(texte);
     if (PersonneExiste(base, n)) return true;
     erreurs << "La fiche " << texte << " n'est pas une personne de " << fichier << ".\n";
     return false;
@@ -132,10 +137,7 @@ bool ExtraireSelection(Arguments& args, std::optional<SelectionCli>& sel, std::o
                 return false;
             }
         } else if (args[i] == "--personne" && suivant) {
-            s.personne = EstNumerique(args[i + 1]) && args[i + 1].size() < 10
-                             ? static_cast<std::int32_t>(ValeurNumerique(args[i + 1]))
-                             : -1;
-            ++i;
+            s.personne = NumeroTape(args[++i]);
         } else if (args[i] == "--tous-descendants") {
             s.tousDescendants = true;
         } else {
@@ -161,9 +163,7 @@ bool AppliquerSelection(Base& base, Options options, const SelectionCli& sel, st
     ToutSelectionner(base);
     const BoiteSel boite = MenuSel(base, options, etat, sel.entree, sel.personne);
     if (!boite.Titre.empty()) {
-        std::string texte = boite.Texte;
-        for (std::size_t p; (p = texte.find("\r\n")) != std::string::npos;) texte.replace(p, 2, " ");
-        erreurs << Cp1252VersUtf8(boite.Titre + " : " + texte) << "\n";
+        erreurs << Cp1252VersUtf8(boite.Titre + " : " + Remplacer(boite.Texte, "\r\n", " ")) << "\n";
     }
     return !boite.Erreur;
 }
