@@ -22,6 +22,8 @@ import time
 SAUTE = 77
 BASE = "livres"
 DELAI = 40  # secondes au plus pour que le serveur réponde ou s'arrête
+# Le fichier que les bancs ont déjà tiré du générateur, avec les mêmes arguments.
+DEJA_GENERE = "/tmp/arbolix-reel-10000.ged"
 
 
 def programme(nom):
@@ -274,7 +276,9 @@ def main():
     livres = []
     for i, f in enumerate(fichiers):
         ged = os.path.join(dossier, f"F{24 + 30 * i:02d}{i + 1:03d}-Livre_{i + 1}.ged")
-        if f == "reel-10000":
+        if f == "reel-10000" and os.path.exists(DEJA_GENERE):
+            shutil.copyfile(DEJA_GENERE, ged)
+        elif f == "reel-10000":
             if not os.path.exists(generateur):
                 print(f"{generateur} absent : le livre de 10 000 personnes est sauté")
                 if os.environ.get("CI") == "true":
