@@ -1,5 +1,6 @@
 #include "acts/export_sql.h"
 
+#include <array>
 #include <charconv>
 #include <exception>
 #include <utility>
@@ -20,10 +21,73 @@ namespace {
 // Au-delà, un serveur pourrait refuser le paquet ; et de longues insertions se chargent vite.
 constexpr std::size_t kMaxInstruction = 65000;
 
-std::string Nombre(std::int64_t n) {
+void AjouterNombre(std::string& r, std::int64_t n) {
     char tampon[24];
-    const auto r = std::to_chars(tampon, tampon + sizeof tampon, n);
-    return std::string(tampon, r.ptr);
+    const auto fin = std::to_chars(tampon, tampon + sizeof tampon, n);
+    r.append(tampon, fin.ptr);
+}
+
+std::string Nombre(std::int64_t n) {
+    std::string r;
+    AjouterNombre(r, n);
+    return r;
+}
+
+// ValeurSQL d'un seul passage, à la suite de r : les rangées d'un million de personnes. Les
+// suites sans caractère à changer passent d'un bloc.
+void AjouterValeur(std::string& r, std::string_view t) {
+    std::size_t debut = 0;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        std::string_view par;
+        switch (t[i]) {
+            case '\\':
+                par = "/";
+                break;
+            case '\'':
+                par = "\\'";
+                break;
+            case '"':
+                par = "\\\"";
+                break;
+            case '\0':
+                par = "\\0";
+                break;
+            default:
+                continue;
+        }
+        r.append(t, debut, i - debut);
+        r += par;
+        debut = i + 1;
+    }
+    r.append(t, debut);
+}
+
+// "'texte'" suivi de ", ".
+void AjouterTexte(std::string& r, std::string_view t) {
+    r += '\'';
+    AjouterValeur(r, t);
+    r += "', ";
+}
+
+void AjouterLigneSQLActe(std::string& r, const Acte& a, int numtype, std::string_view numero,
+                         std::int32_t nbEvenements) {
+    r += "(@na + ";
+    AjouterNombre(r, nbEvenements);
+    r += ", ";
+    AjouterNombre(r, numtype);
+    r += ", ";
+    r += numero;
+    r += ", ";
+    AjouterTexte(r, a.Date);
+    AjouterNombre(r, a.Annee);
+    r += ", ";
+    AjouterTexte(r, a.DateTri);
+    r += "'', ";
+    AjouterTexte(r, a.Lieu);
+    AjouterTexte(r, a.Notes);
+    AjouterTexte(r, a.Source);
+    r.resize(r.size() - 2);
+    r += "), ";
 }
 
 // Une insertion de plusieurs rangées qui s'écrit avant de passer kMaxInstruction caractères.
@@ -31,9 +95,14 @@ class Insertion {
 public:
     Insertion(std::ostream& sortie, std::string tete)
         : sortie_(sortie), tete_(std::move(tete)), texte_(tete_) {}
-    void Ajouter(std::string_view rangee) {
-        if (texte_.size() > tete_.size() && texte_.size() + rangee.size() > kMaxInstruction) Ecrire();
-        texte_ += rangee;
+    // La rangée suivante s'écrit ici, puis Ajouter la prend.
+    std::string& Rangee() {
+        rangee_.clear();
+        return rangee_;
+    }
+    void Ajouter() {
+        if (texte_.size() > tete_.size() && texte_.size() + rangee_.size() > kMaxInstruction) Ecrire();
+        texte_ += rangee_;
     }
     // Sans la dernière ", " ; rien quand aucune rangée n'attend.
     void Ecrire() {
@@ -48,6 +117,7 @@ private:
     std::ostream& sortie_;
     const std::string tete_;
     std::string texte_;
+    std::string rangee_;
 };
 
 struct Evenement {
@@ -115,6 +185,7 @@ private:
 
     // Un numéro ancien (livre d'un autre export) ne doit pas passer pour un lien.
     void NumeroterFamilles() {
+        std::string numero = "@np + ";
         b_.Persos.PourChaqueEcrit(1, b_.NbPersos, [&](std::int32_t n) { b_.Persos[n].NumLivre = 0; });
         b_.Familles.PourChaqueEcrit(1, b_.NbFamis, [&](std::int32_t f) {
             Fami& fa = b_.Familles[f];
@@ -131,35 +202,54 @@ private:
     void AjouterActe(Insertion& actes, const Acte& a, const Evenement& e, std::string_view numero) {
         if (a.Date.empty() && a.Lieu.empty()) return;
         ++c_.NbEvenements;
-        actes.Ajouter(LigneSQLActe(a, e.numtype, numero, c_.NbEvenements));
+        AjouterLigneSQLActe(actes.Rangee(), a, e.numtype, numero, c_.NbEvenements);
+        actes.Ajouter();
         Annees(e, a.Annee);
         if (!a.Lieu.empty() && !a.Date.empty() && EstChiffre(a.Date[0])) ++c_.NbActes;
     }
 
     // "@np + 12" pour une personne du livre, "0" sinon.
-    std::string Conjoint(std::int32_t n) const {
-        if (n <= 0 || n > Lu().Persos.Haut() || Lu().Persos[n].NumLivre == 0) return "0";
-        return "@np + " + Nombre(Lu().Persos[n].NumLivre);
+    void AjouterConjoint(std::string& r, std::int32_t n) const {
+        const std::int32_t livre = n > 0 && n <= Lu().Persos.Haut() ? Lu().Persos[n].NumLivre : 0;
+        if (livre == 0) {
+            r += '0';
+            return;
+        }
+        r += "@np + ";
+        AjouterNombre(r, livre);
     }
 
-    std::string RangeePersonne(std::int32_t n, const Perso& p) const {
+    void AjouterPersonne(std::string& r, std::int32_t n, const Perso& p) const {
         const bool sansNom = p.Nom.empty();
-        const std::string_view prenoms = p.Prenoms.empty() ? std::string_view("N") : p.Prenoms.vue();
         const Texte& url = p.Suite().URL;
         // Une famille sans conjoint n'entre pas au livre : l'enfant n'y a pas de parents.
         const std::int32_t parents = p.NumParents > 0 && p.NumParents <= Lu().Familles.Haut()
                                          ? Lu().Familles[p.NumParents].NumLivre
                                          : 0;
-        std::string r = "(@np + " + Nombre(p.NumLivre) + ", @nf, " + Nombre(n) + ", " +
-                        (parents > 0 ? "@nap + " + Nombre(parents) : std::string("0")) + ", '" +
-                        ValeurSQL(sansNom ? std::string_view("N") : p.Nom.vue()) + "', " +
-                        CodeNumerique(sansNom ? CodeSon("N") : p.CodeNom.str()) + ", '" + ValeurSQL(prenoms) +
-                        "', '" + ValeurSQL(std::string_view(&p.Sexe, 1)) + "', '" + ValeurSQL(p.Metier) +
-                        "', '" + ValeurSQL(p.Notes);
+        r += "(@np + ";
+        AjouterNombre(r, p.NumLivre);
+        r += ", @nf, ";
+        AjouterNombre(r, n);
+        r += ", ";
+        if (parents > 0) {
+            r += "@nap + ";
+            AjouterNombre(r, parents);
+        } else {
+            r += '0';
+        }
+        r += ", ";
+        AjouterTexte(r, sansNom ? std::string_view("N") : p.Nom.vue());
+        static const std::string kCodeSansNom = CodeSon("N");
+        r += CodeNumerique(sansNom ? std::string_view(kCodeSansNom) : p.CodeNom.vue());
+        r += ", ";
+        AjouterTexte(r, p.Prenoms.empty() ? std::string_view("N") : p.Prenoms.vue());
+        AjouterTexte(r, std::string_view(&p.Sexe, 1));
+        AjouterTexte(r, p.Metier);
+        r += '\'';
+        AjouterValeur(r, p.Notes);
         if (!p.Notes.empty() && !url.empty()) r += "\r\n";
-        r += ValeurSQL(url);
+        AjouterValeur(r, url);
         r += "'), ";
-        return r;
     }
 
     void Personnes() {
@@ -171,12 +261,15 @@ private:
             o_,
             "INSERT INTO epa_acte (numacte, numtype, numperso, dat, annee, datenvers, daterepu, lieu, "
             "infosacte, sourceacte) VALUES ");
+        std::string numero = "@np + ";
         b_.Persos.PourChaqueEcrit(1, b_.NbPersos, [&](std::int32_t n) {
             const Perso& p = Lu().Persos[n];
             if (p.Nom.empty() && p.Prenoms.empty()) return;
             b_.Persos[n].NumLivre = ++c_.NbPersosSQL;
-            personnes.Ajouter(RangeePersonne(n, p));
-            const std::string numero = "@np + " + Nombre(c_.NbPersosSQL);
+            AjouterPersonne(personnes.Rangee(), n, p);
+            personnes.Ajouter();
+            numero.resize(6);  // "@np + "
+            AjouterNombre(numero, c_.NbPersosSQL);
             for (const Evenement& e : kEvenementsPerso) AjouterActe(actes, p.*(e.perso), e, numero);
         });
         personnes.Ecrire();
@@ -193,7 +286,13 @@ private:
             const Fami& fa = Lu().Familles[f];
             if (fa.NumLivre == 0) return;
             const std::string numero = "@nap + " + Nombre(fa.NumLivre);
-            familles.Ajouter("(" + numero + ", " + Conjoint(fa.Mari) + ", " + Conjoint(fa.Femme) + "), ");
+            std::string& r = familles.Rangee();
+            r += "(" + numero + ", ";
+            AjouterConjoint(r, fa.Mari);
+            r += ", ";
+            AjouterConjoint(r, fa.Femme);
+            r += "), ";
+            familles.Ajouter();
             for (const Evenement& e : kEvenementsFami) AjouterActe(actes, fa.*(e.fami), e, numero);
         });
         familles.Ecrire();
@@ -226,8 +325,31 @@ private:
 
 }  // namespace
 
+namespace {
+
+// L'UTF-8 des octets 0x80 à 0xFF, d'après leur point de code en 1252.
+const std::array<std::string, 128> kUtf8Haut = [] {
+    std::array<std::string, 128> t;
+    for (int c = 0x80; c <= 0xFF; ++c) t[c - 0x80] = Cp1252VersUtf8(std::string(1, static_cast<char>(c)));
+    return t;
+}();
+
+}  // namespace
+
 std::string EncoderUTF8(std::string_view texte) {
-    return Cp1252VersUtf8(texte);
+    // Les suites ASCII passent d'un bloc : un script est fait surtout de chiffres et de mots.
+    std::string r;
+    r.reserve(texte.size() + texte.size() / 16);
+    std::size_t debut = 0;
+    for (std::size_t i = 0; i < texte.size(); ++i) {
+        const auto c = static_cast<unsigned char>(texte[i]);
+        if (c < 0x80) continue;
+        r.append(texte, debut, i - debut);
+        r += kUtf8Haut[c - 0x80];
+        debut = i + 1;
+    }
+    r.append(texte, debut);
+    return r;
 }
 
 std::string CodeNumerique(std::string_view code) {
@@ -240,16 +362,14 @@ std::string CodeNumerique(std::string_view code) {
 }
 
 std::string ValeurSQL(std::string_view texte) {
-    std::string r = EchapperSQL(texte);
-    RemplacerTout(r, std::string_view("\0", 1), "\\0");
+    std::string r;
+    AjouterValeur(r, texte);
     return r;
 }
 
 std::string LigneSQLActe(const Acte& a, int numtype, std::string_view numero, std::int32_t nbEvenements) {
-    std::string r = "(@na + " + Nombre(nbEvenements) + ", " + Nombre(numtype) + ", ";
-    r += numero;
-    r += ", '" + ValeurSQL(a.Date) + "', " + Nombre(a.Annee) + ", '" + ValeurSQL(a.DateTri) + "', '', '" +
-         ValeurSQL(a.Lieu) + "', '" + ValeurSQL(a.Notes) + "', '" + ValeurSQL(a.Source) + "'), ";
+    std::string r;
+    AjouterLigneSQLActe(r, a, numtype, numero, nbEvenements);
     return r;
 }
 

@@ -8,6 +8,7 @@
 #include "aides/dossier_essai.h"
 #include "gedcom/comparaison_test.h"
 #include "platform/progression.h"
+#include "store/aides_texte.h"
 
 namespace arbolix {
 namespace {
@@ -93,6 +94,9 @@ TEST(ExporterSQL, TextesDeValeurs) {
         {std::string_view("a\0b", 3), "a\\0b"},
     };
     for (const auto& [texte, attendu] : valeurs) EXPECT_EQ(ValeurSQL(texte), attendu) << texte;
+    // Sans octet nul, c'est la règle commune d'échappement, faite d'un seul passage.
+    for (std::string_view t : {"\\\\'\\'\"'", "a\\\\\"b", "'\\", "d'\"'"})
+        EXPECT_EQ(ValeurSQL(t), EchapperSQL(t)) << t;
     const std::pair<std::string_view, std::string_view> codes[] = {{"N000", "78000"},
                                                                    {"", "78000"},
                                                                    {"D165", "68165"},
