@@ -21,7 +21,8 @@ def main():
     serveur = None
     try:
         debut = time.monotonic()
-        serveur = mariadb.Serveur(temporaire)
+        # Assez de mémoire pour que les index d'un million de personnes y tiennent.
+        serveur = mariadb.Serveur(temporaire, memoire="1G")
         print(f"serveur prêt : {time.monotonic() - debut:.1f} s")
         serveur.sql(f"CREATE DATABASE {mariadb.BASE} CHARACTER SET utf8mb4", base=None)
         with open(os.path.join(RACINE, "share", "epa_schema.sql"), "rb") as f:

@@ -33,7 +33,7 @@ def programme(nom):
 class Serveur:
     """Un mariadbd privé lancé par ce test ; arrêté par son numéro de processus."""
 
-    def __init__(self, dossier):
+    def __init__(self, dossier, memoire="64M"):
         self.dossier = dossier
         self.socket = os.path.join(dossier, "s")
         donnees = os.path.join(dossier, "donnees")
@@ -45,7 +45,7 @@ class Serveur:
         self.processus = subprocess.Popen(
             [programme("mariadbd"), "--no-defaults", "--datadir=" + donnees, "--socket=" + self.socket,
              "--skip-networking", "--skip-grant-tables", "--pid-file=" + os.path.join(dossier, "pid"),
-             "--log-error=" + self.journal, "--innodb-buffer-pool-size=64M", "--innodb-log-file-size=64M",
+             "--log-error=" + self.journal, "--innodb-buffer-pool-size=" + memoire, "--innodb-log-file-size=64M",
              "--innodb-flush-log-at-trx-commit=0", "--skip-log-bin"] + utilisateur,
             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         fin = time.monotonic() + DELAI
