@@ -21,6 +21,13 @@ namespace {
 // Au-delà, un serveur pourrait refuser le paquet ; et de longues insertions se chargent vite.
 constexpr std::size_t kMaxInstruction = 65000;
 
+// L'UTF-8 des octets 0x80 à 0xFF, d'après leur point de code en 1252.
+const std::array<std::string, 128> kUtf8Haut = [] {
+    std::array<std::string, 128> t;
+    for (int c = 0x80; c <= 0xFF; ++c) t[c - 0x80] = Cp1252VersUtf8(std::string(1, static_cast<char>(c)));
+    return t;
+}();
+
 void AjouterNombre(std::string& r, std::int64_t n) {
     char tampon[24];
     const auto fin = std::to_chars(tampon, tampon + sizeof tampon, n);
@@ -322,17 +329,6 @@ private:
     std::ostream& o_;
     CompteursSQL c_;
 };
-
-}  // namespace
-
-namespace {
-
-// L'UTF-8 des octets 0x80 à 0xFF, d'après leur point de code en 1252.
-const std::array<std::string, 128> kUtf8Haut = [] {
-    std::array<std::string, 128> t;
-    for (int c = 0x80; c <= 0xFF; ++c) t[c - 0x80] = Cp1252VersUtf8(std::string(1, static_cast<char>(c)));
-    return t;
-}();
 
 }  // namespace
 
