@@ -5,7 +5,7 @@ set -euo pipefail
 paquets=(cmake ninja-build g++ ccache qt6-base-dev qt6-svg-dev libgtest-dev libbenchmark-dev
          libgl-dev xvfb python3)
 if [ "${1:-}" = consommateurs ]; then
-  paquets+=(gramps)
+  paquets+=(gramps mariadb-server mariadb-client)
 fi
 manquants=()
 for p in "${paquets[@]}"; do

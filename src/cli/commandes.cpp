@@ -7,6 +7,7 @@
 
 #include "cli/communs.h"
 #include "cli/parente_cli.h"
+#include "cli/sql_cli.h"
 #include "gedcom/enregistrement.h"
 #include "gedcom/journal_lecture.h"
 #include "gedcom/lecteur.h"
@@ -256,6 +257,9 @@ const std::vector<Commande>& Commandes() {
          [](const Arguments& a, Sorties& s) { return CommandeSosa(a, s.sortie, s.erreurs); }},
         {"parente", "parente FICHIER.ged DECUJUS AUTRE : la liste de parent\xC3\xA9 des deux personnes",
          [](const Arguments& a, Sorties& s) { return CommandeParente(a, s.sortie, s.erreurs); }},
+        {"sql",
+         "sql CODE-TITRE.EPA : le script SQL du livre de familles de CODE-TITRE.ged, \xC3\xA0 c\xC3\xB4t\xC3\xA9",
+         CommandeSql},
     };
     return commandes;
 }
