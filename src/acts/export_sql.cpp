@@ -393,9 +393,8 @@ ResultatExportSQL ExporterSQL(std::string_view cheminEpa, Progression& progressi
         Options options;
         OptionsGedcom cases;
         cases.Fichier = r.Gedcom;
-        // Sans renumérotation : celle de la lecture tient une seule table pour toutes les sortes de
-        // fiches, et une note @N66@ vue avant @I66@ fond deux personnes en une. Le livre garde les
-        // numéros du fichier et n'y perd personne ; les numéros du livre, eux, se suivent.
+        // Sans renumérotation : numorig garde le numéro du fichier, qui mène de la ligne à la fiche ;
+        // les numéros du livre, eux, se suivent.
         cases.OptRenum = false;
         ContexteLecture ctx{options, cases, progression};
         ctx.remplirListes = false;
