@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/communs.h"
+#include "cli/fusion_cli.h"
 #include "cli/parente_cli.h"
 #include "gedcom/enregistrement.h"
 #include "gedcom/journal_lecture.h"
@@ -253,6 +254,11 @@ const std::vector<Commande>& Commandes() {
          [](const Arguments& a, Sorties& s) { return CommandeSosa(a, s.sortie, s.erreurs); }},
         {"parente", "parente FICHIER.ged DECUJUS AUTRE : la liste de parent\xC3\xA9 des deux personnes",
          [](const Arguments& a, Sorties& s) { return CommandeParente(a, s.sortie, s.erreurs); }},
+        {"fiche",
+         "fiche dupliquer|supprimer|fusionner ENTREE.ged SORTIE.ged PERSONNE [AUTRE] [--reponses FICHIER] "
+         "[--retirer-unions F,F] [--date JJ/MM/AAAA] : la commande du menu \xC3\x89"
+         "dition, puis SORTIE",
+         CommandeFiche},
     };
     return commandes;
 }
