@@ -31,14 +31,13 @@ const ActionEdition kActionsEdition[] = {
 
 }  // namespace
 
-// Le menu Édition suit le menu Fichier ; l'icône 10 duplique. Les commandes ne valent que
-// sur une personne affichée d'un fichier ouvert.
+// Le menu Édition est le cinquième, après Fiche ; l'icône 10 duplique. Les commandes ne valent
+// que sur une personne affichée d'un fichier ouvert.
 void Fiche::BrancherFusion() {
-    auto* menu = new QMenu(VersQString("\xC9"
-                                       "&dition"),
-                           this);
-    menu->setObjectName(QStringLiteral("MenuEdition"));
-    menuBar()->insertMenu(ui_->BarreMenu_1->menuAction(), menu);
+    auto* menu =
+        menuBar()->addMenu(VersQString("\xC9"
+                                       "&dition"));
+    menu->setObjectName(QStringLiteral("BarreMenu_4"));
     for (const auto& a : kActionsEdition) {
         QAction* action = menu->addAction(VersQString(a.texte));
         action->setObjectName(QString::fromLatin1(a.nom));
