@@ -201,6 +201,8 @@ std::optional<Fusion> Fusion::Commencer(Edition& e, std::int32_t a, std::int32_t
     f.ReunirLiensActes();
     f.ChoisirParents();
     base.FicheModifiee = kFaux;
+    // Une réponse tapée peut citer une note qu'aucune des deux fiches ne citait.
+    NoterCites(f.cites_, std::as_const(base.Persos)[f.k_]);
     // Ce que la fiche gardée cite désormais lui prend sa place avant que l'autre ne rende les siennes.
     for (const auto& [genre, n] : f.cites_) AccorderRetour(base, genre, n, false, f.k_);
     f.RemplirRangees();

@@ -121,6 +121,19 @@ TEST(Fusion, ChaqueChampSelonCeQueChaqueFichePorte) {
     b.BaseIntacte();
 }
 
+TEST(Fusion, UneReponseQuiCiteUneNoteLuiDonneSonRetour) {
+    BancFusion b;
+    const auto k = b.Personne("DUPONT", "Jean", 'M');
+    const auto r = b.Personne("DUPONT", "Jean", 'M');
+    b.base.Persos[k].Notes = "Tisserand";
+    b.base.Persos[r].Notes = "Laboureur";
+    b.base.Notes[NouvelleNote(b.base, 'N')].Texte = "Les deux";
+    b.dialogue.SaisieSuivante("@N1@");
+    b.Fusionner(k, r);
+    EXPECT_TRUE(Contient(std::as_const(b.base.Notes)[1].LiensPersos, k));
+    b.BaseIntacte();
+}
+
 // La saisie vue par le Dialogue : le texte de la question posée.
 struct DialogueQuestions : DialogueFactice {
     std::vector<std::string> questions;
