@@ -100,6 +100,10 @@ public slots:
     void MenuCalcActesVides(int index);
     void MenuNettoieLieux();
     void MenuConvNSExtInt();
+    // Menu Édition (fiche_fusion.cpp).
+    void MenuDupliquer();
+    void MenuSupprimer();
+    void MenuFusionner();
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -124,8 +128,10 @@ private:
     void PoserContenu();
     void PoserEnfants();
     void PoserPhoto();
-    void BrancherDivers();  // fiche_divers.cpp
+    void BrancherDivers();    // fiche_divers.cpp
     void BrancherVerifier();  // fiche_verifier.cpp
+    void BrancherFusion();    // fiche_fusion.cpp
+    void MontrerApresCommande(std::int32_t n);
     void CreerMenuImage();
     void PoserDivers();
     void ActualiserDivers();
