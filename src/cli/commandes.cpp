@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/actes_cli.h"
 #include "cli/communs.h"
 #include "cli/parente_cli.h"
 #include "gedcom/enregistrement.h"
@@ -253,6 +254,15 @@ const std::vector<Commande>& Commandes() {
          [](const Arguments& a, Sorties& s) { return CommandeSosa(a, s.sortie, s.erreurs); }},
         {"parente", "parente FICHIER.ged DECUJUS AUTRE : la liste de parent\xC3\xA9 des deux personnes",
          [](const Arguments& a, Sorties& s) { return CommandeParente(a, s.sortie, s.erreurs); }},
+        {"actes",
+         "actes FICHIER.ged [--types N,B,M,C,X,D,S] [--nom|--lieu|--metier|--domicile TEXTE|--temoin N] "
+         "[--de AAAA] [--a AAAA] [--approx] [--tri nom,date] : les actes trouv\xC3\xA9s, tri\xC3\xA9s",
+         CommandeActes},
+        {"remplacer",
+         "remplacer nom|nomtri|prenom|metier|lieu|source|notes|lieux-partout ANCIEN NOUVEAU ENTREE.ged "
+         "SORTIE.ged [--date JJ/MM/AAAA] : remplace une valeur et \xC3\xA9"
+         "crit SORTIE",
+         CommandeRemplacer},
     };
     return commandes;
 }
