@@ -38,6 +38,7 @@ class Gedcom;
 class InputMsgBox;
 class FormListeChoix;
 class Personne;
+class RechActe;
 
 class Fiche : public QMainWindow {
     Q_OBJECT
@@ -124,7 +125,7 @@ private:
     void PoserContenu();
     void PoserEnfants();
     void PoserPhoto();
-    void BrancherDivers();  // fiche_divers.cpp
+    void BrancherDivers();    // fiche_divers.cpp
     void BrancherVerifier();  // fiche_verifier.cpp
     void CreerMenuImage();
     void PoserDivers();
@@ -186,6 +187,13 @@ private:
     void CommandeIntRech();
     void ListeSelection(bool familles);
 
+    // Recherche d'actes et « Rechercher et remplacer » (fiche_actes.cpp).
+    void BrancherActes();
+    void CommandeRechActe(bool selection);
+    void CommandeRechRemp(int index);
+    void RemplacerDepuisListe(int rangee);
+    void CommandeRechRempPartout(bool notes);
+
     void AppliquerZoom(const Zoom& zoom);
     void PlacerPersonne();
     void RetenirPlacePersonne();
@@ -219,6 +227,7 @@ private:
     EtatSelection etatSel_;
     std::int32_t nbAncetres_ = 0;
     FormListeChoix* listeChoix_ = nullptr;
+    RechActe* rechActe_ = nullptr;
 };
 
 }  // namespace arbolix
