@@ -118,8 +118,10 @@ private:
     std::vector<std::string> motifs_;
 };
 
-std::int32_t Titulaire(const Fami& f) {
-    return f.Mari > 0 ? f.Mari : f.Femme;
+// La personne qui porte les actes d'une famille : le mari, ou la femme quand il n'y a pas de mari
+// en usage (le parcours saute les fiches sans prénoms).
+std::int32_t Titulaire(const Base& base, const Fami& f) {
+    return f.Mari > 0 && !PersoLu(base, f.Mari).Prenoms.empty() ? f.Mari : f.Femme;
 }
 
 // Les deux noms et le numéro qu'un acte donne à sa clé de tri.
@@ -134,7 +136,7 @@ Champs ChampsActe(const Base& base, const ActeTrouve& a) {
         return {p.Nom.vue(), p.Prenoms.vue(), a.numero};
     }
     const Fami& f = FamiLue(base, a.numero);
-    const std::int32_t t = Titulaire(f);
+    const std::int32_t t = Titulaire(base, f);
     return {PersoLu(base, t).Nom.vue(), PersoLu(base, t == f.Mari ? f.Femme : 0).Nom.vue(), t};
 }
 
@@ -227,9 +229,7 @@ bool TriParNumeroPossible(const Base& base, int selCochee) {
     return base.NumDeCujus > 0 && selCochee >= 1 && selCochee <= 4;
 }
 
-std::vector<ActeTrouve> ChercherActes(const Base& base, const Options& options, const RechercheActes& r,
-                                      bool dansSelection) {
-    (void)options;
+std::vector<ActeTrouve> ChercherActes(const Base& base, const RechercheActes& r, bool dansSelection) {
     std::vector<ActeTrouve> trouves;
     const auto periode = LirePeriode(r.AnneeDebut, r.AnneeFin);
     if (!periode || NbTypes(r) == 0) return trouves;
@@ -250,7 +250,7 @@ std::vector<ActeTrouve> ChercherActes(const Base& base, const Options& options, 
                 const std::int32_t f = p.Unions[u];
                 if (f > base.NbFamis) continue;
                 const Fami& fa = base.Familles[f];
-                if (Titulaire(fa) != n || (dansSelection && fa.Sel == 0)) continue;
+                if (Titulaire(base, fa) != n || (dansSelection && fa.Sel == 0)) continue;
                 if (filtre.Garde(fa.*s.fami, fa.Mari, fa.Femme)) trouves.push_back({f, i});
             }
         }
@@ -264,17 +264,17 @@ std::string TexteActe(const Base& base, const Options& options, const ActeTrouve
     std::string t;
     t.reserve(80);
     const Fami& f = FamiLue(base, s.perso ? 0 : a.numero);
-    AjouterNom(t, PersoLu(base, s.perso ? a.numero : Titulaire(f)));
+    AjouterNom(t, PersoLu(base, s.perso ? a.numero : Titulaire(base, f)));
     t.append(1, ' ').append(options.*s.symbole).append(acte.Date.vue());
     if (!acte.Lieu.empty()) t.append(1, ' ').append(acte.Lieu.vue());
-    if (!s.perso && f.Mari > 0) AjouterNom(t, PersoLu(base, f.Femme));
+    if (!s.perso && Titulaire(base, f) == f.Mari) AjouterNom(t, PersoLu(base, f.Femme));
     return t;
 }
 
 void ListerActes(const Base& base, const Options& options, const RechercheActes& r, int selCochee,
                  bool exportPossible, ListePersonne& liste) {
     OuvrirListe(liste, "actes", "", exportPossible ? kExporterActes : "", true);
-    const std::vector<ActeTrouve> trouves = ChercherActes(base, options, r, true);
+    const std::vector<ActeTrouve> trouves = ChercherActes(base, r, true);
     // Les égales gardent l'ordre du parcours, comme l'insertion triée du contrôle.
     struct Cle {
         std::string texte;
@@ -308,7 +308,7 @@ std::string SelectionnerActes(Base& base, const Options& options, const Recherch
                               bool depuisTout) {
     // SelAvant garde la sélection d'avant ; les marques repartent de rien.
     GarderSelection(base, false);
-    const std::vector<ActeTrouve> trouves = ChercherActes(base, options, r, !dansTout);
+    const std::vector<ActeTrouve> trouves = ChercherActes(base, r, !dansTout);
     const auto effacer = [](auto& t, std::int32_t nb) {
         t.PourChaqueEcrit(1, nb, [&](std::int32_t n) { t[n].Sel = kFaux; });
     };

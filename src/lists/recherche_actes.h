@@ -101,8 +101,7 @@ struct ActeTrouve {
 // Le parcours : personnes par numéro, pour chacune ses actes dans l'ordre fixe, ceux d'une famille
 // avec son mari (ou sa femme sans mari). dansSelection : seules les fiches sélectionnées.
 // Une recherche que ControlerRecherche refuse ne trouve rien.
-std::vector<ActeTrouve> ChercherActes(const Base& base, const Options& options, const RechercheActes& r,
-                                      bool dansSelection);
+std::vector<ActeTrouve> ChercherActes(const Base& base, const RechercheActes& r, bool dansSelection);
 
 // Le mode liste : les actes des fiches sélectionnées dans la liste "actes", triés par CleTriActe.
 // exportPossible : la rangée de tête " Exporter..." est mise.

@@ -55,7 +55,7 @@ protected:
 TEST_F(RechercheActesTest, TousValentLesSeptTypesDansLOrdreDuParcours) {
     RechercheActes r = Tous();
     r.OptInclureApprox = true;
-    const auto t = ChercherActes(b, o, r, true);
+    const auto t = ChercherActes(b, r, true);
     // Personne 1 : naissance, décès, mariage, baptême ; puis 2, 3, 4 (et son mariage).
     const std::vector<ActeTrouve> attendus = {{1, 0}, {1, 1}, {1, 2}, {1, 5}, {2, 0}, {3, 0}, {4, 0}, {2, 2}};
     EXPECT_EQ(t, attendus);
@@ -63,17 +63,28 @@ TEST_F(RechercheActesTest, TousValentLesSeptTypesDansLOrdreDuParcours) {
     RechercheActes sept = r;
     sept.TypeActe.fill(true);
     sept.TypeActe[kCaseTous] = false;
-    EXPECT_EQ(ChercherActes(b, o, sept, true), attendus);
+    EXPECT_EQ(ChercherActes(b, sept, true), attendus);
+}
+
+TEST_F(RechercheActesTest, FamilleDontLeMariNestPlusEnUsage) {
+    // Un mari sans prénoms n'est pas parcouru : le mariage vient avec sa femme.
+    AjouterFamille(b, 3, 6, 5, "02/02/1800");
+    b.Persos[6].Nom = "EFFACE";
+    RechercheActes r;
+    r.TypeActe[kCaseMariage] = true;
+    r.AnneeDebut = "1800";
+    EXPECT_EQ(ChercherActes(b, r, true), (std::vector<ActeTrouve>{{3, 2}}));
+    EXPECT_EQ(TexteActe(b, o, {3, 2}), "BLANC Anne x02/02/1800");
 }
 
 TEST_F(RechercheActesTest, PeriodeBornesComprisesEtInversee) {
     RechercheActes r = Tous();
     r.AnneeDebut = "1751";
     r.AnneeFin = "1780";
-    EXPECT_EQ(ChercherActes(b, o, r, true), (std::vector<ActeTrouve>{{1, 1}, {1, 2}, {4, 0}}));
+    EXPECT_EQ(ChercherActes(b, r, true), (std::vector<ActeTrouve>{{1, 1}, {1, 2}, {4, 0}}));
     r.AnneeDebut = "1780";
     r.AnneeFin = "1751";
-    EXPECT_TRUE(ChercherActes(b, o, r, true).empty());
+    EXPECT_TRUE(ChercherActes(b, r, true).empty());
     ListerActes(b, o, r, 0, false, liste);
     EXPECT_EQ(liste.Titre, "0 actes trouv\xE9s");
     EXPECT_TRUE(liste.Rangees.empty());
@@ -84,9 +95,9 @@ TEST_F(RechercheActesTest, DateApprocheeSeulementAvecLOption) {
     r.TypeActe[kCaseNaissance] = true;
     r.AnneeDebut = "1750";
     r.AnneeFin = "1750";
-    EXPECT_TRUE(ChercherActes(b, o, r, true).empty());
+    EXPECT_TRUE(ChercherActes(b, r, true).empty());
     r.OptInclureApprox = true;
-    EXPECT_EQ(ChercherActes(b, o, r, true), (std::vector<ActeTrouve>{{3, 0}}));
+    EXPECT_EQ(ChercherActes(b, r, true), (std::vector<ActeTrouve>{{3, 0}}));
 }
 
 TEST_F(RechercheActesTest, CleTriActe) {
@@ -150,13 +161,13 @@ TEST_F(RechercheActesTest, CriteresNomLieuProfessionTemoinDomicile) {
         r.OptionType = c.critere;
         r.Criteres = c.criteres;
         EXPECT_FALSE(ControlerRecherche(r, 1));
-        EXPECT_EQ(ChercherActes(b, o, r, true), c.attendus) << c.criteres[0];
+        EXPECT_EQ(ChercherActes(b, r, true), c.attendus) << c.criteres[0];
     }
     // Témoin : la fiche de Jean est le vingtième témoin du mariage de Paul.
     RechercheActes r = Tous();
     r.OptionType = Critere::Temoin;
     r.Temoin = 1;
-    EXPECT_EQ(ChercherActes(b, o, r, true), (std::vector<ActeTrouve>{{2, 2}}));
+    EXPECT_EQ(ChercherActes(b, r, true), (std::vector<ActeTrouve>{{2, 2}}));
     EXPECT_TRUE(ChercherTemoin(b.Familles[2].Mariage, 1));
     EXPECT_FALSE(ChercherTemoin(b.Familles[2].Mariage, 4));
 }
