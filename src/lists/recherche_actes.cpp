@@ -211,17 +211,24 @@ std::string InverserChiffres(std::string_view texte) {
     return s;
 }
 
+void AjouterCleTriActe(std::string& cle, const std::array<int, 2>& tri, std::string_view nom,
+                       std::string_view prenoms, std::string_view dateTri, std::string_view lieu,
+                       std::string_view numero) {
+    const std::array<std::string_view, 5> champs{nom, prenoms, dateTri, lieu, numero};
+    for (const int i : tri) {
+        const std::size_t debut = cle.size();
+        cle.append(champs[static_cast<std::size_t>(i == 5 ? 2 : std::clamp(i, 0, 4))]);
+        // « date décr. » : la clé de date se lit à rebours.
+        if (i == 5)
+            for (std::size_t k = debut; k < cle.size(); ++k)
+                if (EstChiffre(cle[k])) cle[k] = static_cast<char>('9' - (cle[k] - '0'));
+    }
+}
+
 std::string CleTriActe(const std::array<int, 2>& tri, std::string_view nom, std::string_view prenoms,
                        std::string_view dateTri, std::string_view lieu, std::string_view numero) {
-    const std::string inverse = tri[0] == 5 ? InverserChiffres(dateTri) : std::string();
-    const std::array<std::string_view, 5> champs{
-        nom, prenoms, tri[0] == 5 ? std::string_view(inverse) : dateTri, lieu, numero};
-    const auto champ = [&](int i) {
-        return i == 5 ? champs[2] : champs[static_cast<std::size_t>(std::clamp(i, 0, 4))];
-    };
     std::string cle;
-    cle.reserve(64);
-    cle.append(champ(tri[0])).append(champ(tri[1]));
+    AjouterCleTriActe(cle, tri, nom, prenoms, dateTri, lieu, numero);
     return cle;
 }
 
@@ -275,32 +282,53 @@ void ListerActes(const Base& base, const Options& options, const RechercheActes&
                  bool exportPossible, ListePersonne& liste) {
     OuvrirListe(liste, "actes", "", exportPossible ? kExporterActes : "", true);
     const std::vector<ActeTrouve> trouves = ChercherActes(base, r, true);
-    // Les égales gardent l'ordre du parcours, comme l'insertion triée du contrôle.
+    // Les clés bout à bout dans un seul texte, leurs seize premiers octets à part : le tri d'un
+    // million de rangées compare surtout des entiers. Clés et textes se font dans l'ordre du
+    // parcours, qui lit les fiches à la suite. Les égales gardent cet ordre, comme l'insertion
+    // triée du contrôle.
     struct Cle {
-        std::string texte;
-        std::uint32_t rang;
+        std::uint64_t tete1, tete2;
+        std::uint32_t debut, longueur, rang;
     };
+    std::string textes;
+    textes.reserve(trouves.size() * 24);
     std::vector<Cle> cles;
     cles.reserve(trouves.size());
+    std::vector<std::string> lignes;
+    lignes.reserve(trouves.size());
     const bool numero = r.ListeTri[0] == kTriNumero || r.ListeTri[1] == kTriNumero;
     for (std::uint32_t i = 0; i < trouves.size(); ++i) {
-        const Champs c = ChampsActe(base, trouves[i]);
-        const Acte& a = ActeDe(base, trouves[i]);
+        const ActeTrouve& t = trouves[i];
+        const Champs c = ChampsActe(base, t);
+        const Acte& a = ActeDe(base, t);
         const std::string n = numero ? NumeroDeTri(base, c.personne, selCochee) : std::string();
-        cles.push_back({CleTriActe(r.ListeTri, c.nom, c.prenoms, a.DateTri.vue(), a.Lieu.vue(), n), i});
+        const std::size_t debut = textes.size();
+        AjouterCleTriActe(textes, r.ListeTri, c.nom, c.prenoms, a.DateTri.vue(), a.Lieu.vue(), n);
+        const std::size_t longueur = textes.size() - debut;
+        const auto octets = [&](std::size_t de) {
+            std::uint64_t v = 0;
+            for (std::size_t k = de; k < de + 8; ++k)
+                v = (v << 8) | (k < longueur ? static_cast<unsigned char>(textes[debut + k]) : 0u);
+            return v;
+        };
+        cles.push_back({octets(0), octets(8), static_cast<std::uint32_t>(debut),
+                        static_cast<std::uint32_t>(longueur), i});
+        lignes.push_back(TexteActe(base, options, t));
+        const std::string& symbole = options.*kSortesActes[t.sorte].symbole;
+        AjouterQueue(lignes.back(), symbole.empty() ? ' ' : symbole[0], t.numero);
     }
-    std::sort(cles.begin(), cles.end(), [](const Cle& x, const Cle& y) {
-        const int c = x.texte.compare(y.texte);
+    const std::string_view tout = textes;
+    std::sort(cles.begin(), cles.end(), [tout](const Cle& x, const Cle& y) {
+        if (x.tete1 != y.tete1) return x.tete1 < y.tete1;
+        if (x.tete2 != y.tete2) return x.tete2 < y.tete2;
+        // Mêmes seize premiers octets : la suite décide (une clé plus courte finit par des zéros).
+        const std::size_t k = std::min<std::size_t>(16, std::min(x.longueur, y.longueur));
+        const int c =
+            tout.substr(x.debut + k, x.longueur - k).compare(tout.substr(y.debut + k, y.longueur - k));
         return c != 0 ? c < 0 : x.rang < y.rang;
     });
     liste.Rangees.reserve(liste.Rangees.size() + cles.size());
-    for (const Cle& c : cles) {
-        const ActeTrouve& a = trouves[c.rang];
-        std::string texte = TexteActe(base, options, a);
-        const std::string& symbole = options.*kSortesActes[a.sorte].symbole;
-        AjouterQueue(texte, symbole.empty() ? ' ' : symbole[0], a.numero);
-        liste.Rangees.push_back({std::move(texte), a.numero});
-    }
+    for (const Cle& c : cles) liste.Rangees.push_back({std::move(lignes[c.rang]), trouves[c.rang].numero});
     liste.Titre = std::to_string(trouves.size()) + " actes trouv\xE9s";
 }
 

@@ -260,6 +260,13 @@ TEST_F(RechercheActesTest, TriParNumeroEtDomiciles) {
     EXPECT_EQ(LireQueue(liste.Rangees[1].texte).numero, 1);
     EXPECT_EQ(LireQueue(liste.Rangees[2].texte).numero, 2);
 
+    // Clés égales (lieux vides) : l'ordre du parcours reste.
+    r.ListeTri = {3, 3};
+    ListerActes(b, o, r, 0, false, liste);
+    std::vector<std::int32_t> ordre;
+    for (const auto& x : liste.Rangees) ordre.push_back(x.valeur);
+    EXPECT_EQ(ordre, (std::vector<std::int32_t>{1, 2, 4, 3}));
+
     b.Persos[2].SuiteModif().Ville = "Lyon";
     const ListePersonne d = ListeDomiciles(b);
     EXPECT_EQ(d.Genre, "domicile");
