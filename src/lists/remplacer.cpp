@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "card/metiers.h"
 #include "store/aides_texte.h"
 #include "store/chaines.h"
 
@@ -131,7 +132,9 @@ std::int32_t RemplacerChampPersonne(Base& base, ChampRemp champ, std::string_vie
         } else if (champ == ChampRemp::Prenom) {
             p.Prenoms = nouveau;
         } else {
-            p.Metier = nouveau;
+            // Les codes de métier suivent le texte : l'ancien métier n'y reste pas.
+            p.CodesMetiers.clear();
+            EnregistrerMetier(p, nouveau, base.Listes.Metier);
         }
         p.DateModif = aujourdhui;
         ++n;

@@ -103,6 +103,10 @@ TEST_F(RemplacerTest, ChampsDesPersonnesEtDesActes) {
     EXPECT_EQ(b.Persos[1].Nom, "DUPOND");
     EXPECT_TRUE(b.Listes.Nom.Contient("DUPOND"));
     EXPECT_EQ(RemplacerValeur(b, ChampRemp::Prenom, "Jean", "Jehan", kAujourdhui, nullptr), 2);
+    b.Persos[3].Metier = "Tisserand";
+    b.Persos[3].CodesMetiers = "Ti";
+    EXPECT_EQ(RemplacerValeur(b, ChampRemp::Metier, "Tisserand", "Laboureur", kAujourdhui, nullptr), 1);
+    EXPECT_EQ(b.Persos[3].CodesMetiers, "La");
     // Le lieu doit valoir exactement l'ancien ; la famille est datée avec la personne.
     EXPECT_EQ(RemplacerValeur(b, ChampRemp::Lieu, "Saint-Denis", "St-Denis", kAujourdhui, nullptr), 1);
     EXPECT_EQ(b.Persos[1].Naissance.Lieu, "St-Denis");
