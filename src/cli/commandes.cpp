@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/actes_cli.h"
 #include "cli/communs.h"
 #include "cli/fusion_cli.h"
 #include "cli/parente_cli.h"
@@ -266,6 +267,15 @@ const std::vector<Commande>& Commandes() {
          "[--retirer-unions F,F] [--date JJ/MM/AAAA] : la commande du menu \xC3\x89"
          "dition, puis SORTIE",
          CommandeFiche},
+        {"actes",
+         "actes FICHIER.ged [--types N,B,M,C,X,D,S] [--nom|--lieu|--metier|--domicile TEXTE|--temoin N] "
+         "[--de AAAA] [--a AAAA] [--approx] [--tri nom,date] : les actes trouv\xC3\xA9s, tri\xC3\xA9s",
+         CommandeActes},
+        {"remplacer",
+         "remplacer nom|nomtri|prenom|metier|lieu|source|notes|lieux-partout ANCIEN NOUVEAU ENTREE.ged "
+         "SORTIE.ged [--date JJ/MM/AAAA] : remplace une valeur et \xC3\xA9"
+         "crit SORTIE",
+         CommandeRemplacer},
     };
     return commandes;
 }

@@ -471,7 +471,17 @@ Reaction DoubleClic(const Base& base, const Options& o, const ListePersonne& lis
         return {ActionListe::Afficher, q.numero, {}, false};
     }
     if (g == "fichiers") return {ActionListe::OuvrirFichier, q.numero, CheminDeRangee(texte), true};
+    if (g == "actes") {
+        // " Exporter..." revient à l'export des actes, qui prend la liste telle qu'elle est.
+        if (tete) return {};
+        const bool famille = SorteDuGenre(o, q.genre) == Sorte::Famille;
+        return {ActionListe::Afficher, famille ? EpouxDeFamille(base, q.numero) : q.numero, {}, true};
+    }
+    // Les listes de valeurs de « Rechercher et remplacer » : la valeur de la rangée à remplacer.
+    for (const char* valeurs : {"nom", "nom de tri", "pr\xE9nom", "m\xE9tier", "lieu", "source"})
+        if (g == valeurs) return {ActionListe::RemplacerValeur, static_cast<std::int32_t>(rangee), {}, true};
     if (g == "interech") return {ActionListe::Afficher, q.numero, {}, true};
+    if (g == "domicile") return tete ? Reaction{} : Reaction{ActionListe::Afficher, q.numero, {}, true};
     if (g == "anccom") return {ActionListe::ListeParente, q.numero, {}, false};
     // Tant que l'arbre de parenté n'existe pas, la rangée montre l'ancêtre ; la liste reste ouverte.
     if (g == "parente") return tete ? Reaction{} : Reaction{ActionListe::Afficher, q.numero, {}, false};
@@ -508,8 +518,13 @@ Reaction ClicDroit(const Base& base, const Options& o, const ListePersonne& list
         }
         return {};
     }
-    if (g == "tous" || g == "recents") return personne(q.numero);
+    if (g == "tous" || g == "recents" || g == "domicile") return personne(q.numero);
     if (g == "familles") return personne(EpouxDeFamille(base, q.numero));
+    if (g == "actes") {
+        const Sorte sorte = SorteDuGenre(o, q.genre);
+        if (sorte == Sorte::Famille) return personne(EpouxDeFamille(base, q.numero));
+        return sorte == Sorte::Personne ? personne(q.numero) : Reaction{};
+    }
     if (g == "fichiers") {
         Reaction r{ActionListe::ProprietesFichier, q.numero, CheminDeRangee(texte), false};
         if (q.genre == 'M' || SorteDuGenre(o, q.genre) == Sorte::Famille) {

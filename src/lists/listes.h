@@ -84,7 +84,8 @@ enum class ActionListe {
     OuvrirNote,         // note externe numero dans l'éditeur
     OuvrirSource,
     EstimerActesVides,  // numero 0 : les naissances, 1 : les mariages
-    ListeParente,  // "anccom" : la liste de parenté avec la personne numero
+    ListeParente,       // "anccom" : la liste de parenté avec la personne numero
+    RemplacerValeur,    // liste de valeurs à remplacer : la rangée numero
 };
 struct Reaction {
     ActionListe action = ActionListe::Rien;

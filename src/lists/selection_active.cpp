@@ -53,6 +53,15 @@ void Marquer(Base& base, std::int32_t p) {
     }
 }
 
+void MarquerFamille(Base& base, std::int32_t f) {
+    if (!Famille(base, f)) return;
+    base.Familles[f].Sel = kVrai;
+    const Fami& fa = std::as_const(base.Familles)[f];
+    for (const Acte* a : {&fa.Contrat, &fa.Mariage, &fa.Divorce}) MarquerLiensActe(base, *a);
+    for (const std::int32_t e : {fa.Mari, fa.Femme})
+        if (Personne(base, e)) base.Persos[e].Sel = kVrai;
+}
+
 std::int32_t MarquerDescendants(Base& base, const Options& options, std::int32_t racine, bool etLogique,
                                 std::vector<std::uint8_t>& dejaParcourus) {
     const std::size_t taille = static_cast<std::size_t>(std::max(base.Persos.Haut(), 0)) + 1;

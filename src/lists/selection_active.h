@@ -17,6 +17,10 @@ namespace arbolix {
 // liées à la personne, à ses évènements et aux évènements de ces unions.
 void Marquer(Base& base, std::int32_t p);
 
+// Une famille, les notes et sources externes liées à ses évènements, et ses deux époux (sans
+// leurs autres familles).
+void MarquerFamille(Base& base, std::int32_t f);
+
 // Le parcours de descendance en mode sélection : chaque descendant parcouru est marqué, ses
 // conjoints aussi (sans leurs familles). Un enfant est parcouru quand SelTousDesc est coché,
 // ou quand il porte le nom (CodeNom) du parent et a une union. etLogique (« Sél. dans la

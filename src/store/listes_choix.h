@@ -15,6 +15,9 @@ public:
     void Ajouter(std::string_view valeur) {
         if (!valeur.empty() && valeurs_.find(valeur) == valeurs_.end()) valeurs_.emplace(valeur);
     }
+    void Retirer(std::string_view valeur) {
+        if (const auto it = valeurs_.find(valeur); it != valeurs_.end()) valeurs_.erase(it);
+    }
     bool Contient(std::string_view valeur) const { return valeurs_.find(valeur) != valeurs_.end(); }
     std::size_t size() const { return valeurs_.size(); }
     bool empty() const { return valeurs_.empty(); }

@@ -101,6 +101,7 @@ Fiche::Fiche(QWidget* parent)
     BrancherVerifier();
     BrancherFusion();
     BrancherSelection();
+    BrancherActes();
     connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
     connect(ui_->MenuNotesFichier, &QAction::triggered, this, &Fiche::MenuNotesFichier);
     connect(ui_->MenuImportFichiers, &QAction::triggered, this, [this] { MenuImportFichiers({}); });

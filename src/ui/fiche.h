@@ -38,6 +38,7 @@ class Gedcom;
 class InputMsgBox;
 class FormListeChoix;
 class Personne;
+class RechActe;
 
 class Fiche : public QMainWindow {
     Q_OBJECT
@@ -192,6 +193,13 @@ private:
     void CommandeIntRech();
     void ListeSelection(bool familles);
 
+    // Recherche d'actes et « Rechercher et remplacer » (fiche_actes.cpp).
+    void BrancherActes();
+    void CommandeRechActe(bool selection);
+    void CommandeRechRemp(int index);
+    void RemplacerDepuisListe(int rangee);
+    void CommandeRechRempPartout(bool notes);
+
     void AppliquerZoom(const Zoom& zoom);
     void PlacerPersonne();
     void RetenirPlacePersonne();
@@ -225,6 +233,7 @@ private:
     EtatSelection etatSel_;
     std::int32_t nbAncetres_ = 0;
     FormListeChoix* listeChoix_ = nullptr;
+    RechActe* rechActe_ = nullptr;
 };
 
 }  // namespace arbolix

@@ -116,6 +116,9 @@ void Fiche::ReagirListe(const Reaction& r) {
         case ActionListe::ListeParente:
             ListerParente(r.numero);
             break;
+        case ActionListe::RemplacerValeur:
+            RemplacerDepuisListe(r.numero);
+            break;
     }
 }
 

@@ -38,8 +38,6 @@ void Fiche::BrancherSelection() {
         QAction* a = menu->addAction(VersQString(kEntreesSel[i]));
         a->setObjectName(QString("MenuSel_%1").arg(i));
         a->setCheckable(true);
-        // "Actes..." attend la recherche d'actes.
-        a->setEnabled(i < 4);
         connect(a, &QAction::triggered, this, [this, i] { CommandeSel(i); });
     }
     menu->addSeparator();
@@ -129,6 +127,8 @@ void Fiche::ReprendreToutSel() {
 }
 
 void Fiche::CommandeSel(int i) {
+    // "Actes..." : la sélection se fait au bouton Chercher de la recherche d'actes.
+    if (i == 4) return CommandeRechActe(true);
     EnregistrerFiche();
     const auto n = static_cast<std::int32_t>(ValeurNumerique(DepuisQString(ui_->NumPerso->text())));
     QApplication::setOverrideCursor(Qt::WaitCursor);

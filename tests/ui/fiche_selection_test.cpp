@@ -55,7 +55,7 @@ private slots:
         QVERIFY(e.Action("MenuSel_1")->isChecked());
         QVERIFY(!e.Action("MenuSel_0")->isChecked());
         QVERIFY(e.fiche.findChild<QCheckBox*>("Sel")->isEnabled());
-        QVERIFY(!e.Action("MenuSel_4")->isEnabled());  // la recherche d'actes n'existe pas encore
+        QVERIFY(e.Action("MenuSel_4")->isEnabled());
         e.Action("MenuSel_0")->trigger();
         QVERIFY(!e.fiche.findChild<QCheckBox*>("Sel")->isEnabled());
     }
