@@ -214,6 +214,23 @@ void EnregistrerOptionsExport(const fs::path& ini, const OptionsExport& e, int t
     if (v.Toutes && type == kActes) ecrire("ExportToutActes", TexteBooleenIni(e.Toutes));
 }
 
+bool QuestionConflitTri(int type, int entreeSelCochee, bool& triSosa, Dialogue& dialogue) {
+    if ((type != kLivre && type != kPagesHtml) || (entreeSelCochee != 1 && entreeSelCochee != 3) || triSosa)
+        return true;
+    // Le titre reste celui du livre pour les deux genres.
+    std::string titre = TitreFenetreExport(kLivre);
+    RemplacerTout(titre, "...", "");
+    const Bouton b =
+        dialogue.Message(titre,
+                         "Conflit de r\xE9glage entre la s\xE9lection active et le tri : pour exporter une "
+                         "ascendance, le tri par num\xE9ro Sosa-Stradonitz est conseill\xE9.\r\n"
+                         "Voulez-vous activer le tri par num\xE9ro maintenant ?",
+                         Icone::Question, Boutons::OuiNonAnnuler);
+    if (b == Bouton::Annuler) return false;
+    if (b == Bouton::Oui) triSosa = true;
+    return true;
+}
+
 std::string SeuilSaisi(std::string_view texte) {
     return EstNumerique(texte) ? std::string(texte) : "0";
 }

@@ -54,6 +54,10 @@ void EnregistrerOptionsExport(const std::filesystem::path& ini, const OptionsExp
 // Le texte d'une case de seuil : un texte non numérique devient "0".
 std::string SeuilSaisi(std::string_view texte);
 
+// Le livre et le site suivent l'ordre de tri : une sélection d'ascendants ou d'apparentés veut
+// l'ordre Sosa. Rend faux quand l'utilisateur répond Annuler ; triSosa devient vrai sur Oui.
+bool QuestionConflitTri(int type, int entreeSelCochee, bool& triSosa, Dialogue& dialogue);
+
 inline constexpr std::string_view kTitreExportImpossible = "Export impossible";
 inline constexpr std::string_view kCheminIncomplet =
     "Vous devez indiquer un chemin complet de fichier \xE0 cr\xE9"

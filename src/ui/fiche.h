@@ -60,6 +60,7 @@ public:
     void RemplacerDialogue(Dialogue* d) { dialogue_ = d; }
     void RemplacerInviter(Inviter i) { inviter_ = std::move(i); }
     void RemplacerChoisir(Choisir c) { choisir_ = std::move(c); }
+    void RemplacerIni(std::filesystem::path ini) { ini_ = std::move(ini); }
 
     // Lit le fichier gedcom().Fichier avec ses cases ; rend faux s'il n'a pas pu l'être.
     bool ChargerFichier(Progression& progression);
@@ -100,6 +101,8 @@ public slots:
     void MenuCalcActesVides(int index);
     void MenuNettoieLieux();
     void MenuConvNSExtInt();
+    // Les rapports (fiche_exports.cpp) : index de MenuExport.
+    void MenuExport(int i);
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -126,6 +129,7 @@ private:
     void PoserPhoto();
     void BrancherDivers();  // fiche_divers.cpp
     void BrancherVerifier();  // fiche_verifier.cpp
+    void BrancherExports();   // fiche_exports.cpp
     void CreerMenuImage();
     void PoserDivers();
     void ActualiserDivers();
