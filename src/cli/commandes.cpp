@@ -87,7 +87,10 @@ int CommandeLire(const Arguments& args, Sorties& s) {
     Options options;
     ResultatLecture resultat;
     if (!Charger(fichiers[0], cases, base, options, resultat, s)) return 2;
-    s.sortie << JournalUtf8(JournalLisible(resultat.Journal, resultat.Reperes) + Resume(base)) << "\n";
+    const std::string lisible = JournalLisible(resultat.Journal, resultat.Reperes);
+    resultat.Journal = {};
+    EcrireUtf8(s.sortie, lisible);
+    s.sortie << JournalUtf8(Resume(base)) << "\n";
     return 0;
 }
 
@@ -108,7 +111,7 @@ int CommandeEnregistrer(const Arguments& args, Sorties& s) {
     Options options;
     ResultatLecture resultat;
     if (!Charger(fichiers[0], cases, base, options, resultat, s)) return 2;
-    s.sortie << JournalUtf8(JournalLisible(resultat.Journal, resultat.Reperes));
+    EcrireUtf8(s.sortie, JournalLisible(resultat.Journal, resultat.Reperes));
     ToutSelectionner(base);
     // Une sélection partielle : seules ses fiches sont écrites.
     if (selection && !AppliquerSelection(base, options, *selection, s.erreurs)) return 2;

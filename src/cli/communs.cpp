@@ -19,6 +19,16 @@ std::string JournalUtf8(const std::string& journal) {
     return j;
 }
 
+void EcrireUtf8(std::ostream& o, std::string_view texte1252) {
+    constexpr std::size_t kMorceau = 1 << 20;
+    std::string morceau;
+    for (std::size_t i = 0; i < texte1252.size(); i += kMorceau) {
+        morceau = Cp1252VersUtf8(texte1252.substr(i, kMorceau));
+        std::erase(morceau, '\r');
+        o << morceau;
+    }
+}
+
 bool Charger(const std::string& fichier, OptionsGedcom cases, Base& base, Options& options,
              ResultatLecture& resultat, Sorties& s) {
     cases.Fichier = fichier;

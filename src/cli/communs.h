@@ -26,6 +26,8 @@ struct Sorties {
 
 // Un texte 1252 pour le terminal : UTF-8, fins de ligne LF.
 std::string JournalUtf8(const std::string& journal);
+// Le même, écrit par morceaux : le journal d'un gros fichier n'est pas recopié en entier.
+void EcrireUtf8(std::ostream& o, std::string_view texte1252);
 
 // Lit un fichier avec les cases données ; faux avec un message si le fichier ne se lit pas.
 bool Charger(const std::string& fichier, OptionsGedcom cases, Base& base, Options& options,
