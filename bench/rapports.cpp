@@ -33,7 +33,8 @@ int main(int argc, char** argv) {
             octets = TexteAscendance(ctx).size();
             meilleur = std::min(meilleur, c.Secondes());
         }
-        std::printf("Ascendance de 1 (%s) : %zu octets, %.3f s\n", toutes ? "Toutes" : "tableau", octets, meilleur);
+        std::printf("Ascendance de 1 (%s) : %zu octets, %.3f s\n", toutes ? "Toutes" : "tableau", octets,
+                    meilleur);
     }
     double meilleur = 1e9;
     std::size_t octets = 0;
@@ -42,6 +43,9 @@ int main(int argc, char** argv) {
         octets = TexteListeEclair(ctx, 1).size();
         meilleur = std::min(meilleur, c.Secondes());
     }
-    std::printf("Liste-\xC3\xA9" "clair de toute la base : %zu octets, %.3f s\n", octets, meilleur);
+    std::printf(
+        "Liste-\xC3\xA9"
+        "clair de toute la base : %zu octets, %.3f s\n",
+        octets, meilleur);
     return 0;
 }

@@ -127,7 +127,7 @@ private:
     void PoserContenu();
     void PoserEnfants();
     void PoserPhoto();
-    void BrancherDivers();  // fiche_divers.cpp
+    void BrancherDivers();    // fiche_divers.cpp
     void BrancherVerifier();  // fiche_verifier.cpp
     void BrancherExports();   // fiche_exports.cpp
     void CreerMenuImage();
