@@ -5,7 +5,9 @@ set -euo pipefail
 paquets=(cmake ninja-build g++ ccache qt6-base-dev qt6-svg-dev libgtest-dev libbenchmark-dev
          libgl-dev xvfb python3)
 if [ "${1:-}" = consommateurs ]; then
-  paquets+=(gramps)
+  # gramps relit nos enregistrements ; le reste construit, vérifie et installe le paquet Debian.
+  paquets+=(gramps dpkg-dev lintian desktop-file-utils appstream xdg-utils shared-mime-info
+            libfile-mimeinfo-perl xauth xdotool)
 fi
 manquants=()
 for p in "${paquets[@]}"; do

@@ -100,6 +100,8 @@ public slots:
     void MenuCalcActesVides(int index);
     void MenuNettoieLieux();
     void MenuConvNSExtInt();
+    // Les pages d'aide dans le navigateur (fiche_aide.cpp) : menu Aide et F1.
+    void MenuAide();
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -124,8 +126,9 @@ private:
     void PoserContenu();
     void PoserEnfants();
     void PoserPhoto();
-    void BrancherDivers();  // fiche_divers.cpp
+    void BrancherDivers();    // fiche_divers.cpp
     void BrancherVerifier();  // fiche_verifier.cpp
+    void BrancherAide();      // fiche_aide.cpp
     void CreerMenuImage();
     void PoserDivers();
     void ActualiserDivers();

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 #include <exception>
 
@@ -8,15 +9,20 @@
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName("Arbolix");
+    // Installé, l'icône vient du thème et le bureau relie la fenêtre à son lanceur.
+    QApplication::setWindowIcon(QIcon::fromTheme("arbolix"));
+    QGuiApplication::setDesktopFileName("fr.arbolix.Arbolix");
     std::string ligne;
     for (int i = 1; i < argc; ++i) ligne += (i > 1 ? " " : "") + std::string(argv[i]);
     try {
         arbolix::Fiche fiche;
-        fiche.Demarrer(arbolix::NettoyerLigneCommande(ligne), QCoreApplication::applicationFilePath().toStdString());
+        fiche.Demarrer(arbolix::NettoyerLigneCommande(ligne),
+                       QCoreApplication::applicationFilePath().toStdString());
         return QApplication::exec();
     } catch (const std::exception& e) {
         // Le piège du sommet : le texte de l'erreur à l'utilisateur.
-        QMessageBox::critical(nullptr, "Arbolix", QString("Erreur : %1").arg(QString::fromLocal8Bit(e.what())));
+        QMessageBox::critical(nullptr, "Arbolix",
+                              QString("Erreur : %1").arg(QString::fromLocal8Bit(e.what())));
         return 1;
     }
 }
