@@ -1,11 +1,11 @@
 #include "cli/commandes.h"
 
-#include <chrono>
 #include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "cli/communs.h"
 #include "cli/parente_cli.h"
 #include "gedcom/enregistrement.h"
 #include "gedcom/journal_lecture.h"
@@ -13,8 +13,6 @@
 #include "kinship/sosa.h"
 #include "lists/listes.h"
 #include "platform/cp1252.h"
-#include "platform/dialogue.h"
-#include "platform/progression.h"
 #include "store/selection.h"
 #include "verify/estimation.h"
 #include "verify/nettoyage.h"
@@ -23,13 +21,6 @@
 namespace arbolix::cli {
 
 namespace {
-
-using Arguments = std::vector<std::string>;
-
-struct Sorties {
-    std::ostream& sortie;
-    std::ostream& erreurs;
-};
 
 // Une case de la fenêtre Gedcom par option, à partir de ses valeurs par défaut.
 struct OptionCase {
@@ -83,67 +74,6 @@ std::string Resume(const Base& b) {
            "dias.";
 }
 
-// Lit un fichier avec les cases données ; rend faux avec un message si le fichier ne se lit pas.
-bool Charger(const std::string& fichier, OptionsGedcom cases, Base& base, Options& options,
-             ResultatLecture& resultat, Sorties& s) {
-    cases.Fichier = fichier;
-    // La renumérotation ne vaut que pour le fichier par défaut : ici, celui qu'on nomme.
-    if (cases.OptRenum) options.FichierDefaut = fichier;
-    Progression muette;
-    ContexteLecture ctx{options, cases, muette};
-    ctx.remplirListes = false;
-    resultat = LireGedcom(base, ctx);
-    if (!resultat.Lu) {
-        s.erreurs << Cp1252VersUtf8(resultat.Erreur) << "\n";
-        return false;
-    }
-    // Comme à l'ouverture dans la fenêtre : les numéros Sosa de la première personne, et
-    // une ligne pour qui est son propre ancêtre.
-    const std::string boucles = NumeroterApresLecture(base, options, resultat.PremierePerso).Journal;
-    std::string lignes = Cp1252VersUtf8(boucles);
-    std::erase(lignes, '\r');
-    s.erreurs << lignes;
-    return true;
-}
-
-// Un texte 1252 pour le terminal : UTF-8, fins de ligne LF. D'une seule passe : le journal
-// d'un gros fichier compte des millions de lignes.
-std::string JournalUtf8(const std::string& journal) {
-    std::string j = Cp1252VersUtf8(journal);
-    std::erase(j, '\r');
-    return j;
-}
-
-// Sans fenêtre : chaque boîte est écrite sur la sortie d'erreurs et reçoit son bouton par
-// défaut (Non aux questions qui détruisent), sinon Oui ou Ok ; une saisie ou un choix de
-// fichier est annulé.
-class DialogueCli : public Dialogue {
-public:
-    explicit DialogueCli(std::ostream& erreurs) : erreurs_(erreurs) {}
-    Bouton Message(std::string_view titre, std::string_view texte, Icone, Boutons boutons,
-                   std::optional<Bouton> defaut) override {
-        erreurs_ << Cp1252VersUtf8(titre) << " : " << JournalUtf8(std::string(texte)) << "\n";
-        if (defaut) return *defaut;
-        return boutons == Boutons::OuiNon || boutons == Boutons::OuiNonAnnuler ? Bouton::Oui : Bouton::Ok;
-    }
-    std::optional<std::string> Saisie(std::string_view, std::string_view, std::string_view) override {
-        return {};
-    }
-    std::optional<std::string> ChoisirFichierOuvrir(std::string_view, std::string_view,
-                                                    std::string_view) override {
-        return {};
-    }
-    std::optional<std::string> ChoisirFichierEnregistrer(std::string_view, std::string_view,
-                                                         std::string_view) override {
-        return {};
-    }
-    std::optional<std::string> ChoisirDossier(std::string_view, std::string_view) override { return {}; }
-    bool OuvrirDansProgramme(std::string_view) override { return false; }
-
-private:
-    std::ostream& erreurs_;
-};
-
 int CommandeLire(const Arguments& args, Sorties& s) {
     OptionsGedcom cases;
     Arguments fichiers;
@@ -156,24 +86,10 @@ int CommandeLire(const Arguments& args, Sorties& s) {
     Options options;
     ResultatLecture resultat;
     if (!Charger(fichiers[0], cases, base, options, resultat, s)) return 2;
-    s.sortie << JournalUtf8(JournalLisible(resultat.Journal, resultat.Reperes) + Resume(base)) << "\n";
-    return 0;
-}
-
-// Lit ENTREE puis écrit toute la base dans SORTIE avec les mêmes cases ; SORTIE
-// n'est remplacé qu'une fois entièrement écrit.
-// Écrit la base dans FICHIER avec ces cases ; les avertissements et l'erreur vont aux erreurs.
-int Ecrire(Base& base, Options& options, OptionsGedcom cases, const std::string& fichier, Sorties& s) {
-    cases.Fichier = fichier;
-    DialogueCli dialogue(s.erreurs);
-    ContexteEnregistrement ctx{base, cases, options, dialogue, nullptr, EnteteArbolix(), DateDuJour()};
-    const ResultatEnregistrement r = EnregistrerGedcom(ctx);
-    for (const auto& a : r.Avertissements) s.erreurs << Cp1252VersUtf8(a) << "\n";
-    if (!r.Enregistre) {
-        s.erreurs << Cp1252VersUtf8(r.Erreur) << "\n";
-        return 2;
-    }
-    s.sortie << "Enregistr\xC3\xA9 : " << fichier << "\n";
+    const std::string lisible = JournalLisible(resultat.Journal, resultat.Reperes);
+    resultat.Journal = {};
+    EcrireUtf8(s.sortie, lisible);
+    s.sortie << JournalUtf8(Resume(base)) << "\n";
     return 0;
 }
 
@@ -194,7 +110,7 @@ int CommandeEnregistrer(const Arguments& args, Sorties& s) {
     Options options;
     ResultatLecture resultat;
     if (!Charger(fichiers[0], cases, base, options, resultat, s)) return 2;
-    s.sortie << JournalUtf8(JournalLisible(resultat.Journal, resultat.Reperes));
+    EcrireUtf8(s.sortie, JournalLisible(resultat.Journal, resultat.Reperes));
     ToutSelectionner(base);
     // Une sélection partielle : seules ses fiches sont écrites.
     if (selection && !AppliquerSelection(base, options, *selection, s.erreurs)) return 2;
@@ -249,37 +165,20 @@ int CommandeListe(const Arguments& args, Sorties& s) {
     return 0;
 }
 
-// L'heure de DateModif : jours (et fraction) depuis le 30/12/1899.
-double JoursDepuis1899() {
-    const auto s = std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
-    return s / 86400.0 + 25569.0;
-}
-
-// Lit un fichier sur toute la base, comme la fenêtre l'ouvre ; le journal va aux erreurs.
-// Retire un drapeau des arguments ; vrai quand il y était.
-bool RetirerDrapeau(Arguments& args, std::string_view drapeau) {
-    return std::erase(args, drapeau) > 0;
-}
-
-bool ChargerTout(const std::string& fichier, Base& base, Options& options, Sorties& s) {
-    ResultatLecture resultat;
-    if (!Charger(fichier, OptionsGedcom{}, base, options, resultat, s)) return false;
-    ToutSelectionner(base);
-    return true;
-}
-
 // Le rapport tel que l'éditeur le montre, CR LF compris : en UTF-8, ou tel quel en 1252 avec --brut.
 int CommandeVerifier(const Arguments& args, Sorties& s) {
     Arguments fichiers = args;
     const bool brut = RetirerDrapeau(fichiers, "--brut");
+    std::optional<DateCalendrier> date;
+    if (!ExtraireDate(fichiers, date, s.erreurs)) return 2;
     if (fichiers.size() != 1) {
-        s.erreurs << "usage : arbolix-cli verifier [--brut] FICHIER.ged\n";
+        s.erreurs << "usage : arbolix-cli verifier [--brut] [--date JJ/MM/AAAA] FICHIER.ged\n";
         return 2;
     }
     Base base;
     Options options;
     if (!ChargerTout(fichiers[0], base, options, s)) return 2;
-    const ResultatVerification r = MenuVerifier(base, options, nullptr, JoursDepuis1899());
+    const ResultatVerification r = MenuVerifier(base, options, nullptr, JoursDepuis1899(date));
     s.sortie << (brut ? r.Rapport : Cp1252VersUtf8(r.Rapport));
     return 0;
 }
@@ -338,7 +237,9 @@ const std::vector<Commande>& Commandes() {
          "enregistrer [options] ENTREE.ged SORTIE.ged : lit ENTREE et l'\xC3\xA9"
          "crit en GEDCOM 5.5 dans SORTIE",
          CommandeEnregistrer},
-        {"verifier", "verifier [--brut] FICHIER.ged : le rapport de v\xC3\xA9rification de tout le fichier",
+        {"verifier",
+         "verifier [--brut] [--date JJ/MM/AAAA] FICHIER.ged : le rapport de v\xC3\xA9rification de tout le "
+         "fichier",
          CommandeVerifier},
         {"estimer",
          "estimer naissances|mariages [--recalculer] ENTREE.ged SORTIE.ged : date les actes vides "

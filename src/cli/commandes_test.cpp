@@ -190,6 +190,10 @@ TEST(Cli, VerifierEstimerNettoyer) {
     EXPECT_EQ(a.sortie, "Famille 2\r\ninfo : lien erron\xC3\xA9 corrig\xC3\xA9.\r\n\r\n");
     a = Lancer({"verifier", "--inconnue", f, f});
     EXPECT_EQ(a.code, 2);
+    a = Lancer({"verifier", "--date", "31/02/2020", f});
+    EXPECT_EQ(a.code, 2);
+    EXPECT_EQ(a.erreurs, "Date invalide : 31/02/2020 (JJ/MM/AAAA attendu)\n");
+    EXPECT_EQ(Lancer({"verifier", f, "--date"}).erreurs, "Valeur manquante apr\xC3\xA8s --date\n");
 
     const auto sortie = (std::filesystem::temp_directory_path() / "cli-verif-sortie.ged").string();
     a = Lancer({"estimer", "naissances", f, sortie});

@@ -3,54 +3,15 @@
 #include <string_view>
 
 #include "card/lignes_personne.h"
-#include "gedcom/lecteur.h"
+#include "cli/communs.h"
 #include "kinship/menu_sel.h"
 #include "kinship/parente.h"
 #include "kinship/sosa.h"
 #include "platform/cp1252.h"
-#include "platform/progression.h"
 #include "store/chaines.h"
 #include "store/selection.h"
 
 namespace arbolix::cli {
-
-namespace {
-
-using Arguments = std::vector<std::string>;
-
-// Lecture avec les cases par défaut, la sélection sur toute la base et la numérotation de la
-// première personne, comme à l'ouverture dans la fenêtre.
-bool Ouvrir(const std::string& fichier, Base& base, Options& options, std::ostream& erreurs) {
-    OptionsGedcom cases;
-    cases.Fichier = fichier;
-    Progression muette;
-    ContexteLecture ctx{options, cases, muette};
-    ctx.remplirListes = false;
-    const ResultatLecture r = LireGedcom(base, ctx);
-    if (!r.Lu) {
-        erreurs << Cp1252VersUtf8(r.Erreur) << "\n";
-        return false;
-    }
-    ToutSelectionner(base);
-    NumeroterApresLecture(base, options, r.PremierePerso);
-    return true;
-}
-
-// Un numéro de fiche tapé : des chiffres seulement ; 0 pour tout autre texte.
-std::int32_t NumeroTape(const std::string& texte) {
-    return EstNumerique(texte) && texte.size() < 10 ? static_cast<std::int32_t>(ValeurNumerique(texte)) : 0;
-}
-
-// Un numéro tapé qui doit être une personne du fichier.
-bool LirePersonne(const Base& base, const std::string& texte, const std::string& fichier, std::int32_t& n,
-                  std::ostream& erreurs) {
-    n = NumeroTape(texte);
-    if (PersonneExiste(base, n)) return true;
-    erreurs << "La fiche " << texte << " n'est pas une personne de " << fichier << ".\n";
-    return false;
-}
-
-}  // namespace
 
 int CommandeSosa(const Arguments& args, std::ostream& sortie, std::ostream& erreurs) {
     Arguments reste;
@@ -70,7 +31,8 @@ int CommandeSosa(const Arguments& args, std::ostream& sortie, std::ostream& erre
         return 2;
     }
     Base base;
-    if (!Ouvrir(reste[0], base, options, erreurs)) return 2;
+    Sorties s{sortie, erreurs};
+    if (!ChargerTout(reste[0], base, options, s)) return 2;
     std::int32_t racine = base.NumDeCujus;
     if (reste.size() == 2 && !LirePersonne(base, reste[1], reste[0], racine, erreurs)) return 2;
     if (racine <= 0) {
@@ -107,7 +69,8 @@ int CommandeParente(const Arguments& args, std::ostream& sortie, std::ostream& e
     }
     Base base;
     Options options;
-    if (!Ouvrir(args[0], base, options, erreurs)) return 2;
+    Sorties s{sortie, erreurs};
+    if (!ChargerTout(args[0], base, options, s)) return 2;
     std::int32_t deCujus = 0, autre = 0;
     if (!LirePersonne(base, args[1], args[0], deCujus, erreurs) ||
         !LirePersonne(base, args[2], args[0], autre, erreurs))

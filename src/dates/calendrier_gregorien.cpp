@@ -1,5 +1,7 @@
 #include "dates/calendrier_gregorien.h"
 
+#include <ctime>
+
 #include "store/chaines.h"
 
 namespace arbolix {
@@ -52,6 +54,34 @@ std::optional<DateCalendrier> DateDuNumero(std::int64_t numero) {
 
 std::string FormatDateCourte(const DateCalendrier& d) {
     return Zeros(d.jour, 2) + "/" + Zeros(d.mois, 2) + "/" + Zeros(d.annee, 4);
+}
+
+std::optional<DateCalendrier> LireDateCourte(std::string_view texte) {
+    int champs[3] = {0, 0, 0};
+    int chiffres[3] = {0, 0, 0};
+    int i = 0;
+    for (const char c : texte) {
+        if (c == '/' && i < 2) {
+            ++i;
+        } else if (c >= '0' && c <= '9' && chiffres[i] < 4) {
+            champs[i] = champs[i] * 10 + (c - '0');
+            ++chiffres[i];
+        } else {
+            return {};
+        }
+    }
+    const DateCalendrier d{champs[0], champs[1], champs[2]};
+    if (i != 2 || chiffres[0] > 2 || chiffres[1] > 2 || chiffres[2] != 4) return {};
+    if (d.annee < kAnneeMin || d.annee > kAnneeMax || d.jour < 1 || d.jour > JoursDuMois(d.mois, d.annee))
+        return {};
+    return d;
+}
+
+DateCalendrier DateMachine() {
+    const std::time_t t = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&t, &local);
+    return {local.tm_mday, local.tm_mon + 1, local.tm_year + 1900};
 }
 
 int JourDeLaSemaine(std::int32_t numero) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace arbolix {
 
@@ -30,6 +31,13 @@ std::optional<DateCalendrier> DateDuNumero(std::int64_t numero);
 
 // "dd/mm/yyyy", la forme que le programme écrit toujours.
 std::string FormatDateCourte(const DateCalendrier& d);
+
+// Lit exactement "dd/mm/yyyy" (jour et mois sur un ou deux chiffres) ; vide si la date
+// n'existe pas ou sort des années admises.
+std::optional<DateCalendrier> LireDateCourte(std::string_view texte);
+
+// La date locale de la machine.
+DateCalendrier DateMachine();
 
 // 0 pour dimanche à 6 pour samedi.
 int JourDeLaSemaine(std::int32_t numero);

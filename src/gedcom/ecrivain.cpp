@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <ctime>
 
 #include "dates/calendrier_gregorien.h"
 #include "dates/date_gedcom.h"
@@ -142,10 +141,7 @@ const std::string& EnteteArbolix() {
 }
 
 std::string DateDuJour() {
-    const std::time_t t = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&t, &local);
-    return FormatDateCourte({local.tm_mday, local.tm_mon + 1, local.tm_year + 1900});
+    return FormatDateCourte(DateMachine());
 }
 
 EcrivainGedcom::EcrivainGedcom(const Base& base, const ContexteEcriture& contexte, std::ostream* flux)

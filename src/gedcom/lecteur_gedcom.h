@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "dates/parse_date.h"
@@ -121,6 +122,12 @@ public:
     std::unordered_map<std::int32_t, std::int32_t> ConvNumeros;
     std::int64_t PlafondConv = 0;
     std::string DernierLieu;
+    // Chaque lieu distinct n'est gardé qu'une fois : les fiches en partagent le texte.
+    struct HacheTexte {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view s) const noexcept { return std::hash<std::string_view>{}(s); }
+    };
+    std::unordered_set<Texte, HacheTexte, std::equal_to<>> Lieux;
     std::int32_t PremierePerso = 0;
 
     std::int32_t MaxPersos = 0;    // maximum de travail des numéros de personnes

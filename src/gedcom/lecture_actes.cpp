@@ -27,8 +27,8 @@ void DonneeNonTraitee(LecteurGedcom& l, std::string_view qui, std::string_view b
 }
 
 void LienVersUneFamille(LecteurGedcom& l, std::string_view v, std::string_view deQui) {
-    l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : le lien " + l.Balise + " " + std::string(v) + " " +
-                       std::string(deQui) +
+    l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : le lien " + l.Balise + " " + std::string(v) +
+                       " " + std::string(deQui) +
                        " d\xE9signe une famille et non une personne ; il a \xE9t\xE9 ignor\xE9.");
 }
 
@@ -37,13 +37,14 @@ void AttendUneDate(LecteurGedcom& l, std::string_view deQuoi) {
                        " attend une date de " + std::string(deQuoi) + ".");
 }
 
-std::string LieuLu(LecteurGedcom& l, std::string_view v) {
+Texte LieuLu(LecteurGedcom& l, std::string_view v) {
     std::string lieu(SansBlancs(Remplacer(v, "\xC9", "E")));
     if (l.contexte_.remplirListes && lieu != l.DernierLieu) {
         l.base_.Listes.Lieu.Ajouter(lieu);
         l.DernierLieu = lieu;
     }
-    return lieu;
+    if (const auto it = l.Lieux.find(std::string_view(lieu)); it != l.Lieux.end()) return *it;
+    return *l.Lieux.emplace(lieu).first;
 }
 
 void DateDeModification(LecteurGedcom& l, std::string_view v, double& dateModif) {
@@ -114,13 +115,14 @@ void VoirFichier(Texte& notes, std::string_view v) {
     notes += v;
 }
 
-void LierObjetEnRetour(LecteurGedcom& l, std::int32_t m, Emplacements<std::int32_t, 1, kMaxLiens> ObjetMedia::*liens,
-                       std::string_view v, std::string_view etQui, std::int32_t typeActe) {
+void LierObjetEnRetour(LecteurGedcom& l, std::int32_t m,
+                       Emplacements<std::int32_t, 1, kMaxLiens> ObjetMedia::*liens, std::string_view v,
+                       std::string_view etQui, std::int32_t typeActe) {
     ObjetMedia& o = l.base_.Medias[m];
     const std::int32_t n = l.base_.NumCourant;
     if (!Contient(o.*liens, n) && !PlacerPremierLibre(o.*liens, n))
-        l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier le fichier " + std::string(v) +
-                           std::string(etQui));
+        l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier le fichier " +
+                           std::string(v) + std::string(etQui));
     if (typeActe > 0) o.TypeActe = typeActe;
 }
 

@@ -60,8 +60,8 @@ inline constexpr std::string_view kNoteRepublicaine =
     "?/##";
 
 // Lieu lu : "É" devient "E", blancs de bord ôtés ; il va à la liste des lieux quand il
-// diffère du dernier envoyé.
-std::string LieuLu(LecteurGedcom& l, std::string_view v);
+// diffère du dernier envoyé. Le texte rendu partage celui des autres fiches au même lieu.
+Texte LieuLu(LecteurGedcom& l, std::string_view v);
 
 // Date d'une ligne CHAN en jours depuis le 30/12/1899 ; une date incomplète laisse l'ancienne.
 void DateDeModification(LecteurGedcom& l, std::string_view v, double& dateModif);
@@ -111,8 +111,9 @@ void VoirFichier(Texte& notes, std::string_view v);
 // Le retour de lien de l'objet média m vers la fiche courante (liens : LiensPersos ou
 // LiensFamis, qui reçoit NumCourant), et le type d'acte du contexte (0 : aucun).
 // etQui complète le message quand les places sont prises : " et la famille 2".
-void LierObjetEnRetour(LecteurGedcom& l, std::int32_t m, Emplacements<std::int32_t, 1, kMaxLiens> ObjetMedia::*liens,
-                       std::string_view v, std::string_view etQui, std::int32_t typeActe);
+void LierObjetEnRetour(LecteurGedcom& l, std::int32_t m,
+                       Emplacements<std::int32_t, 1, kMaxLiens> ObjetMedia::*liens, std::string_view v,
+                       std::string_view etQui, std::int32_t typeActe);
 
 // Nouvel objet local pour un chemin lu sous une fiche ; dans un bloc OBJE il devient
 // l'objet du bloc (voir RattacherAuBloc). Rend son numéro.

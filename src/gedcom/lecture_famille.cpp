@@ -23,7 +23,9 @@ constexpr ActeFamille kActesFamille[] = {
     {"DIV", &Fami::Divorce, 7},
 };
 
-const ActeFamille* LigneActe(std::string_view contexte) { return ChercherActe(kActesFamille, contexte); }
+const ActeFamille* LigneActe(std::string_view contexte) {
+    return ChercherActe(kActesFamille, contexte);
+}
 
 // Date et lieu ne vont qu'à l'évènement nommé par le contexte.
 Acte* ActeDate(Fami& f, std::string_view contexte) {
@@ -91,8 +93,9 @@ void Enfant(LecteurGedcom& l, Fami& f, std::string& v) {
         ++l.EnfantSuivant;
         return;
     }
-    l.JournaliserLigne("Alerte ligne " + NumLigneTexte(l) + " : enfant sans lien complet vers les parents : P" +
-                       std::to_string(c) + " " + NomPrenoms(enfant));
+    l.JournaliserLigne("Alerte ligne " + NumLigneTexte(l) +
+                       " : enfant sans lien complet vers les parents : P" + std::to_string(c) + " " +
+                       NomPrenoms(enfant));
     const Perso& mari = std::as_const(l.base_.Persos)[f.Mari];
     const Perso& femme = std::as_const(l.base_.Persos)[f.Femme];
     enfant.Notes += "\r\nenfant de " + NomPrenoms(mari) + " et " + NomPrenoms(femme);
@@ -106,8 +109,8 @@ void Union(LecteurGedcom& l, std::int32_t p) {
             return;
         }
     }
-    l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible d'ajouter l'union " + NumFamille(l) +
-                       " \xE0 la personne " + std::to_string(p) + " " + NomPrenoms(conjoint) +
+    l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible d'ajouter l'union " +
+                       NumFamille(l) + " \xE0 la personne " + std::to_string(p) + " " + NomPrenoms(conjoint) +
                        " car il y a d\xE9j\xE0 " + std::to_string(kMaxUnions) + " unions.");
 }
 
@@ -132,7 +135,7 @@ void Date(LecteurGedcom& l, Fami& f, std::string& v) {
 
 void Lieu(LecteurGedcom& l, Fami& f, std::string& v) {
     if (HorsDeLaFamille(l, 2)) return;
-    const std::string lieu = LieuLu(l, v);
+    const Texte lieu = LieuLu(l, v);
     if (Acte* a = ActeDate(f, l.Contexte1())) a->Lieu = lieu;
 }
 
@@ -205,7 +208,8 @@ void LierMedia(LecteurGedcom& l, Fami& f, const std::string& v) {
     }
     // Le retour de lien reçoit le numéro de la personne courante, non celui de la famille :
     // c'est ainsi que le fichier l'a toujours relu.
-    LierObjetEnRetour(l, m, &ObjetMedia::LiensFamis, v, " et la famille " + NumFamille(l), r ? r->typeActe : 0);
+    LierObjetEnRetour(l, m, &ObjetMedia::LiensFamis, v, " et la famille " + NumFamille(l),
+                      r ? r->typeActe : 0);
 }
 
 void Fichier(LecteurGedcom& l, Fami& f, std::string& v) {

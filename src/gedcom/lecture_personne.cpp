@@ -22,7 +22,9 @@ constexpr ActePersonne kActesPersonne[] = {
     {"DEAT", &Perso::Deces, 3},     {"BURI", &Perso::Sepulture, 5},
 };
 
-const ActePersonne* LigneActe(std::string_view contexte) { return ChercherActe(kActesPersonne, contexte); }
+const ActePersonne* LigneActe(std::string_view contexte) {
+    return ChercherActe(kActesPersonne, contexte);
+}
 
 Acte* ActeDe(Perso& p, std::string_view contexte) {
     const ActePersonne* r = LigneActe(contexte);
@@ -182,7 +184,7 @@ void Lieu(LecteurGedcom& l, Perso& p, std::string& v) {
         DonneeNonTraitee(l);
         return;
     }
-    const std::string lieu = LieuLu(l, v);
+    const Texte lieu = LieuLu(l, v);
     const std::string_view ctx = l.Contexte1();
     if (Acte* a = ActeDe(p, ctx)) {
         a->Lieu = lieu;

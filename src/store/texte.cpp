@@ -7,14 +7,28 @@ namespace arbolix {
 
 namespace {
 
-// Le bloc long porte sa capacité juste devant les octets.
-char* Allouer(std::size_t capacite) {
-    auto* bloc = static_cast<std::size_t*>(::operator new(sizeof(std::size_t) + capacite + 1));
-    *bloc = capacite;
-    return reinterpret_cast<char*>(bloc + 1);
+// Le bloc long porte devant ses octets sa capacité et le nombre de textes qui le partagent :
+// une copie partage le bloc (un même lieu sur des milliers de fiches ne coûte qu'un bloc),
+// une écriture sur un bloc partagé en prend un à elle. La base n'est touchée que d'un fil.
+struct EnTete {
+    std::size_t capacite;
+    std::size_t partages;
+};
+
+EnTete* Tete(const char* p) noexcept {
+    return reinterpret_cast<EnTete*>(const_cast<char*>(p)) - 1;
 }
 
-void Rendre(char* p) noexcept { ::operator delete(reinterpret_cast<std::size_t*>(p) - 1); }
+char* Allouer(std::size_t capacite) {
+    auto* tete = static_cast<EnTete*>(::operator new(sizeof(EnTete) + capacite + 1));
+    *tete = {capacite, 1};
+    return reinterpret_cast<char*>(tete + 1);
+}
+
+void Rendre(char* p) noexcept {
+    EnTete* tete = Tete(p);
+    if (--tete->partages == 0) ::operator delete(tete);
+}
 
 }  // namespace
 
@@ -36,7 +50,17 @@ std::size_t Texte::TailleLongue() const noexcept {
 }
 
 std::size_t Texte::Capacite() const noexcept {
-    return Long() ? *(reinterpret_cast<std::size_t*>(Pointeur()) - 1) : kCourtMax;
+    return Long() ? Tete(Pointeur())->capacite : kCourtMax;
+}
+
+// La place où écrire sans toucher aux autres : un bloc partagé n'en offre aucune.
+std::size_t Texte::CapaciteEcrivable() const noexcept {
+    return Long() && Tete(Pointeur())->partages > 1 ? 0 : Capacite();
+}
+
+void Texte::Partager(const Texte& autre) noexcept {
+    std::memcpy(b_, autre.b_, sizeof b_);
+    ++Tete(Pointeur())->partages;
 }
 
 void Texte::MettreLong(char* p, std::size_t n) noexcept {
@@ -67,8 +91,19 @@ Texte::Texte(Texte&& autre) noexcept {
     autre.MettreCourt(0);
 }
 
+Texte::Texte(const Texte& autre) {
+    if (autre.Long())
+        Partager(autre);
+    else
+        std::memcpy(b_, autre.b_, sizeof b_);
+}
+
 Texte& Texte::operator=(const Texte& autre) {
-    if (this != &autre) *this = autre.vue();
+    if (this == &autre) return *this;
+    if (!autre.Long()) return *this = autre.vue();
+    if (Long() && Pointeur() == autre.Pointeur()) return *this;
+    Liberer();
+    Partager(autre);
     return *this;
 }
 
@@ -82,10 +117,13 @@ Texte& Texte::operator=(Texte&& autre) noexcept {
 }
 
 Texte& Texte::operator=(std::string_view s) {
-    if (s.size() <= Capacite()) {  // memmove : s peut être une partie de nous-mêmes
+    if (s.size() <= CapaciteEcrivable()) {  // memmove : s peut être une partie de nous-mêmes
         char* d = Long() ? Pointeur() : b_;
         if (!s.empty()) std::memmove(d, s.data(), s.size());  // une vue vide peut n'avoir aucune adresse
-        if (Long()) MettreLong(d, s.size()); else MettreCourt(s.size());
+        if (Long())
+            MettreLong(d, s.size());
+        else
+            MettreCourt(s.size());
         return *this;
     }
     Texte copie(s);
@@ -96,10 +134,13 @@ Texte& Texte::operator+=(std::string_view s) {
     const std::size_t n = size();
     const std::size_t total = n + s.size();
     if (s.empty()) return *this;
-    if (total <= Capacite()) {
+    if (total <= CapaciteEcrivable()) {
         char* d = Long() ? Pointeur() : b_;
         std::memmove(d + n, s.data(), s.size());
-        if (Long()) MettreLong(d, total); else MettreCourt(total);
+        if (Long())
+            MettreLong(d, total);
+        else
+            MettreCourt(total);
         return *this;
     }
     // Croissance géométrique : des milliers de lignes CONT restent linéaires.

@@ -9,7 +9,8 @@
 namespace arbolix {
 
 // Une fiche porte des dizaines de textes presque toujours courts ou vides :
-// jusqu'à 15 octets ils restent dans l'objet, au-delà un bloc sur le tas.
+// jusqu'à 15 octets ils restent dans l'objet, au-delà un bloc sur le tas que les copies
+// partagent jusqu'à ce que l'une d'elles change.
 // L'interface est celle d'une std::string réduite ; on la lit en string_view.
 class Texte {
 public:
@@ -17,7 +18,7 @@ public:
     Texte(std::string_view s) { Initialiser(s); }  // NOLINT: conversion voulue
     Texte(const char* s) : Texte(std::string_view(s)) {}
     Texte(const std::string& s) : Texte(std::string_view(s)) {}
-    Texte(const Texte& autre) { Initialiser(autre.vue()); }
+    Texte(const Texte& autre);  // partage le bloc long
     Texte(Texte&& autre) noexcept;
     ~Texte() { Liberer(); }
 
@@ -44,12 +45,16 @@ public:
     friend bool operator==(const Texte& a, std::string_view b) noexcept { return a.vue() == b; }
     friend bool operator==(const Texte& a, const char* b) noexcept { return a.vue() == b; }
     friend std::string operator+(const Texte& a, std::string_view b) { return a.str().append(b); }
-    friend std::string operator+(std::string_view a, const Texte& b) { return std::string(a).append(b.vue()); }
+    friend std::string operator+(std::string_view a, const Texte& b) {
+        return std::string(a).append(b.vue());
+    }
     friend std::string operator+(const Texte& a, const Texte& b) { return a.str().append(b.vue()); }
     friend std::string operator+(const Texte& a, const char* b) { return a.str().append(b); }
     friend std::string operator+(const char* a, const Texte& b) { return std::string(a).append(b.vue()); }
     friend std::string operator+(const Texte& a, const std::string& b) { return a.str().append(b); }
-    friend std::string operator+(const std::string& a, const Texte& b) { return std::string(a).append(b.vue()); }
+    friend std::string operator+(const std::string& a, const Texte& b) {
+        return std::string(a).append(b.vue());
+    }
 
 private:
     static constexpr std::size_t kCourtMax = 15;
@@ -61,6 +66,8 @@ private:
     char* Pointeur() const noexcept;
     std::size_t TailleLongue() const noexcept;
     std::size_t Capacite() const noexcept;
+    std::size_t CapaciteEcrivable() const noexcept;
+    void Partager(const Texte& autre) noexcept;
     void MettreLong(char* p, std::size_t n) noexcept;
     void Initialiser(std::string_view s);
     void Liberer() noexcept;

@@ -48,7 +48,33 @@ TEST(Texte, AffectationDeSaPropreSousPartie) {
     EXPECT_EQ(t, "textetexte");
 }
 
-TEST(Texte, TientDansSeizeOctets) { EXPECT_EQ(sizeof(Texte), 16u); }
+// Les copies partagent le bloc long : changer l'une ne doit jamais toucher les autres.
+TEST(Texte, UneCopieQuiChangeLaisseLesAutres) {
+    const std::string lieu = "Saint-Claude, 39, Jura, Franche-Comt\xE9, France";
+    Texte a(lieu);
+    Texte b = a, c = a, d = a, e;
+    EXPECT_EQ(a.data(), b.data());
+    e = c;
+    e = e;
+    b += ", hameau";
+    c = "court";
+    d = d.vue().substr(6);
+    e = Texte(lieu).vue().substr(0, 20);
+    Texte f = a;
+    f.clear();
+    EXPECT_EQ(a.vue(), lieu);
+    EXPECT_EQ(b.vue(), lieu + ", hameau");
+    EXPECT_EQ(c, "court");
+    EXPECT_EQ(d.vue(), lieu.substr(6));
+    EXPECT_EQ(e.vue(), lieu.substr(0, 20));
+    Texte g = a;
+    a = std::move(g);
+    EXPECT_EQ(a.vue(), lieu);
+}
+
+TEST(Texte, TientDansSeizeOctets) {
+    EXPECT_EQ(sizeof(Texte), 16u);
+}
 
 }  // namespace
 }  // namespace arbolix
