@@ -6,9 +6,9 @@ set -euo pipefail
 paquets=(cmake ninja-build g++ ccache qt6-base-dev qt6-svg-dev libgtest-dev libbenchmark-dev
          libgl-dev xvfb python3)
 if [ "${1:-}" = consommateurs ]; then
-  # gramps relit nos enregistrements ; le reste construit, vérifie et installe le paquet Debian.
-  paquets+=(gramps dpkg-dev lintian desktop-file-utils appstream xdg-utils shared-mime-info
-            libfile-mimeinfo-perl xauth xdotool)
+  # gramps et MariaDB relisent nos sorties ; le reste construit, vérifie et installe le paquet Debian.
+  paquets+=(gramps mariadb-server mariadb-client dpkg-dev lintian desktop-file-utils appstream xdg-utils
+            shared-mime-info libfile-mimeinfo-perl xauth xdotool)
 fi
 if [ "${1:-}" = paquet ]; then
   paquets+=(dpkg-dev)

@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "acts/export_sql.h"
+#include "platform/progression.h"
 #include "store/chaines.h"
 
 namespace arbolix {
@@ -18,6 +20,13 @@ ActionLigneCommande ActionPourFichier(std::string_view fichier) {
     const std::string ext = EnMajuscules(std::filesystem::path(std::string(fichier)).extension().string());
     if (ext.rfind(".TM", 0) == 0) return ActionLigneCommande::ConversionTmao;
     return ActionLigneCommande::Syntaxe;
+}
+
+int LancerExportSql(std::string_view fichier, std::string& message) {
+    Progression muette;
+    const ResultatExportSQL r = ExporterSQL(fichier, muette);
+    message = r.Erreur;
+    return r.Ok ? 0 : 2;
 }
 
 std::string MessageSyntaxe(std::string_view executable) {

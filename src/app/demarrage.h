@@ -18,6 +18,9 @@ enum class ActionLigneCommande { Ouvrir, ExportSql, ConversionTmao, Syntaxe };
 // La ligne de commande sans blancs autour ni guillemets.
 std::string NettoyerLigneCommande(std::string_view ligne);
 ActionLigneCommande ActionPourFichier(std::string_view fichier);
+// arbolix CODE-TITRE.EPA : l'export SQL sans montrer la fiche, avant la fin du programme. Rend
+// le code de sortie : 0, ou 2 quand l'export n'a pas eu lieu, message (1252) qui nomme le fichier.
+int LancerExportSql(std::string_view fichier, std::string& message);
 // Le texte de la boîte "Erreur de syntaxe" ; executable est le chemin du programme.
 std::string MessageSyntaxe(std::string_view executable);
 

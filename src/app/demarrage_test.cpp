@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "aides/dialogue_factice.h"
+#include "aides/dossier_essai.h"
 
 namespace arbolix {
 namespace {
@@ -21,6 +24,20 @@ TEST(Demarrage, LigneDeCommandeSelonExtension) {
     for (const auto& [f, a] : cas) EXPECT_EQ(ActionPourFichier(f), a) << f;
     EXPECT_EQ(MessageSyntaxe("/opt/arbolix/arbolix"),
               "Pour ouvrir un fichier \xE0 partir de la ligne de commande :\r\n/opt/arbolix/arbolix fichier.ged");
+}
+
+TEST(Demarrage, UnFichierEpaEstExporteEnSqlPuisLeProgrammeFinit) {
+    const auto d = essais::DossierEssai("epa");
+    std::filesystem::create_directories(d);
+    std::string message;
+    EXPECT_EQ(LancerExportSql((d / "F54123-Saint_Clement.EPA").string(), message), 2);
+    EXPECT_NE(message.find("F54123-Saint_Clement.ged) n'existe pas"), std::string::npos) << message;
+    std::filesystem::copy_file(std::string(ARBOLIX_DONNEES) + "/sql/F54123-Saint_Clement.ged",
+                               d / "F54123-Saint_Clement.ged");
+    EXPECT_EQ(LancerExportSql("\"" + (d / "F54123-Saint_Clement.EPA").string() + "\"", message), 0)
+        << message;
+    EXPECT_TRUE(std::filesystem::exists(d / "F54123-Saint_Clement.sql"));
+    std::filesystem::remove_all(d);
 }
 
 TEST(Demarrage, TitresSelonEtatDuFichier) {

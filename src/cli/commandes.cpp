@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "cli/communs.h"
+#include "cli/fusion_cli.h"
 #include "cli/parente_cli.h"
+#include "cli/sql_cli.h"
 #include "gedcom/enregistrement.h"
 #include "gedcom/journal_lecture.h"
 #include "gedcom/lecteur.h"
@@ -256,6 +258,14 @@ const std::vector<Commande>& Commandes() {
          [](const Arguments& a, Sorties& s) { return CommandeSosa(a, s.sortie, s.erreurs); }},
         {"parente", "parente FICHIER.ged DECUJUS AUTRE : la liste de parent\xC3\xA9 des deux personnes",
          [](const Arguments& a, Sorties& s) { return CommandeParente(a, s.sortie, s.erreurs); }},
+        {"sql",
+         "sql CODE-TITRE.EPA : le script SQL du livre de familles de CODE-TITRE.ged, \xC3\xA0 c\xC3\xB4t\xC3\xA9",
+         CommandeSql},
+        {"fiche",
+         "fiche dupliquer|supprimer|fusionner ENTREE.ged SORTIE.ged PERSONNE [AUTRE] [--reponses FICHIER] "
+         "[--retirer-unions F,F] [--date JJ/MM/AAAA] : la commande du menu \xC3\x89"
+         "dition, puis SORTIE",
+         CommandeFiche},
     };
     return commandes;
 }

@@ -291,7 +291,7 @@ std::int32_t LecteurGedcom::NumeroTraduit(std::string_view identifiant) {
     return it->second;
 }
 
-std::int32_t LecteurGedcom::NumeroLu(std::string_view s, bool compterPerso, bool renumeroter) {
+std::int32_t LecteurGedcom::NumeroLu(std::string_view s, bool compterPerso, bool renumeroter, Genre genre) {
     const bool omega = ProduitOmega && !s.empty() && s[0] == 'I';
     std::int64_t n = NumeroBrut(s);
     if (n >= 0 && omega) ++n;  // ce producteur numérote ses personnes depuis 0
@@ -300,15 +300,17 @@ std::int32_t LecteurGedcom::NumeroLu(std::string_view s, bool compterPerso, bool
     if (t > kNumeroMaximal) throw ErreurExecution(6, "D\xE9passement de capacit\xE9");
     if (t >= PlafondConv) PlafondConv = (t / 5000 + 1) * 5000;
     if (renumeroter) {
+        auto& conv = ConvNumeros[static_cast<std::size_t>(genre)];
         if (n == 0) {
             n = 1;
-            while (ConvNumeros.count(static_cast<std::int32_t>(n)) && n < base_.MaxFiches && n < PlafondConv)
+            while (conv.numeros.count(static_cast<std::int32_t>(n)) && n < base_.MaxFiches && n < PlafondConv)
                 ++n;
         }
-        auto& c = ConvNumeros[static_cast<std::int32_t>(n)];
+        auto& c = conv.numeros[static_cast<std::int32_t>(n)];
         if (c == 0) {
             if (compterPerso) ++base_.NbPersosReels;
-            c = base_.NbPersosReels;
+            // Les personnes se comptent dans la base ; les autres genres, dans leur propre suite.
+            c = genre == Genre::Personne ? base_.NbPersosReels : ++conv.dernier;
         }
         n = c;
         if (compterPerso) t = base_.NbPersos + n;
@@ -437,7 +439,7 @@ void LecteurGedcom::Lire(std::string contenu) {
 }
 
 void LecteurGedcom::Terminer() {
-    ConvNumeros.clear();
+    ConvNumeros = {};
     tampon_.clear();
     tampon_.shrink_to_fit();
     MontrerProgression();

@@ -1,6 +1,7 @@
 // L'état du lecteur GEDCOM, partagé par ses sections (en-tête, personnes, familles, notes, sources, médias).
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <stdexcept>
@@ -78,7 +79,9 @@ public:
     std::string_view Contexte2() const { return BaliseDe(Ligne2); }
 
     // --- numéros ---
-    std::int32_t NumeroLu(std::string_view s, bool compterPerso, bool renumeroter);
+    // Les genres de fiches : renumérotés, chacun a sa propre suite de numéros.
+    enum class Genre { Personne, Famille, Note, Source, Media, Nombre };
+    std::int32_t NumeroLu(std::string_view s, bool compterPerso, bool renumeroter, Genre genre);
     // Numéro donné à un identifiant qui n'en porte pas d'utilisable (@Abraham_Simpson@,
     // @I152733931767@) : le suivant du plus grand numéro utilisable du fichier.
     std::int32_t NumeroTraduit(std::string_view identifiant);
@@ -119,7 +122,13 @@ public:
     std::int64_t TailleFichier = 0;
     bool ProduitOmega = false;
     bool Renumeroter = false;
-    std::unordered_map<std::int32_t, std::int32_t> ConvNumeros;
+    // Numéro du fichier → numéro renuméroté, par genre : une note @N66@ ne doit pas prendre
+    // le numéro de la personne @I66@, ni deux notes le même.
+    struct Renumerotation {
+        std::unordered_map<std::int32_t, std::int32_t> numeros;
+        std::int32_t dernier = 0;
+    };
+    std::array<Renumerotation, static_cast<std::size_t>(Genre::Nombre)> ConvNumeros;
     std::int64_t PlafondConv = 0;
     std::string DernierLieu;
     // Chaque lieu distinct n'est gardé qu'une fois : les fiches en partagent le texte.

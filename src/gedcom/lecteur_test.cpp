@@ -173,6 +173,29 @@ TEST(Lecteur, RenumerotationSeulementPourLeFichierParDefaut) {
     EXPECT_EQ(defaut.base.NbPersos, 2);
 }
 
+// Chaque genre a sa suite : la note @N66@ vue avant la personne @I66@ ne lui prend pas son
+// numéro, et deux notes vues sous la même personne restent deux notes.
+TEST(Lecteur, RenumerotationGardeChaqueFicheDeChaqueGenre) {
+    const std::string t = Fichier(
+        "0 HEAD|0 @I45@ INDI|1 NAME Marie /Beno\xEEt/|1 NOTE @N66@|1 NOTE @N67@|1 SOUR @S66@|"
+        "1 OBJE @M66@|0 @I66@ INDI|1 NAME Barth\xE9lemy /Laurent/|1 NOTE @N45@|0 @N66@ NOTE premi\xE8re|"
+        "0 @N67@ NOTE deuxi\xE8me|0 @N45@ NOTE troisi\xE8me|0 @S66@ SOUR|1 TITL registre|"
+        "0 @M66@ OBJE|1 FILE a.jpg|0 TRLR|");
+    Lecture l;
+    l.options.FichierDefaut = l.cases.Fichier = "/maison/defaut.ged";
+    l.cases.OptRenum = true;
+    l.Lire(t);
+    EXPECT_EQ(l.base.NbPersosReels, 2);
+    EXPECT_EQ(l.P(1).Nom, "Beno\xEEt");
+    EXPECT_EQ(l.P(2).Nom, "Laurent");
+    EXPECT_EQ(l.P(1).Notes, "@N1@\r\n@N2@\r\n@S1@");
+    EXPECT_EQ(l.P(2).Notes, "@N3@");
+    EXPECT_EQ(l.base.NbNotesReelles, 3);
+    EXPECT_EQ(std::as_const(l.base.Notes)[2].Texte, "deuxi\xE8me");
+    EXPECT_EQ(std::as_const(l.base.Sources)[1].Titre, "registre");
+    EXPECT_EQ(std::as_const(l.base.Medias)[1].Fichiers(1), "a.jpg");
+}
+
 // Annule la lecture au n-ième passage de la pompe d'évènements.
 class ProgressionAnnulee : public Progression {
 public:

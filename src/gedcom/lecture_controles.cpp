@@ -20,7 +20,9 @@ namespace {
 // remplir le journal de millions de fiches vides.
 constexpr int kFichesVidesDetaillees = 1000;
 
-bool ActeVide(const Acte& a) { return a.Date.empty() && a.Lieu.empty(); }
+bool ActeVide(const Acte& a) {
+    return a.Date.empty() && a.Lieu.empty();
+}
 
 bool FicheVide(const Perso& p) {
     return p.Nom.empty() && p.Prenoms.empty() && p.Naissance.Date.empty() && p.Bapteme.Date.empty() &&
@@ -168,7 +170,8 @@ void LecteurGedcom::ControlesApresLecture() {
     contexte_.progression.LaisserPasser();
     for (std::int32_t f = 1; f <= b.NbFamis; ++f) {
         const Fami& fa = std::as_const(b.Familles)[f];
-        const bool unSeul = fa.Mari == 0 || fa.Femme == 0 || std::as_const(b.Persos)[fa.Mari].Prenoms.empty() ||
+        const bool unSeul = fa.Mari == 0 || fa.Femme == 0 ||
+                            std::as_const(b.Persos)[fa.Mari].Prenoms.empty() ||
                             std::as_const(b.Persos)[fa.Femme].Prenoms.empty();
         if (unSeul && !(ActeVide(fa.Mariage) && ActeVide(fa.Contrat) && ActeVide(fa.Divorce)))
             JournaliserLigne("Alerte : la famille " + std::to_string(f) +
@@ -182,19 +185,23 @@ void LecteurGedcom::ControlesApresLecture() {
         if (!pageVierge && !FicheVide(std::as_const(b.Persos)[n])) continue;
         std::int32_t k = n;
         for (; k <= dernier && vides < kFichesVidesDetaillees; ++k, ++vides)
-            JournaliserLigne("Info : la fiche " + std::to_string(k) + " est vide et peut \xEAtre r\xE9utilis\xE9" "e.");
+            JournaliserLigne("Info : la fiche " + std::to_string(k) +
+                             " est vide et peut \xEAtre r\xE9utilis\xE9"
+                             "e.");
         vides += dernier - k + 1;
         n = dernier;
     }
     if (vides > kFichesVidesDetaillees)
         JournaliserLigne("Info : " + std::to_string(vides - kFichesVidesDetaillees) +
-                         " autres fiches sont vides et peuvent \xEAtre r\xE9utilis\xE9" "es.");
+                         " autres fiches sont vides et peuvent \xEAtre r\xE9utilis\xE9"
+                         "es.");
     if (cases_.OptNettoie) Nettoyer();
     // Une fiche INDI lue avec des données mais sans prénom resterait invisible à
     // tous les parcours et serait perdue à l'enregistrement : prénom par défaut.
     for (const std::int32_t n : IndiLus) {
         Perso& p = b.Persos[n];
-        if (n > 0 && p.Prenoms.empty() && PorteDesDonnees(p)) p.Prenoms = contexte_.options.NomPrenomParDefaut;
+        if (n > 0 && p.Prenoms.empty() && PorteDesDonnees(p))
+            p.Prenoms = contexte_.options.NomPrenomParDefaut;
     }
     ArrangerFichiers(*this);
     // Ce qu'un lien 0 a pu écrire dans les fiches vierges est effacé.

@@ -44,7 +44,8 @@ void LecteurGedcom::ReparerProducteur(std::string_view mot) {
         Reparer(tampon_, pos_, {{"DATE @#DJULIAN@", "DATE"}});
     } else if (mot == "GENEATIQUE") {
         Reparer(tampon_, pos_, {{"3 TEXT\r\n", ""}});
-        if (cases_.Temoins) Reparer(tampon_, pos_, {{"2 CONC ASSO ", "2 ASSO "}, {"2 CONT ASSO ", "2 ASSO "}});
+        if (cases_.Temoins)
+            Reparer(tampon_, pos_, {{"2 CONC ASSO ", "2 ASSO "}, {"2 CONT ASSO ", "2 ASSO "}});
         Reparer(tampon_, pos_,
                 {{"2 CONC ASSO ", "2 IGNOR "},
                  {"2 CONT ASSO ", "2 IGNOR "},
@@ -92,12 +93,15 @@ void LecteurGedcom::LigneEntete() {
     } else if (Balise == "VERS") {
         if (Contexte1() == "GEDC" && !Comme(std::string(Gauche(v, 4)) + ".", "5.5.*"))
             JournaliserLigne("Alerte : le fichier utilise la norme gedcom " + v +
-                             " au lieu de 5.5 ; certaines donn\xE9" "es risquent d'\xEAtre mal ou pas reconnues.");
+                             " au lieu de 5.5 ; certaines donn\xE9"
+                             "es risquent d'\xEAtre mal ou pas reconnues.");
     } else if (Balise == "FORM") {
         if (EnMajuscules(Remplacer(v, " ", "")) != "LINEAGE-LINKED" && Contexte1() != "PLAC")
             JournaliserLigne("Alerte: le fichier utilise les liens " + v +
-                             " au lieu des liens standards ; certaines donn\xE9" "es risquent d'\xEAtre mal "
-                             "reconnues ou pas du tout import\xE9" "es.");
+                             " au lieu des liens standards ; certaines donn\xE9"
+                             "es risquent d'\xEAtre mal "
+                             "reconnues ou pas du tout import\xE9"
+                             "es.");
     } else if (Balise == "NOTE" || Balise == "CONT" || Balise == "CONC") {
         if (!cases_.Notes || v.empty()) return;
         Texte& note = base_.Notes[-1].Texte;
@@ -113,7 +117,7 @@ void LecteurGedcom::LigneEntete() {
         const std::string mot = EnMajuscules(v.substr(0, v.find(' ')));
         ReparerProducteur(mot);
     } else if (Balise == "SUBM") {
-        base_.Persos[-1].Unions[0] = NumeroLu(Depuis(v, 2), false, false);
+        base_.Persos[-1].Unions[0] = NumeroLu(Depuis(v, 2), false, false, Genre::Personne);
     } else if (Balise == "DATE") {
         // Date du fichier : celle de la dernière modification du généalogiste ; incomplète, rien ne change.
         const auto d = LireDate(LireDateLigne(v, base_.ActeCourant));

@@ -15,7 +15,8 @@ void LecteurGedcom::SectionNote(bool source) {
     if (EntreeDeFiche()) {
         NouvelleFiche();
         SousPiege([this, source, &n] {
-            const std::int32_t lu = NumeroLu(Depuis(Ligne0, 4), false, Renumeroter);
+            const std::int32_t lu =
+                NumeroLu(Depuis(Ligne0, 4), false, Renumeroter, source ? Genre::Source : Genre::Note);
             n = (source ? DecalageSources : DecalageNotes) + lu;
             AssurerPlace(base_, n);
             if (source) {
@@ -260,7 +261,7 @@ void LecteurGedcom::LigneMedia(std::int32_t g) {
                              "dias reli\xE9s \xE0 cette personne.");
     } else if (Balise == "FAM") {
         if (!EstPointeur(v)) return;
-        const std::int32_t f = DecalageFamilles + NumeroLu(Depuis(v, 2), false, Renumeroter);
+        const std::int32_t f = DecalageFamilles + NumeroLu(Depuis(v, 2), false, Renumeroter, Genre::Famille);
         PlacerDansObjet(*this, o.LiensFamis, f, g, "la famille",
                         "familles reli\xE9"
                         "es");

@@ -31,7 +31,9 @@ void AssurerPlace(Base& base, std::int64_t numero) {
 std::string LienLu(LecteurGedcom& l, std::string_view pointeur, char genre) {
     const std::int32_t decalage = genre == 'N' ? l.DecalageNotes : l.DecalageSources;
     const std::int64_t n =
-        static_cast<std::int64_t>(decalage) + l.NumeroLu(Depuis(pointeur, 2), false, l.Renumeroter);
+        static_cast<std::int64_t>(decalage) +
+        l.NumeroLu(Depuis(pointeur, 2), false, l.Renumeroter,
+                   genre == 'N' ? LecteurGedcom::Genre::Note : LecteurGedcom::Genre::Source);
     AssurerPlace(l.base_, n);
     std::string lien = "@";
     lien += genre;
@@ -113,8 +115,8 @@ std::int32_t NumeroLibre(LecteurGedcom& l) {
 }  // namespace
 
 std::int32_t MediaDuPointeur(LecteurGedcom& l, std::string_view pointeur) {
-    const std::int64_t m =
-        static_cast<std::int64_t>(l.DecalageMedias) + l.NumeroLu(Depuis(pointeur, 2), false, l.Renumeroter);
+    const std::int64_t m = static_cast<std::int64_t>(l.DecalageMedias) +
+                           l.NumeroLu(Depuis(pointeur, 2), false, l.Renumeroter, LecteurGedcom::Genre::Media);
     AssurerPlace(l.base_, m);
     const auto n = static_cast<std::int32_t>(m);
     if (std::as_const(l.base_.Medias)[n].Local != 0) DeplacerObjetLocal(l, n, NumeroLibre(l));
@@ -165,7 +167,7 @@ void LecteurGedcom::PreparerLigne() {
 }
 
 std::int32_t LecteurGedcom::PersonneDuPointeur(std::string_view pointeur) {
-    const std::int32_t n = NumeroLu(Depuis(pointeur, 2), Renumeroter, Renumeroter);
+    const std::int32_t n = NumeroLu(Depuis(pointeur, 2), Renumeroter, Renumeroter, Genre::Personne);
     const std::int64_t t = static_cast<std::int64_t>(base_.NbPersos) + n;
     AssurerPlace(base_, t);
     if (t > MaxPersos) MaxPersos = static_cast<std::int32_t>(t);

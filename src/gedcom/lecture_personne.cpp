@@ -578,7 +578,7 @@ void LecteurGedcom::SectionPersonne() {
             const std::string_view id = Depuis(Ligne0, 4);
             if (Droite(Ligne0, 4) == "INDI") {
                 base_.NumCourant = 0;  // un numéro illisible envoie ses lignes à la fiche vierge
-                base_.NumCourant = base_.NbPersos + NumeroLu(id, true, Renumeroter);
+                base_.NumCourant = base_.NbPersos + NumeroLu(id, true, Renumeroter, Genre::Personne);
                 IndiLus.push_back(base_.NumCourant);
                 NoterPrefixe(id, false);
                 if (base_.NbPersosReels % 500 == 0 || base_.NumCourant == 1) MontrerProgression();
@@ -589,7 +589,8 @@ void LecteurGedcom::SectionPersonne() {
                 // Un autre généalogiste que celui de l'en-tête : ses lignes vont à la
                 // fiche vierge, jamais dans la dernière personne lue.
                 base_.NumCourant = 0;
-                if (NumeroLu(id, false, false) == base_.Persos[-1].Unions[0]) base_.NumCourant = -1;
+                if (NumeroLu(id, false, false, Genre::Personne) == base_.Persos[-1].Unions[0])
+                    base_.NumCourant = -1;
             }
         });
         Avancer(kAlerteFinPersonne);

@@ -100,6 +100,7 @@ Fiche::Fiche(QWidget* parent)
             [this](QListWidgetItem* i) { DoubleCliquerListeNumero(ui_->Enfant, ui_->Enfant->row(i)); });
     BrancherDivers();
     BrancherVerifier();
+    BrancherFusion();
     BrancherSelection();
     connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
     connect(ui_->MenuNotesFichier, &QAction::triggered, this, &Fiche::MenuNotesFichier);

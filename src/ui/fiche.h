@@ -102,6 +102,10 @@ public slots:
     void MenuConvNSExtInt();
     // Les pages d'aide dans le navigateur (fiche_aide.cpp) : menu Aide et F1.
     void MenuAide();
+    // Menu Édition (fiche_fusion.cpp).
+    void MenuDupliquer();
+    void MenuSupprimer();
+    void MenuFusionner();
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -129,6 +133,8 @@ private:
     void BrancherDivers();    // fiche_divers.cpp
     void BrancherVerifier();  // fiche_verifier.cpp
     void BrancherAide();      // fiche_aide.cpp
+    void BrancherFusion();    // fiche_fusion.cpp
+    void MontrerApresCommande(std::int32_t n);
     void CreerMenuImage();
     void PoserDivers();
     void ActualiserDivers();

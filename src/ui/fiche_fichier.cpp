@@ -171,7 +171,7 @@ void Fiche::MettreEnPlaceFichier(std::int32_t premiere) {
     for (QAction* a : {ui_->MenuListePersos, ui_->MenuListeFamis, ui_->MenuListeNotes, ui_->MenuListeSources,
                        ui_->MenuListeFichiers, ui_->MenuFichesRecentes})
         a->setEnabled(true);
-    for (int i : {5, 6, 7, 8, 19})
+    for (int i : {5, 6, 7, 8, 10, 19})
         if (auto* a = findChild<QAction*>(QString("IcoCommande%1").arg(i))) a->setEnabled(true);
     findChild<QAction*>("IcoCommande1")->setVisible(false);
     findChild<QAction*>("IcoCommande2")->setToolTip("Importer un fichier...");

@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "app/demarrage.h"
+#include "platform/qt_texte.h"
 #include "ui/fiche.h"
 
 int main(int argc, char** argv) {
@@ -14,10 +15,17 @@ int main(int argc, char** argv) {
     QGuiApplication::setDesktopFileName("fr.arbolix.Arbolix");
     std::string ligne;
     for (int i = 1; i < argc; ++i) ligne += (i > 1 ? " " : "") + std::string(argv[i]);
+    const std::string fichier = arbolix::NettoyerLigneCommande(ligne);
+    // Un livre .EPA part en SQL sans montrer la fiche, et le programme s'arrête là.
+    if (arbolix::ActionPourFichier(fichier) == arbolix::ActionLigneCommande::ExportSql) {
+        std::string message;
+        const int code = arbolix::LancerExportSql(fichier, message);
+        if (code != 0) QMessageBox::critical(nullptr, "Arbolix", arbolix::VersQString(message));
+        return code;
+    }
     try {
         arbolix::Fiche fiche;
-        fiche.Demarrer(arbolix::NettoyerLigneCommande(ligne),
-                       QCoreApplication::applicationFilePath().toStdString());
+        fiche.Demarrer(fichier, QCoreApplication::applicationFilePath().toStdString());
         return QApplication::exec();
     } catch (const std::exception& e) {
         // Le piège du sommet : le texte de l'erreur à l'utilisateur.

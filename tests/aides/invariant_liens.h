@@ -1,9 +1,11 @@
-// Vérifie dans toute une base que les retours de liens des notes, sources et objets médias suivent les champs.
+// Vérifie dans toute une base que les retours de liens des notes, sources et objets médias suivent les
+// champs.
 #pragma once
 
 #include <algorithm>
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -27,6 +29,14 @@ public:
     std::string Ecarts() {
         Compter();
         std::string r;
+        // Les fiches qui tiennent des places, puis celles que des liens attendent sans place :
+        // une fiche sans place ni lien ne coûte rien (les essais la vérifient à chaque pas).
+        std::set<Cle> vues;
+        const auto voir = [&](char genre, std::int32_t n, bool famille, const Places& places) {
+            if (places.empty()) return;
+            vues.insert({genre, n, famille});
+            r += Comparer(genre, n, famille, places);
+        };
         for (char genre : {'N', 'S'}) {
             const auto& t = genre == 'N' ? base_.Notes : base_.Sources;
             for (std::int32_t n = 1; n <= t.Haut(); ++n) {
@@ -34,8 +44,8 @@ public:
                     n = t.FinDePage(n);
                     continue;
                 }
-                r += Comparer(genre, n, false, t[n].LiensPersos);
-                r += Comparer(genre, n, true, t[n].LiensFamis);
+                voir(genre, n, false, t[n].LiensPersos);
+                voir(genre, n, true, t[n].LiensFamis);
             }
         }
         for (std::int32_t m = 1; m <= base_.Medias.Haut(); ++m) {
@@ -43,13 +53,24 @@ public:
                 m = base_.Medias.FinDePage(m);
                 continue;
             }
-            r += Comparer('M', m, false, base_.Medias[m].LiensPersos);
+            voir('M', m, false, base_.Medias[m].LiensPersos);
+        }
+        const Places aucune;
+        for (const auto& [cle, voulues] : occ_) {
+            const auto [genre, n, famille] = cle;
+            const bool ecrite = genre == 'M'
+                                    ? n >= 1 && n <= base_.Medias.Haut() && !base_.Medias.PageVierge(n)
+                                    : n >= 1 && n <= (genre == 'N' ? base_.Notes : base_.Sources).Haut() &&
+                                          !(genre == 'N' ? base_.Notes : base_.Sources).PageVierge(n);
+            if (ecrite && !(genre == 'M' && famille) && !vues.count(cle))
+                r += Comparer(genre, n, famille, aucune);
         }
         return r;
     }
 
 private:
     using Cle = std::tuple<char, std::int32_t, bool>;  // genre, numéro, famille
+    using Places = Emplacements<std::int32_t, 1, kMaxLiens>;
 
     static std::int32_t Numero(std::string_view v, char genre) {
         while (!v.empty() && v.front() == ' ') v.remove_prefix(1);
@@ -98,7 +119,8 @@ private:
         const std::map<std::int32_t, int> vide;
         const auto& voulues = trouve == occ_.end() ? vide : trouve->second;
         std::string r;
-        const std::string nom = std::string(1, genre) + std::to_string(n) + (famille ? " familles" : " personnes");
+        const std::string nom =
+            std::string(1, genre) + std::to_string(n) + (famille ? " familles" : " personnes");
         int liens = 0;
         for (const auto& [qui, k] : voulues) liens += k;
         for (const auto& [qui, k] : tenues) {
