@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <ctime>
 
 namespace arbolix::bench {
 
@@ -15,6 +16,20 @@ public:
 
 private:
     std::chrono::steady_clock::time_point debut_;
+};
+
+// Temps processeur depuis l'appel précédent (ou la création) : la machine des essais est
+// partagée, le temps écoulé seul ne dit pas ce que coûte une étape.
+class Processeur {
+public:
+    double operator()() {
+        const std::clock_t avant = dernier_;
+        dernier_ = std::clock();
+        return static_cast<double>(dernier_ - avant) / CLOCKS_PER_SEC;
+    }
+
+private:
+    std::clock_t dernier_ = std::clock();
 };
 
 // Mémoire résidente de pointe, en mégaoctets.

@@ -2,7 +2,6 @@
 #include "verify/verification.h"
 
 #include <cstdio>
-#include <ctime>
 #include <string>
 
 #include "charger.h"
@@ -21,13 +20,7 @@ int main(int argc, char** argv) {
     std::printf("lecture : %.2f s, %d personnes, %d familles\n", lecture.Secondes(), base.NbPersosReels,
                 base.NbFamisReels);
 
-    // Le temps processeur à côté du temps écoulé : la machine des essais est partagée.
-    std::clock_t cpu = std::clock();
-    const auto processeur = [&cpu] {
-        const std::clock_t avant = cpu;
-        cpu = std::clock();
-        return static_cast<double>(cpu - avant) / CLOCKS_PER_SEC;
-    };
+    bench::Processeur processeur;
     const Options options;
     Progression muette;
     bench::Chrono verification;
