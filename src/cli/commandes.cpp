@@ -7,6 +7,7 @@
 
 #include "cli/actes_cli.h"
 #include "cli/communs.h"
+#include "cli/exporter_cli.h"
 #include "cli/fusion_cli.h"
 #include "cli/mel_cli.h"
 #include "cli/parente_cli.h"
@@ -258,6 +259,7 @@ const std::vector<Commande>& Commandes() {
          "sosa FICHIER.ged [PERSONNE] [--max-gen N] : les ascendants num\xC3\xA9rot\xC3\xA9s, une ligne par "
          "visite",
          [](const Arguments& a, Sorties& s) { return CommandeSosa(a, s.sortie, s.erreurs); }},
+        {"exporter", kAideExporter, CommandeExporter},
         {"parente", "parente FICHIER.ged DECUJUS AUTRE : la liste de parent\xC3\xA9 des deux personnes",
          [](const Arguments& a, Sorties& s) { return CommandeParente(a, s.sortie, s.erreurs); }},
         {"sql",

@@ -69,6 +69,11 @@ struct OptionsExport {
     bool OptNumUniq = false;
     bool Toutes = false;
     bool OptionDatesAnnees = false;  // non enregistré
+    // Les champs de texte du dialogue, non enregistrés : chemin du fichier (UTF-8), titre et
+    // texte complémentaire (1252, lignes séparées par CR LF).
+    std::string FichierExport;
+    std::string TitreExport;
+    std::string TexteComp;
 };
 
 // Position de la fenêtre Personne, en twips comme l'ancien fichier.

@@ -102,6 +102,7 @@ Fiche::Fiche(QWidget* parent)
     BrancherFusion();
     BrancherSelection();
     BrancherActes();
+    BrancherExports();
     connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
     connect(ui_->MenuNotesFichier, &QAction::triggered, this, &Fiche::MenuNotesFichier);
     connect(ui_->MenuImportFichiers, &QAction::triggered, this, [this] { MenuImportFichiers({}); });

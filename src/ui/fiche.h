@@ -61,6 +61,7 @@ public:
     void RemplacerDialogue(Dialogue* d) { dialogue_ = d; }
     void RemplacerInviter(Inviter i) { inviter_ = std::move(i); }
     void RemplacerChoisir(Choisir c) { choisir_ = std::move(c); }
+    void RemplacerIni(std::filesystem::path ini) { ini_ = std::move(ini); }
 
     // Lit le fichier gedcom().Fichier avec ses cases ; rend faux s'il n'a pas pu l'être.
     bool ChargerFichier(Progression& progression);
@@ -105,6 +106,8 @@ public slots:
     void MenuDupliquer();
     void MenuSupprimer();
     void MenuFusionner();
+    // Les rapports (fiche_exports.cpp) : index de MenuExport.
+    void MenuExport(int i);
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -133,6 +136,7 @@ private:
     void BrancherVerifier();  // fiche_verifier.cpp
     void BrancherFusion();    // fiche_fusion.cpp
     void MontrerApresCommande(std::int32_t n);
+    void BrancherExports();   // fiche_exports.cpp
     void CreerMenuImage();
     void PoserDivers();
     void ActualiserDivers();

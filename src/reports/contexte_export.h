@@ -1,0 +1,78 @@
+// Ce qu'un rapport reçoit : la base, les réglages, les cases du dialogue Exports, la date du jour,
+// l'annulation.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "dates/calendrier_gregorien.h"
+#include "platform/progression.h"
+#include "store/base.h"
+#include "store/options.h"
+
+namespace arbolix {
+
+// Index de MenuExport : le genre du rapport.
+enum TypeExport : int {
+    kLigneDeVie = 1,
+    kAscendance = 2,
+    kDescendance = 3,
+    kActes = 4,
+    kAdresses = 5,
+    kEclair = 6,
+    kLivre = 8,
+    kPagesHtml = 9,
+    kIsoles = 10,
+};
+
+struct ContexteExport {
+    Base& base;
+    const Options& options;
+    const OptionsExport& exports;
+    // « Aujourd'hui » est donné, jamais lu de l'horloge : deux passes écrivent les mêmes octets.
+    DateCalendrier aujourdhui{};
+    Progression* progression = nullptr;
+    int TypeExport = 0;
+    int FormatExport = 1;
+    std::int32_t NumPerso = 0;                 // la personne de la fiche
+    std::string FichierGedcom{};               // tel que le dialogue Gedcom le montre (1252)
+    std::string LibelleSel = "Toute la base";  // ce que la sélection active est (1252)
+};
+
+// Lancée quand l'utilisateur annule : le rapport s'arrête au tour de boucle suivant et
+// LancerExport la reçoit ; rien n'est écrit.
+struct ExportAnnule {};
+
+// Laisse passer les évènements de temps en temps et lance ExportAnnule sur demande.
+void TourDeBoucle(const ContexteExport& ctx, std::uint32_t tour);
+
+// Le texte d'un rapport en 1252, lignes terminées par CR LF, comme l'imprime le runtime :
+// Ligne ajoute la fin de ligne, Texte non ; une ligne vide après un texte ne fait que le finir.
+class TexteRapport {
+public:
+    void Texte(std::string_view t) {
+        octets_.append(t);
+        ouverte_ = ouverte_ || !t.empty();
+        if (t.size() >= 2 && t.substr(t.size() - 2) == "\r\n") ouverte_ = false;
+    }
+    void Ligne(std::string_view t = {}) {
+        octets_.append(t).append("\r\n");
+        ouverte_ = false;
+    }
+    // Le fichier finit toujours sur une fin de ligne.
+    std::string Fermer() {
+        if (ouverte_) Ligne();
+        return std::move(octets_);
+    }
+    std::string& Octets() { return octets_; }
+
+private:
+    std::string octets_;
+    bool ouverte_ = false;
+};
+
+// La date du jour sous la forme courte "jj/mm/aaaa" des en-têtes.
+std::string DateDuRapport(const ContexteExport& ctx);
+
+}  // namespace arbolix
