@@ -1,5 +1,6 @@
 #include "tools/recherche_web.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "platform/cp1252.h"
@@ -69,6 +70,15 @@ std::vector<std::string> LignesWeb(std::string_view texte, Dialogue& dialogue) {
 std::string HoteWeb(std::string_view ligne) {
     if (const std::size_t p = ligne.find("://"); p != std::string_view::npos) ligne.remove_prefix(p + 3);
     return std::string(ligne.substr(0, ligne.find_first_of("/?#")));
+}
+
+std::vector<std::string> RangeesWeb(const std::vector<std::string>& lignes) {
+    std::vector<std::string> hotes;
+    for (const auto& l : lignes) hotes.push_back(HoteWeb(l));
+    std::vector<std::string> rangees;
+    for (std::size_t i = 0; i < lignes.size(); ++i)
+        rangees.push_back(std::count(hotes.begin(), hotes.end(), hotes[i]) > 1 ? lignes[i] : hotes[i]);
+    return rangees;
 }
 
 std::string EncoderPourcent(std::string_view utf8) {

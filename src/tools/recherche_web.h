@@ -38,6 +38,9 @@ std::vector<std::string> LignesWeb(std::string_view texte, Dialogue& dialogue);
 
 // Ce que la liste montre d'une ligne : son hôte.
 std::string HoteWeb(std::string_view ligne);
+// Les rangées de la liste "web", une par ligne : l'hôte, ou la ligne entière quand deux lignes
+// ont le même hôte, pour que la rangée choisie désigne sa ligne.
+std::vector<std::string> RangeesWeb(const std::vector<std::string>& lignes);
 
 // UTF-8 encodé pour une adresse : lettres, chiffres et "-._~" restent, le reste devient %XX.
 std::string EncoderPourcent(std::string_view utf8);

@@ -55,6 +55,8 @@ TEST(RechercheWeb, LignesDesOptions) {
     }
     EXPECT_EQ(HoteWeb("https://www.geneanet.org/fonds/individus/?go=1"), "www.geneanet.org");
     EXPECT_EQ(HoteWeb("http://b.fr?q=1"), "b.fr");
+    EXPECT_EQ(RangeesWeb({"https://a.fr/1", "https://b.fr/x", "https://a.fr/2"}),
+              (std::vector<std::string>{"https://a.fr/1", "b.fr", "https://a.fr/2"}));
 }
 
 }  // namespace
