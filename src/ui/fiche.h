@@ -114,6 +114,7 @@ public slots:
     void VerifierMiseAJour();
     void VerifierMiseAJourAuDemarrage();
     void BoutonAnnuaire();
+    void BoutonBaseWeb(const std::string& lieu, const std::string& date, const QString& legende);
 
 protected:
     void closeEvent(QCloseEvent* e) override;

@@ -44,6 +44,12 @@ void Fiche::RechercherSurLeWeb(const std::string& liste, const QString& legende,
     dialogue_->OuvrirDansProgramme(RemplirLigneWeb(lignes[choisie], valeurs));
 }
 
+void Fiche::BoutonBaseWeb(const std::string& lieu, const std::string& date, const QString& legende) {
+    const ValeursWeb v = ValeursBaseWeb(DepuisQString(ui_->Nom->currentText()),
+                                        DepuisQString(ui_->Prenoms->currentText()), lieu, date);
+    RechercherSurLeWeb(options_.LiensWeb[0], legende, v);
+}
+
 void Fiche::BoutonAnnuaire() {
     const ValeursWeb v =
         ValeursAnnuaire(DepuisQString(ui_->Nom->currentText()), DepuisQString(ui_->Prenoms->currentText()),

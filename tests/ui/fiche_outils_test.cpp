@@ -11,7 +11,9 @@
 
 #include "aides/dialogue_factice.h"
 #include "platform/progression.h"
+#include "platform/qt_texte.h"
 #include "tools/mise_a_jour.h"
+#include "ui/evenement.h"
 #include "ui/fiche.h"
 
 using namespace arbolix;
@@ -74,10 +76,9 @@ private slots:
         e.fiche.options().LiensWeb[1] = "www.annuaire.fr/r?qui=%nom&p=%prenom&ou=%comn&d=%dept";
         QTest::mouseClick(e.W<QPushButton>("BoutonAnnuaire"), Qt::LeftButton);
         QVERIFY(e.listes.empty());
-        QCOMPARE(
-            e.d.ouverts,
-            (std::vector<std::string>{"https://www.annuaire.fr/"
-                                      "r?qui=L%C3%89VY%20%26%20FILS&p=Zo%C3%A9&ou=Saint-%C3%89tienne&d=42"}));
+        QCOMPARE(e.d.ouverts, (std::vector<std::string>{
+                                  "https://www.annuaire.fr/"
+                                  "r?qui=L%C3%89VY%20%26%20FILS&p=Zo%C3%A9&ou=Saint-%C3%89tienne&d=42"}));
         // Deux lignes : la liste "web" par hôte, titrée de la légende du bouton sans « & ».
         e.fiche.options().LiensWeb[1] = "https://a.fr/?n=%nom\r\nhttps://b.fr/?v=%comn";
         e.choix = "b.fr";
@@ -95,6 +96,31 @@ private slots:
         QCOMPARE(e.d.ouverts.size(), std::size_t{2});
         QCOMPARE(e.d.messages.size(), std::size_t{1});
         QCOMPARE(e.d.messages[0].titre, std::string("Param\xE8tre manquant"));
+    }
+
+    void BaseWebDepuisLEvenement() {
+        QTemporaryDir dossier;
+        FicheEssai e;
+        QVERIFY(e.Ouvrir(Ecrire(dossier, "arbre.ged", kArbre)));
+        e.Remplir();
+        // L'éditeur d'évènement passe le lieu et la date qu'il montre.
+        std::vector<std::string> recus;
+        ServicesEvenement s;
+        s.baseWeb = [&](const std::string& lieu, const std::string& date, const QString& legende) {
+            recus = {lieu, date, DepuisQString(legende)};
+        };
+        FenetreEvenement fenetre(e.fiche.base(), e.fiche.options(), e.d, s);
+        QVERIFY(fenetre.OuvrirActe('N', 1, 0, "Naissance"));
+        fenetre.findChild<QLineEdit*>("Date")->setText("vers 1850");
+        fenetre.findChild<QComboBox*>("Lieu")->setCurrentText(QString::fromUtf8("Béziers"));
+        QTest::mouseClick(fenetre.findChild<QPushButton*>("BoutonBaseWeb"), Qt::LeftButton);
+        QCOMPARE(recus, (std::vector<std::string>{"B\xE9ziers", "vers 1850", "Base &web..."}));
+        // La fiche y joint le nom et le premier prénom ; %debut et %fin encadrent l'année.
+        e.fiche.options().LiensWeb[0] = "https://b.fr/?n=%nom&p=%prenom&l=%comn&a=%debut-%fin";
+        e.fiche.BoutonBaseWeb(recus[0], recus[1], "Base &web...");
+        QCOMPARE(e.d.ouverts,
+                 (std::vector<std::string>{
+                     "https://b.fr/?n=L%C3%89VY%20%26%20FILS&p=Zo%C3%A9&l=B%C3%A9ziers&a=1840-1860"}));
     }
 
     void MiseAJourOuvreLaPageDeVersion() {
