@@ -1,11 +1,17 @@
 #!/usr/bin/env bash
 # Installe les paquets Debian qui manquent pour construire et tester Arbolix.
 # scripts/paquets.sh consommateurs : aussi les programmes qui relisent nos sorties dans les tests.
+# scripts/paquets.sh paquet : aussi de quoi faire le paquet Debian (dpkg-shlibdeps).
 set -euo pipefail
 paquets=(cmake ninja-build g++ ccache qt6-base-dev qt6-svg-dev libgtest-dev libbenchmark-dev
          libgl-dev xvfb python3)
 if [ "${1:-}" = consommateurs ]; then
-  paquets+=(gramps mariadb-server mariadb-client)
+  # gramps et MariaDB relisent nos sorties ; le reste construit, vérifie et installe le paquet Debian.
+  paquets+=(gramps mariadb-server mariadb-client dpkg-dev lintian desktop-file-utils appstream xdg-utils
+            shared-mime-info libfile-mimeinfo-perl xauth xdotool)
+fi
+if [ "${1:-}" = paquet ]; then
+  paquets+=(dpkg-dev)
 fi
 manquants=()
 for p in "${paquets[@]}"; do

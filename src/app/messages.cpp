@@ -3,7 +3,8 @@
 #include <array>
 #include <fstream>
 #include <iterator>
-#include <system_error>
+
+#include "app/partage.h"
 
 namespace arbolix {
 namespace {
@@ -32,13 +33,7 @@ constexpr std::array<BlocFenetre, 12> kBlocs{{
 }  // namespace
 
 fs::path CheminMessages(const fs::path& dossierExecutable, int codeLangue) {
-    const std::string nom = "messages" + std::to_string(codeLangue) + ".txt";
-    std::error_code ec;
-    const fs::path aCote = dossierExecutable / nom;
-    if (fs::exists(aCote, ec)) return aCote;
-    const fs::path installe = dossierExecutable / ".." / "share" / "arbolix" / nom;
-    if (fs::exists(installe, ec)) return installe.lexically_normal();
-    return aCote;
+    return CheminPartage(dossierExecutable, "messages" + std::to_string(codeLangue) + ".txt");
 }
 
 int BaseFenetre(std::string_view nom) {

@@ -8,23 +8,13 @@
 #include <string>
 #include <vector>
 
+#include "aides/lancer_cli.h"
+
 namespace arbolix::cli {
 namespace {
 
-struct Appel {
-    int code;
-    std::string sortie;
-    std::string erreurs;
-};
-
-Appel Lancer(std::vector<std::string> args) {
-    args.insert(args.begin(), "arbolix-cli");
-    std::vector<char*> argv;
-    for (auto& a : args) argv.push_back(a.data());
-    std::ostringstream sortie, erreurs;
-    const int code = Executer(static_cast<int>(argv.size()), argv.data(), sortie, erreurs);
-    return {code, sortie.str(), erreurs.str()};
-}
+using essai::Appel;
+using essai::Lancer;
 
 std::string FichierTemporaire(const std::string& nom, const std::string& contenu) {
     const auto chemin = std::filesystem::temp_directory_path() / nom;

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "aides/dossier_essai.h"
+#include "aides/lancer_cli.h"
 #include "cli/commandes.h"
 #include "gedcom/comparaison_test.h"
 
@@ -17,19 +18,8 @@ namespace fs = std::filesystem;
 const fs::path kDonnees = fs::path(ARBOLIX_DONNEES) / "rapports";
 const std::string kRiche = (kDonnees / "riche.ged").string();
 
-struct Appel {
-    int code;
-    std::string sortie, erreurs;
-};
-
-Appel Lancer(std::vector<std::string> args) {
-    args.insert(args.begin(), "arbolix-cli");
-    std::vector<char*> argv;
-    for (auto& a : args) argv.push_back(a.data());
-    std::ostringstream sortie, erreurs;
-    const int code = Executer(static_cast<int>(argv.size()), argv.data(), sortie, erreurs);
-    return {code, sortie.str(), erreurs.str()};
-}
+using essai::Appel;
+using essai::Lancer;
 
 struct CliExporter : ::testing::Test {
     fs::path dossier = essais::DossierEssai("exporter");

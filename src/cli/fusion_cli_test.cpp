@@ -8,6 +8,7 @@
 
 #include "aides/dossier_essai.h"
 #include "aides/invariants_base.h"
+#include "aides/lancer_cli.h"
 #include "cli/commandes.h"
 #include "gedcom/lecture_essai.h"
 
@@ -16,19 +17,8 @@ namespace {
 
 const std::string kDoublons = std::string(ARBOLIX_DONNEES) + "/fusion/doublons.ged";
 
-struct Appel {
-    int code;
-    std::string sortie, erreurs;
-};
-
-Appel Lancer(std::vector<std::string> args) {
-    args.insert(args.begin(), "arbolix-cli");
-    std::vector<char*> argv;
-    for (auto& a : args) argv.push_back(a.data());
-    std::ostringstream sortie, erreurs;
-    const int code = Executer(static_cast<int>(argv.size()), argv.data(), sortie, erreurs);
-    return {code, sortie.str(), erreurs.str()};
-}
+using essai::Appel;
+using essai::Lancer;
 
 struct Dossier {
     std::filesystem::path d = essais::DossierEssai("fiche");

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "aides/lancer_cli.h"
 #include "cli/commandes.h"
 
 namespace arbolix::cli {
@@ -13,19 +14,8 @@ namespace {
 
 const std::string kCousins = std::string(ARBOLIX_DONNEES) + "/parente/cousins.ged";
 
-struct Appel {
-    int code;
-    std::string sortie, erreurs;
-};
-
-Appel Lancer(std::vector<std::string> args) {
-    args.insert(args.begin(), "arbolix-cli");
-    std::vector<char*> argv;
-    for (auto& a : args) argv.push_back(a.data());
-    std::ostringstream sortie, erreurs;
-    const int code = Executer(static_cast<int>(argv.size()), argv.data(), sortie, erreurs);
-    return {code, sortie.str(), erreurs.str()};
-}
+using essai::Appel;
+using essai::Lancer;
 
 TEST(CliParente, SosaUneLigneParVisiteAvecLesImplexes) {
     const Appel a = Lancer({"sosa", kCousins});

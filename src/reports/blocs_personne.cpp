@@ -109,8 +109,20 @@ void EcrireTemoins(const ContexteExport& ctx, const Acte& a, std::string_view ti
     f.Texte(std::string(avant) + std::string(titre));
     for (const auto& [i, t] : l.Temoins) {
         if (i < 1 || t <= 0) continue;
-        std::string s = std::string(avant) + LigneListe(ctx.base, ctx.options, t);
         const Perso& p = PersoLu(ctx.base, t);
+        if (p.Nom.empty() && p.Prenoms.empty()) continue;
+        // La ligne de la liste, mais ses dates passent le filtre : un témoin vivant garde les
+        // siennes pour lui, comme la personne du bloc.
+        std::string s = std::string(avant) + p.Nom + " " + p.Prenoms;
+        const auto date = [&](std::string_view symbole, const Acte& a, int indice) {
+            const std::string d =
+                DateConfidentielle(a.Date.vue(), indice, false, ctx.exports, ctx.aujourdhui.annee);
+            if (!d.empty()) s.append(" ").append(symbole).append(d);
+        };
+        date(ctx.options.SymbNais, p.Naissance, 0);
+        date(ctx.options.SymbDece, p.Deces, 1);
+        if (const Texte& sosa = p.Suite().NumSosa[0]; SosaPositif(sosa.vue()))
+            s.append(" S").append(sosa.vue());
         if (!p.Metier.empty()) s += ", " + p.Metier;
         if (const Texte& role = l.RolesTemoins(i); !role.empty()) s += ", " + role;
         f.Texte(s);

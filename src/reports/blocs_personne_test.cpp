@@ -65,9 +65,14 @@ TEST_F(Blocs, DateRepublicaineDevantLaDate) {
 TEST_F(Blocs, TemoinsEtParrains) {
     l.Lire(
         "0 @I1@ INDI|1 NAME A /B/|1 CHR|2 DATE 1750|2 ASSO @I2@|3 RELA parrain|"
-        "0 @I2@ INDI|1 NAME Jean /HENRY/|1 OCCU vigneron");
+        "0 @I2@ INDI|1 NAME Jean /HENRY/|1 OCCU vigneron|1 BIRT|2 DATE 1730|"
+        "0 @I3@ INDI|1 NAME Luc /MARTIN/|1 BIRT|2 DATE 3 MAR 2001|1 DEAT|2 DATE 1760|1 BAPM|2 DATE 1820|"
+        "2 ASSO @I2@|2 ASSO @I3@");
     const Perso& p = l.Pe(1);
-    EXPECT_EQ(Actes(Acte{}, p.Bapteme), "/b 1750|Parrain, marraine :|HENRY Jean, vigneron, parrain");
+    EXPECT_EQ(Actes(Acte{}, p.Bapteme), "/b 1750|Parrain, marraine :|HENRY Jean \xB0" "1730, vigneron, parrain");
+    // La naissance récente d'un témoin ne passe pas plus que celle de la personne du bloc.
+    EXPECT_EQ(Actes(Acte{}, l.Pe(3).Bapteme),
+              "/b 1820|Parrain, marraine :|HENRY Jean \xB0" "1730, vigneron|MARTIN Luc +1760");
 }
 
 TEST_F(Blocs, LOrdreDesDonneesSuitOptionOrdre) {

@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "app/demarrage.h"
+#include "app/partage.h"
 #include "app/reglages.h"
 #include "platform/ini.h"
 #include "platform/qt_texte.h"
@@ -119,6 +120,7 @@ Fiche::Fiche(QWidget* parent)
             ui_->MenuSelInfo->setText(
                 QString("%1 personnes et %2 familles").arg(base_.NbPersosReels).arg(base_.NbFamisReels));
     });
+    BrancherAide();
 }
 
 Fiche::~Fiche() = default;
@@ -215,7 +217,7 @@ void Fiche::closeEvent(QCloseEvent* e) {
 
 void Fiche::Demarrer(const std::string& ligneCommande, const std::string& executable) {
     const std::filesystem::path dossier = std::filesystem::path(executable).parent_path();
-    ini_ = CheminIni(dossier);
+    ini_ = CheminReglages(dossier);
     options_ = ChargerOptions(ini_, *dialogue_);
     ChargerTextes(dossier);
     if (QScreen* ecran = screen()) {

@@ -103,6 +103,8 @@ public slots:
     void MenuCalcActesVides(int index);
     void MenuNettoieLieux();
     void MenuConvNSExtInt();
+    // Les pages d'aide dans le navigateur (fiche_aide.cpp) : menu Aide et F1.
+    void MenuAide();
     // Menu Édition (fiche_fusion.cpp).
     void MenuDupliquer();
     void MenuSupprimer();
@@ -141,6 +143,7 @@ private:
     void PoserPhoto();
     void BrancherDivers();    // fiche_divers.cpp
     void BrancherVerifier();  // fiche_verifier.cpp
+    void BrancherAide();      // fiche_aide.cpp
     void BrancherFusion();    // fiche_fusion.cpp
     void MontrerApresCommande(std::int32_t n);
     void BrancherExports();  // fiche_exports.cpp

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 #include <exception>
 
@@ -9,6 +10,9 @@
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName("Arbolix");
+    // Installé, l'icône vient du thème et le bureau relie la fenêtre à son lanceur.
+    QApplication::setWindowIcon(QIcon::fromTheme("arbolix"));
+    QGuiApplication::setDesktopFileName("fr.arbolix.Arbolix");
     std::string ligne;
     for (int i = 1; i < argc; ++i) ligne += (i > 1 ? " " : "") + std::string(argv[i]);
     const std::string fichier = arbolix::NettoyerLigneCommande(ligne);
@@ -25,7 +29,8 @@ int main(int argc, char** argv) {
         return QApplication::exec();
     } catch (const std::exception& e) {
         // Le piège du sommet : le texte de l'erreur à l'utilisateur.
-        QMessageBox::critical(nullptr, "Arbolix", QString("Erreur : %1").arg(QString::fromLocal8Bit(e.what())));
+        QMessageBox::critical(nullptr, "Arbolix",
+                              QString("Erreur : %1").arg(QString::fromLocal8Bit(e.what())));
         return 1;
     }
 }

@@ -11,6 +11,7 @@
 #include <fstream>
 
 #include "aides/dialogue_factice.h"
+#include "aides/fiche_essai.h"
 #include "kinship/sosa.h"
 #include "lists/rangees.h"
 #include "platform/progression.h"
@@ -23,19 +24,7 @@ using namespace arbolix;
 
 namespace {
 
-struct FicheEssai {
-    Fiche fiche;
-    DialogueFactice d;
-    Progression muette;
-    FicheEssai() {
-        fiche.RemplacerDialogue(&d);
-        fiche.FormGedcom().RemplacerDialogue(&d);
-        fiche.Vider(false);
-        fiche.gedcom().Fichier = ARBOLIX_SHARE "/exemple.ged";
-        fiche.ChargerFichier(muette);
-    }
-    QAction* Action(const char* nom) { return fiche.findChild<QAction*>(nom); }
-};
+using FicheEssai = essai::FicheExemple;
 
 }  // namespace
 

@@ -1,39 +1,27 @@
 // La fenêtre principale : ouvrir le fichier d'exemple, titre, fermeture avec modifications.
-#include <QLineEdit>
-#include <QComboBox>
+#include "ui/fiche.h"
+
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
+#include <QFile>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QFile>
 #include <QTimer>
 #include <QtTest>
 
 #include "aides/dialogue_factice.h"
+#include "aides/fiche_essai.h"
 #include "platform/progression.h"
 #include "platform/qt_texte.h"
-#include "ui/fiche.h"
 #include "ui/gedcom.h"
 
 using namespace arbolix;
 
 namespace {
 
-// Une fiche dont les boîtes passent par un faux Dialogue, prête à ouvrir un fichier.
-struct FicheEssai {
-    Fiche fiche;
-    DialogueFactice d;
-    Progression muette;
-    FicheEssai() {
-        fiche.RemplacerDialogue(&d);
-        fiche.FormGedcom().RemplacerDialogue(&d);
-        fiche.Vider(false);
-    }
-    bool Ouvrir(const std::string& chemin = ARBOLIX_SHARE "/exemple.ged") {
-        fiche.gedcom().Fichier = chemin;
-        return fiche.ChargerFichier(muette);
-    }
-};
+using essai::FicheEssai;
 
 }  // namespace
 
@@ -150,11 +138,13 @@ private slots:
         QTimer::singleShot(0, [] {
             QWidget* editeur = QApplication::activeModalWidget();
             QVERIFY(editeur);
-            editeur->findChild<QPlainTextEdit*>("Texte")->setPlainText(QString::fromUtf8("Arbre des Martin, révisé."));
+            editeur->findChild<QPlainTextEdit*>("Texte")->setPlainText(
+                QString::fromUtf8("Arbre des Martin, révisé."));
             QTest::mouseClick(editeur->findChild<QPushButton*>("BoutonOK"), Qt::LeftButton);
         });
         fiche.MenuNotesFichier();
-        QCOMPARE(VersQString(std::as_const(fiche.base().Notes)[-1].Texte), QString::fromUtf8("Arbre des Martin, révisé."));
+        QCOMPARE(VersQString(std::as_const(fiche.base().Notes)[-1].Texte),
+                 QString::fromUtf8("Arbre des Martin, révisé."));
         QCOMPARE(fiche.base().FichierModifie, kVrai);
     }
 
@@ -164,7 +154,8 @@ private slots:
         DialogueFactice& d = e.d;
         QVERIFY(!e.Ouvrir("/nulle/part/absent.ged"));
         QCOMPARE(d.messages.size(), std::size_t{1});
-        QCOMPARE(VersQString(d.messages[0].texte), QString("Le fichier /nulle/part/absent.ged est introuvable."));
+        QCOMPARE(VersQString(d.messages[0].texte),
+                 QString("Le fichier /nulle/part/absent.ged est introuvable."));
         QVERIFY(!fiche.FichierOuvert());
     }
 };

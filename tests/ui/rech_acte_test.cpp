@@ -10,6 +10,7 @@
 #include <QtTest>
 
 #include "aides/dialogue_factice.h"
+#include "aides/fiche_essai.h"
 #include "platform/progression.h"
 #include "platform/qt_texte.h"
 #include "ui/fiche.h"
@@ -20,18 +21,7 @@ using namespace arbolix;
 
 namespace {
 
-struct FicheEssai {
-    Fiche fiche;
-    DialogueFactice d;
-    Progression muette;
-    FicheEssai() {
-        fiche.RemplacerDialogue(&d);
-        fiche.FormGedcom().RemplacerDialogue(&d);
-        fiche.Vider(false);
-        fiche.gedcom().Fichier = ARBOLIX_SHARE "/exemple.ged";
-        fiche.ChargerFichier(muette);
-    }
-    QAction* Action(const char* nom) { return fiche.findChild<QAction*>(nom); }
+struct FicheEssai : essai::FicheExemple {
     RechActe* Form() { return fiche.findChild<RechActe*>("RechActe"); }
     template <typename T>
     T* Controle(const char* nom) {
