@@ -7,8 +7,9 @@
 
 #include "cli/actes_cli.h"
 #include "cli/communs.h"
-#include "cli/fusion_cli.h"
 #include "cli/exporter_cli.h"
+#include "cli/fusion_cli.h"
+#include "cli/mel_cli.h"
 #include "cli/parente_cli.h"
 #include "cli/sql_cli.h"
 #include "gedcom/enregistrement.h"
@@ -278,6 +279,10 @@ const std::vector<Commande>& Commandes() {
          "SORTIE.ged [--date JJ/MM/AAAA] : remplace une valeur et \xC3\xA9"
          "crit SORTIE",
          CommandeRemplacer},
+        {"mel",
+         "mel [--frontiere CHIFFRES] FICHIER.ged [SORTIE.eml] : le message qui porte le fichier en pi\xC3\xA8"
+         "ce jointe",
+         CommandeMel},
     };
     return commandes;
 }

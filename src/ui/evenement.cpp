@@ -46,6 +46,11 @@ FenetreEvenement::FenetreEvenement(Base& base, const Options& options, Dialogue&
       services_(std::move(services)) {
     ui_->setupUi(this);
     connect(ui_->BoutonOK, &QPushButton::clicked, this, &FenetreEvenement::BoutonOK);
+    connect(ui_->BoutonBaseWeb, &QPushButton::clicked, this, [this] {
+        if (services_.baseWeb)
+            services_.baseWeb(DepuisQString(ui_->Lieu->currentText()), DepuisQString(ui_->Date->text()),
+                              ui_->BoutonBaseWeb->text());
+    });
     connect(ui_->BoutonAnnuler, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui_->BoutonAjouterTemoin, &QPushButton::clicked, this, &FenetreEvenement::BoutonAjouterTemoin);
     connect(ui_->BoutonModifTemoin, &QPushButton::clicked, this, &FenetreEvenement::BoutonModifTemoin);

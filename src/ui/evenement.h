@@ -26,6 +26,8 @@ struct ServicesEvenement {
     // Montre la liste et rend la ligne choisie ("... P000012"), rien si l'utilisateur renonce.
     std::function<std::optional<std::string>(const ListeCandidats&)> choisir;
     std::function<double()> maintenant;  // jours depuis le 30/12/1899
+    // BoutonBaseWeb : le lieu et la date à l'écran, la légende du bouton ; la fiche fait le reste.
+    std::function<void(const std::string& lieu, const std::string& date, const QString& legende)> baseWeb;
 };
 
 // La base, les réglages et le Dialogue doivent survivre à la fenêtre. Annuler

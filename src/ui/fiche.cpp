@@ -104,6 +104,7 @@ Fiche::Fiche(QWidget* parent)
     BrancherSelection();
     BrancherActes();
     BrancherExports();
+    BrancherOutils();
     connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
     connect(ui_->MenuNotesFichier, &QAction::triggered, this, &Fiche::MenuNotesFichier);
     connect(ui_->MenuImportFichiers, &QAction::triggered, this, [this] { MenuImportFichiers({}); });
@@ -174,6 +175,7 @@ void Fiche::MenuConfig() {
     EnregistrerFiche();
     FenetreOptions fenetre(options_, recents_, ini_, *dialogue_, ARBOLIX_VERSION_MAJEURE, this);
     connect(&fenetre, &FenetreOptions::ZoomChange, this, &Fiche::AppliquerZoom);
+    connect(&fenetre, &FenetreOptions::VerifierMiseAJour, this, &Fiche::VerifierMiseAJour);
     fenetre.DefinirFichierPresent(ouvert_ ? gedcom_.Fichier : std::string());
     TraduireFenetre(fenetre, messages_, ReglerPassage(kCodeLangue, ARBOLIX_VERSION_MAJEURE), *dialogue_);
     fenetre.exec();
@@ -227,6 +229,7 @@ void Fiche::Demarrer(const std::string& ligneCommande, const std::string& execut
     recents_ = LireFichiersRecents(ini_, options_, false);
     if (ReglagesAnciens(ini_, ARBOLIX_VERSION_MAJEURE))
         EnregistrerOptions(ini_, options_, recents_, *dialogue_, ARBOLIX_VERSION_MAJEURE);
+    QTimer::singleShot(0, this, &Fiche::VerifierMiseAJourAuDemarrage);
     // Le fichier de la ligne de commande passe avant le fichier par défaut.
     gedcom_.Fichier = ligneCommande.empty() ? options_.FichierDefaut : ligneCommande;
     Vider(false);

@@ -34,6 +34,7 @@ class QMenu;
 namespace arbolix {
 
 class Editeur;
+struct ValeursWeb;
 class Gedcom;
 class InputMsgBox;
 class FormListeChoix;
@@ -110,6 +111,12 @@ public slots:
     void MenuFusionner();
     // Les rapports (fiche_exports.cpp) : index de MenuExport.
     void MenuExport(int i);
+    // Petits outils (fiche_outils.cpp).
+    void MenuEnvoyerMel();
+    void VerifierMiseAJour();
+    void VerifierMiseAJourAuDemarrage();
+    void BoutonAnnuaire();
+    void BoutonBaseWeb(const std::string& lieu, const std::string& date, const QString& legende);
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -139,7 +146,10 @@ private:
     void BrancherAide();      // fiche_aide.cpp
     void BrancherFusion();    // fiche_fusion.cpp
     void MontrerApresCommande(std::int32_t n);
-    void BrancherExports();   // fiche_exports.cpp
+    void BrancherExports();  // fiche_exports.cpp
+    void BrancherOutils();   // fiche_outils.cpp
+    // La liste d'adresses des options : une ligne prise d'emblée, sinon choisie dans la liste "web".
+    void RechercherSurLeWeb(const std::string& liste, const QString& legende, const ValeursWeb& valeurs);
     void CreerMenuImage();
     void PoserDivers();
     void ActualiserDivers();

@@ -49,7 +49,9 @@ void Fiche::OuvrirEvenement(char genre) {
         if (f <= 0) return;
     }
     ServicesEvenement services{[this](std::int32_t n) { return LigneCourte(base_, options_, n); }, choisir_,
-                               [] { return Maintenant(); }};
+                               [] { return Maintenant(); },
+                               [this](const std::string& lieu, const std::string& date,
+                                      const QString& legende) { BoutonBaseWeb(lieu, date, legende); }};
     FenetreEvenement fenetre(base_, options_, *dialogue_, services, this);
     const GenreActe* g = TrouverGenre(genre);
     const Perso& pe = std::as_const(base_.Persos)[p];

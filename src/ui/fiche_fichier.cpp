@@ -118,6 +118,7 @@ void Fiche::Vider(bool recharger) {
     ui_->MenuEnregistrer->setEnabled(false);
     ui_->MenuFermer->setEnabled(false);
     ui_->MenuNotesFichier->setEnabled(false);
+    ui_->MenuEnvoyerMel->setEnabled(false);
     ui_->MenuImportFichiers->setEnabled(false);
     ui_->BarreMenu_1->setEnabled(false);
     for (QAction* a : {ui_->MenuListePersos, ui_->MenuListeFamis, ui_->MenuListeNotes, ui_->MenuListeSources,
@@ -164,6 +165,7 @@ void Fiche::MettreEnPlaceFichier(std::int32_t premiere) {
     ui_->NumPerso->show();
     ui_->MenuFermer->setEnabled(true);
     ui_->MenuNotesFichier->setEnabled(true);
+    ui_->MenuEnvoyerMel->setEnabled(true);
     ui_->MenuImportFichiers->setEnabled(true);
     // « Toute la base » : la case de la sélection ne se change pas sur la fiche.
     ui_->Sel->setEnabled(false);

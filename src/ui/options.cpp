@@ -48,8 +48,6 @@ FenetreOptions::FenetreOptions(Options& options, std::vector<std::string>& recen
     connect(ui_->ClearFileList, &QPushButton::clicked, this, &FenetreOptions::ClearFileList);
     connect(ui_->BoutonFermer, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui_->BoutonMAJ, &QPushButton::clicked, this, &FenetreOptions::VerifierMiseAJour);
-    // La recherche de mise à jour n'existe pas encore : pas de bouton qui ne ferait rien.
-    ui_->BoutonMAJ->hide();
     QPushButton* parcourir[] = {ui_->BoutonChemin_0, ui_->BoutonChemin_1, ui_->BoutonChemin_2};
     for (int i = 0; i < 3; ++i)
         connect(parcourir[i], &QPushButton::clicked, this, [this, i] { ChoisirChemin(i); });
