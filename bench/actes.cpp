@@ -12,7 +12,7 @@ using namespace arbolix;
 
 // bench_actes [FICHIER.ged] ; par défaut le fichier d'un million de personnes de gen_gedcom.py.
 int main(int argc, char** argv) {
-    const std::string chemin = argc > 1 ? argv[1] : "/tmp/arbolix-reel-1000000.ged";
+    const std::string chemin = bench::FichierDuBanc(argc, argv);
     Base base;
     bench::Chrono lecture;
     if (!bench::ChargerFichier(base, chemin, true)) return 1;

@@ -8,6 +8,12 @@
 
 namespace arbolix::bench {
 
+// Le fichier nommé en premier argument, sinon celui d'un million de personnes que
+// gen_gedcom.py --persons 1000000 --seed 1 écrit dans /tmp.
+inline std::string FichierDuBanc(int argc, char** argv) {
+    return argc > 1 ? argv[1] : "/tmp/arbolix-reel-1000000.ged";
+}
+
 // Faux, avec un mot sur la sortie, quand le fichier ne se lit pas.
 bool ChargerFichier(Base& base, const std::string& chemin, bool remplirListes = false);
 

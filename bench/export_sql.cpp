@@ -16,7 +16,7 @@
 using namespace arbolix;
 
 int main(int argc, char** argv) {
-    const std::string fichier = argc > 1 ? argv[1] : "/tmp/arbolix-reel-1000000.ged";
+    const std::string fichier = bench::FichierDuBanc(argc, argv);
     const std::string epa = (std::filesystem::temp_directory_path() / "F00001-Banc.EPA").string();
     const NomEPA nom = LireNomEPA(epa);
     Base b;

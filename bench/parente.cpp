@@ -101,7 +101,7 @@ void FichierRoyal(const std::string& chemin) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::string grand = argc > 1 ? argv[1] : "/tmp/arbolix-reel-1000000.ged";
+    const std::string grand = bench::FichierDuBanc(argc, argv);
     const std::string royal = argc > 2 ? argv[2] : std::string(ARBOLIX_CORPUS) + "/gedcom/royal92.ged";
     GrandFichier(grand);
     FichierRoyal(royal);

@@ -14,7 +14,7 @@
 using namespace arbolix;
 
 int main(int argc, char** argv) {
-    const std::string chemin = argc > 1 ? argv[1] : "/tmp/arbolix-reel-1000000.ged";
+    const std::string chemin = bench::FichierDuBanc(argc, argv);
     Base base;
     bench::Chrono lecture;
     if (!bench::ChargerFichier(base, chemin)) return 1;

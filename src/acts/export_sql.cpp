@@ -1,6 +1,5 @@
 #include "acts/export_sql.h"
 
-#include <array>
 #include <charconv>
 #include <exception>
 #include <utility>
@@ -20,13 +19,6 @@ namespace {
 
 // Au-delà, un serveur pourrait refuser le paquet ; et de longues insertions se chargent vite.
 constexpr std::size_t kMaxInstruction = 65000;
-
-// L'UTF-8 des octets 0x80 à 0xFF, d'après leur point de code en 1252.
-const std::array<std::string, 128> kUtf8Haut = [] {
-    std::array<std::string, 128> t;
-    for (int c = 0x80; c <= 0xFF; ++c) t[c - 0x80] = Cp1252VersUtf8(std::string(1, static_cast<char>(c)));
-    return t;
-}();
 
 void AjouterNombre(std::string& r, std::int64_t n) {
     char tampon[24];
@@ -333,19 +325,7 @@ private:
 }  // namespace
 
 std::string EncoderUTF8(std::string_view texte) {
-    // Les suites ASCII passent d'un bloc : un script est fait surtout de chiffres et de mots.
-    std::string r;
-    r.reserve(texte.size() + texte.size() / 16);
-    std::size_t debut = 0;
-    for (std::size_t i = 0; i < texte.size(); ++i) {
-        const auto c = static_cast<unsigned char>(texte[i]);
-        if (c < 0x80) continue;
-        r.append(texte, debut, i - debut);
-        r += kUtf8Haut[c - 0x80];
-        debut = i + 1;
-    }
-    r.append(texte, debut);
-    return r;
+    return Cp1252VersUtf8(texte);
 }
 
 std::string CodeNumerique(std::string_view code) {

@@ -7,10 +7,10 @@ namespace arbolix {
 namespace {
 
 // 0x80 à 0x9F : les seuls octets où 1252 diffère de Latin-1.
-constexpr std::array<char32_t, 32> kHaut = {
-    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+constexpr std::array<char32_t, 32> kHaut = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                            0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
+                                            0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                            0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
 void AjouterUtf8(std::string& r, char32_t u) {
     if (u < 0x80) {
@@ -27,7 +27,9 @@ void AjouterUtf8(std::string& r, char32_t u) {
 
 }  // namespace
 
-char32_t Cp1252VersUnicode(unsigned char c) { return c >= 0x80 && c <= 0x9F ? kHaut[c - 0x80] : c; }
+char32_t Cp1252VersUnicode(unsigned char c) {
+    return c >= 0x80 && c <= 0x9F ? kHaut[c - 0x80] : c;
+}
 
 char Unicode1252(char32_t u) {
     if (u < 0x80 || (u >= 0xA0 && u <= 0xFF)) return static_cast<char>(u);
@@ -37,9 +39,18 @@ char Unicode1252(char32_t u) {
 }
 
 std::string Cp1252VersUtf8(std::string_view texte) {
+    // Les suites ASCII passent d'un bloc : journaux et scripts SQL en sont faits surtout.
     std::string r;
     r.reserve(texte.size() + texte.size() / 8);
-    for (char c : texte) AjouterUtf8(r, Cp1252VersUnicode(static_cast<unsigned char>(c)));
+    std::size_t debut = 0;
+    for (std::size_t i = 0; i < texte.size(); ++i) {
+        const auto c = static_cast<unsigned char>(texte[i]);
+        if (c < 0x80) continue;
+        r.append(texte, debut, i - debut);
+        AjouterUtf8(r, Cp1252VersUnicode(c));
+        debut = i + 1;
+    }
+    r.append(texte, debut);
     return r;
 }
 
@@ -52,7 +63,10 @@ std::string Utf8VersCp1252(std::string_view texte) {
         bool valide = suite > 0;
         char32_t u = suite == 3 ? c & 0x07 : suite == 2 ? c & 0x0F : c & 0x1F;
         for (int k = 1; valide && k <= suite; ++k) {
-            if (i + k >= texte.size()) { valide = false; break; }
+            if (i + k >= texte.size()) {
+                valide = false;
+                break;
+            }
             const auto s = static_cast<unsigned char>(texte[i + k]);
             if ((s & 0xC0) != 0x80) valide = false;
             u = (u << 6) | (s & 0x3F);
