@@ -9,6 +9,7 @@ Usage : paquet.py ARBRE-CONSTRUIT DOSSIER-TEMPORAIRE
 Sort avec 77 (test sauté) quand un outil ou les droits de root manquent, sauf quand CI=true.
 """
 import os
+import select
 import shlex
 import shutil
 import subprocess
@@ -24,7 +25,7 @@ AIDE = "file:///usr/share/arbolix/aide/index.html"
 TYPES_GEDCOM = {"text/vnd.familysearch.gedcom", "application/x-gedcom"}
 OUTILS = ["cpack", "dpkg-shlibdeps", "lintian", "apt-get", "dpkg-query", "desktop-file-validate",
           "appstreamcli", "xdg-mime", "mimetype"]
-OUTILS_FENETRE = ["xvfb-run", "xauth", "xdotool"]
+OUTILS_FENETRE = ["Xvfb", "xdotool"]
 # Lancés depuis un arbre de construction avec AddressSanitizer, les programmes installés en gardent
 # l'instrumentation : les fuites de Qt à la sortie ne sont pas les nôtres.
 ENV = dict(os.environ, ASAN_OPTIONS="detect_leaks=0", DEBIAN_FRONTEND="noninteractive", LANG="C.UTF-8")
@@ -132,6 +133,33 @@ echo "F1 n'a rien ouvert" >&2; exit 1
 """
 
 
+def serveur_x(dossier):
+    """Un Xvfb à soi, qui donne son numéro d'écran une fois prêt (-displayfd) : xvfb-run -a, sur
+    une machine chargée, laissait parfois le programme chercher un écran pas encore ouvert."""
+    lecture, ecriture = os.pipe()
+    journal = os.path.join(dossier, "xvfb.log")
+    with open(journal, "w") as j:
+        serveur = subprocess.Popen(["Xvfb", "-displayfd", str(ecriture), "-screen", "0", "1280x1024x24",
+                                    "-nolisten", "tcp"], pass_fds=(ecriture,), stdout=j, stderr=subprocess.STDOUT)
+    os.close(ecriture)
+    # Le numéro suivi d'une fin de ligne ; le tube reste ouvert tant que le serveur vit, sans quoi
+    # une écriture tardive le tuerait.
+    numero = b""
+    fin = time.monotonic() + 30
+    while not numero.endswith(b"\n") and time.monotonic() < fin:
+        pret, _, _ = select.select([lecture], [], [], max(0.0, fin - time.monotonic()))
+        morceau = os.read(lecture, 32) if pret else b""
+        if not morceau:
+            break
+        numero += morceau
+    if not numero.endswith(b"\n"):
+        serveur.kill()
+        serveur.wait()
+        os.close(lecture)
+        exiger(False, "Xvfb ne démarre pas : " + open(journal, errors="replace").read()[-2000:])
+    return serveur, lecture, ":" + numero.decode().strip()
+
+
 def verifier_fenetre(dossier):
     if not os.path.exists("/usr/bin/arbolix"):
         print("Paquet sans fenêtre (ARBOLIX_GUI=OFF) : pas d'essai sous Xvfb")
@@ -149,7 +177,13 @@ def verifier_fenetre(dossier):
     env = {k: v for k, v in ENV.items() if not k.startswith(("XDG_", "QT_", "DISPLAY", "WAYLAND"))}
     env.update(HOME=maison, PATH=faux + os.pathsep + env["PATH"], ARBOLIX_OUVERTS=ouverts,
                EXEC=exec_.replace("%f", shlex.quote(EXEMPLE)))
-    r = lancer(["xvfb-run", "-a", "-s", "-screen 0 1280x1024x24", "bash", "-c", SCENARIO], env=env, timeout=90)
+    serveur, tube, ecran = serveur_x(dossier)
+    try:
+        r = lancer(["bash", "-c", SCENARIO], env=dict(env, DISPLAY=ecran), timeout=90)
+    finally:
+        serveur.terminate()
+        serveur.wait()
+        os.close(tube)
     exiger(r.returncode == 0, "sous Xvfb, le lanceur n'ouvre pas l'exemple ou F1 n'ouvre pas l'aide", r)
     adresses = open(ouverts).read().split()
     exiger(adresses == [AIDE], f"F1 a ouvert {adresses}, attendu {AIDE}")
