@@ -6,9 +6,11 @@ set -euo pipefail
 paquets=(cmake ninja-build g++ ccache qt6-base-dev qt6-svg-dev libgtest-dev libbenchmark-dev
          libgl-dev xvfb python3)
 if [ "${1:-}" = consommateurs ]; then
-  # gramps et MariaDB relisent nos sorties ; le reste construit, vérifie et installe le paquet Debian.
+  # gramps, MariaDB, LibreOffice, Chromium, tidy, xmllint et rsvg relisent nos sorties ; le reste
+  # construit, vérifie et installe le paquet Debian.
   paquets+=(gramps mariadb-server mariadb-client dpkg-dev lintian desktop-file-utils appstream xdg-utils
-            shared-mime-info libfile-mimeinfo-perl xauth xdotool)
+            shared-mime-info libfile-mimeinfo-perl xauth xdotool libreoffice-writer-nogui poppler-utils
+            chromium tidy libxml2-utils librsvg2-bin)
 fi
 if [ "${1:-}" = paquet ]; then
   paquets+=(dpkg-dev)

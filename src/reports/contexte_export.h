@@ -47,10 +47,19 @@ struct ExportAnnule {};
 // Laisse passer les évènements de temps en temps et lance ExportAnnule sur demande.
 void TourDeBoucle(const ContexteExport& ctx, std::uint32_t tour);
 
+// Le numéro de fichier dit aux blocs partagés ce qu'ils écrivent : texte, RTF ou HTML.
+enum NumeroFichier : int {
+    kFichierTexte = 3,
+    kFichierRtf = 5,
+    kFichierHtml = 7,
+};
+
 // Le texte d'un rapport en 1252, lignes terminées par CR LF, comme l'imprime le runtime :
 // Ligne ajoute la fin de ligne, Texte non ; une ligne vide après un texte ne fait que le finir.
 class TexteRapport {
 public:
+    explicit TexteRapport(NumeroFichier fichier = kFichierTexte) : fichier_(fichier) {}
+    NumeroFichier Fichier() const { return fichier_; }
     void Texte(std::string_view t) {
         octets_.append(t);
         ouverte_ = ouverte_ || !t.empty();
@@ -69,6 +78,7 @@ public:
 
 private:
     std::string octets_;
+    NumeroFichier fichier_;
     bool ouverte_ = false;
 };
 

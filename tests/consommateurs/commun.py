@@ -1,0 +1,83 @@
+"""Ce que partagent les tests qui font relire nos sorties par de vrais programmes.
+
+Un programme absent fait sauter le test (code 77), sauf quand CI=true : là il doit échouer,
+puisque scripts/paquets.sh consommateurs l'a installé.
+"""
+import os
+import shutil
+import subprocess
+import sys
+
+SAUTE = 77
+
+
+def exiger(*programmes):
+    """Sort du test (sauté, ou échec en CI) s'il manque un des programmes."""
+    manquants = [p for p in programmes if shutil.which(p) is None]
+    if not manquants:
+        return
+    if os.environ.get("CI") == "true":
+        print("absent alors que CI=true : " + ", ".join(manquants))
+        sys.exit(1)
+    print("absent, test sauté : " + ", ".join(manquants))
+    sys.exit(SAUTE)
+
+
+def echouer(message):
+    print("ÉCHEC : " + message)
+    sys.exit(1)
+
+
+def bureautique_en_pdf(fichiers, dossier):
+    """Convertit des documents (RTF...) en PDF par LibreOffice, en un seul lancement.
+
+    Un profil privé dans le dossier du test : pas de course avec un LibreOffice ouvert
+    ni avec un autre test. Rend les chemins des PDF, dans l'ordre des fichiers.
+    """
+    exiger("soffice")
+    os.makedirs(dossier, exist_ok=True)
+    profil = "file://" + os.path.abspath(os.path.join(dossier, "profil-libreoffice"))
+    r = subprocess.run(["soffice", "-env:UserInstallation=" + profil, "--headless", "--norestore",
+                        "--convert-to", "pdf", "--outdir", dossier, *fichiers],
+                       capture_output=True, text=True, errors="replace", timeout=240,
+                       env=dict(os.environ, HOME=os.path.abspath(dossier)))
+    pdfs = [os.path.join(dossier, os.path.splitext(os.path.basename(f))[0] + ".pdf") for f in fichiers]
+    absents = [p for p in pdfs if not os.path.exists(p)]
+    if r.returncode != 0 or absents:
+        echouer(f"LibreOffice n'a pas converti {absents or fichiers} :\n{r.stdout}\n{r.stderr}")
+    return pdfs
+
+
+def pdf_en_texte(pdf):
+    """Le texte d'un PDF tel que pdftotext le lit (UTF-8)."""
+    exiger("pdftotext")
+    return subprocess.run(["pdftotext", "-enc", "UTF-8", pdf, "-"], check=True, capture_output=True).stdout.decode()
+
+
+def pdf_infos(pdf):
+    """Les champs de pdfinfo (Title, Author, Pages...) dans un dictionnaire."""
+    exiger("pdfinfo")
+    sortie = subprocess.run(["pdfinfo", pdf], check=True, capture_output=True).stdout.decode(errors="replace")
+    infos = {}
+    for ligne in sortie.splitlines():
+        cle, _, valeur = ligne.partition(":")
+        infos[cle.strip()] = valeur.strip()
+    return infos
+
+
+def chromium():
+    """Le nom du Chromium de la machine (Debian : chromium)."""
+    for nom in ("chromium", "chromium-browser", "google-chrome"):
+        if shutil.which(nom):
+            return nom
+    exiger("chromium")
+
+
+def chromium_lancer(url, *options, dossier):
+    """Chromium sans tête, en root sans bac à sable, profil privé ; rend sa sortie standard."""
+    commande = [chromium(), "--headless", "--no-sandbox", "--disable-gpu", "--no-first-run",
+                "--user-data-dir=" + os.path.abspath(os.path.join(dossier, "profil-chromium")), *options, url]
+    r = subprocess.run(commande, capture_output=True, timeout=120, env=dict(os.environ, HOME=os.path.abspath(dossier)))
+    if r.returncode != 0:
+        echouer(f"Chromium a échoué sur {url} : {r.stderr.decode(errors='replace')[-2000:]}")
+    return r.stdout.decode(errors="replace")
