@@ -271,6 +271,7 @@ void EcrireFamille(const ContexteExport& ctx, TexteRapport& f, std::int32_t fami
     const Fami& fa = FamiLue(ctx.base, famille);
     const bool epoux = mari > 0 || femme > 0;
     f.Texte(epoux ? "\\par " + forme.tete : "\\line ");
+    const std::size_t debut = f.Octets().size();
     if (mari > 0 && !forme.mariRepete) Epoux(ctx, f, mari, famille, fa, forme);
     if (fa.Mari > 0 && fa.Femme > 0) {
         const std::string date = DateDuRapport(ctx);
@@ -281,7 +282,7 @@ void EcrireFamille(const ContexteExport& ctx, TexteRapport& f, std::int32_t fami
         EcrireActes(ctx, fa.Divorce, o.SymbDivo, Acte{}, o.SymbMari, f, forme.sep, forme.sep, true, c);
     }
     if (femme > 0) {
-        if (mari > 0) f.Texte(forme.sep);
+        if (f.Octets().size() > debut) f.Texte(forme.sep);
         Epoux(ctx, f, femme, famille, fa, forme);
     }
     for (const auto& [rang, c] : fa.Enfants)
