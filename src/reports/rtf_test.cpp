@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "aides/base_essai.h"
+#include "reports/blocs_personne.h"
 
 namespace arbolix {
 namespace {
@@ -76,6 +77,33 @@ TEST_F(Tete, ArbreEnPaysageSansTitre) {
         std::string::npos);
     EXPECT_EQ(t.find("{Arbre\\par }"), std::string::npos);
     EXPECT_TRUE(t.ends_with("\\ql \\pard\\plain \\fs22\r\n\\par \r\n"));
+}
+
+// Un évènement dans le livre : note en bas de page, adresse web en champ, renvoi vers une note externe,
+// source qui commence par son adresse laissée telle quelle.
+TEST(BlocsRtf, NotesSourcesEtRenvois) {
+    Base b;
+    Options o;
+    OptionsExport e;
+    e.OptionBasPage = {true, false};
+    ContexteExport ctx{b, o, e, {23, 11, 2026}};
+    ctx.TypeExport = kLivre;
+    b.Notes[2].NumLivre = 3;
+    Acte a;
+    essai::Dater(a, "1810", "Nancy {x}");
+    a.Notes = "ligne 1\r\nligne 2";
+    a.Source = "Registre http://a.fr/b";
+    Acte c;
+    c.Notes = "@N2@";
+    c.Source = "http://x.fr {1}";
+    TexteRapport f(kFichierRtf);
+    EcrireActes(ctx, a, "+", c, "s", f, "\\line ", "\\line ", true, false);
+    EXPECT_EQ(
+        f.Fermer(),
+        "\\line + 1810 Nancy \\{x\\}{ \\super\\chftn{\\footnote \\pard\\plain \\fs20 \\chftn  ligne 1\\line "
+        "ligne 2}}\\line source : Registre {\\field{\\*\\fldinst HYPERLINK "
+        "\"http://a.fr/b\"}{\\fldrslt{\\ul\\cf1 "
+        "http://a.fr/b}}}\\line N3\\line source : http://x.fr \\{1\\}\r\n");
 }
 
 }  // namespace
