@@ -362,13 +362,11 @@ void EcrirePersonne(const ContexteExport& ctx, std::int32_t numero, TexteRapport
 }
 
 std::string PhraseDate(const ContexteExport& ctx, const Acte& acte, bool avecLe, bool avecA) {
-    std::string mot;
-    if (avecLe && EstDate(acte.Date.vue()))
-        mot = " le";
-    else if (acte.Date.size() == 4)
-        mot = " en";
-    std::string r =
-        mot + " " + DateConfidentielle(acte.Date.vue(), 0, false, ctx.exports, ctx.aujourdhui.annee);
+    const std::string date = DateConfidentielle(acte.Date.vue(), 0, false, ctx.exports, ctx.aujourdhui.annee);
+    // Une date que le filtre cache ne laisse pas son mot derrière elle.
+    std::string r;
+    if (!date.empty())
+        r = (avecLe && EstDate(acte.Date.vue()) ? " le " : acte.Date.size() == 4 ? " en " : " ") + date;
     if (!acte.Lieu.empty()) r += (avecA ? " \xE0 " : " ") + acte.Lieu;
     return r;
 }

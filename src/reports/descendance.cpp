@@ -330,9 +330,9 @@ private:
             else
                 s += " a \\'e9pous\\'e9 {\\b " + NomRtf(c) + "} \\fs24 " +
                      EchapperRTF(PhraseDate(ctx_, fa.Mariage, true, true));
+            // Ce que l'on sait du conjoint, chaque morceau après une virgule.
             std::string ne = NeDecede(c, true);
-            if (ne.starts_with(" est ")) ne.erase(0, 5);
-            s += ", " + ne;
+            if (ne.starts_with(" est ")) s += ", " + ne.substr(5);
             if (c.NumParents > 0) {
                 const Fami& pa = FamiLue(b, c.NumParents);
                 s += std::string(", ") + (c.Sexe == 'F' ? "fille" : "fils") + " de " +
