@@ -25,7 +25,7 @@ struct Rapport {
 
 constexpr Rapport kRapports[] = {
     {"ligne-de-vie", kLigneDeVie}, {"ascendance", kAscendance}, {"adresses", kAdresses},
-    {"eclair", kEclair},           {"isoles", kIsoles},
+    {"eclair", kEclair},           {"isoles", kIsoles},         {"site", kPagesHtml},
 };
 
 // Les deux seuils "N,M" : chiffres seulement, le second facultatif.

@@ -5,14 +5,15 @@
 
 namespace arbolix::cli {
 
-// exporter ligne-de-vie|ascendance|adresses|eclair|isoles FICHIER.ged SORTIE [options] : écrit
+// exporter ligne-de-vie|ascendance|adresses|eclair|isoles|site FICHIER.ged SORTIE [options] : écrit
 // le rapport dans SORTIE d'un seul coup ; --date fixe « aujourd'hui ».
 int CommandeExporter(const Arguments& args, Sorties& s);
 
 inline constexpr const char* kAideExporter =
-    "exporter ligne-de-vie|ascendance|adresses|eclair|isoles FICHIER.ged SORTIE [--personne N] "
+    "exporter ligne-de-vie|ascendance|adresses|eclair|isoles|site FICHIER.ged SORTIE [--personne N] "
     "[--date JJ/MM/AAAA] [--selection ascendants|descendants|apparentes] [--toutes|--sans-toutes] "
     "[--annees-confidentielles N,M] [--annees-seules] [--sauf-decede] [--ordre 0|1|2] [--texte FICHIER] "
-    "[--minimum N] : un rapport texte (code page 1252, CR LF)";
+    "[--minimum N] : un rapport texte (code page 1252, CR LF), ou le site HTML dont SORTIE est la page "
+    "d'accueil (DOSSIER/index.html)";
 
 }  // namespace arbolix::cli

@@ -8,6 +8,8 @@
 #include "dates/calendrier_republicain.h"
 #include "dates/reconnaissance.h"
 #include "reports/date_confidentielle.h"
+#include "reports/html.h"
+#include "reports/site.h"
 #include "store/aides_texte.h"
 #include "store/chaines.h"
 
@@ -19,6 +21,31 @@ constexpr std::string_view kCRLF = "\r\n";
 
 std::int64_t AnneeDe(std::string_view date) {
     return ValeurNumerique(Droite(date, 4));
+}
+
+// Un texte de fiche tel que le fichier le montre : dans une page, il ne devient jamais balise.
+std::string Lu(const TexteRapport& f, std::string_view t) {
+    return f.Fichier() == kFichierHtml ? EchapperHtml(t) : std::string(t);
+}
+
+// Dans une page, chaque adresse "http..." d'une source devient un lien ; une source qui commence
+// par son adresse reste telle quelle.
+std::string LiensWeb(std::string_view source) {
+    const std::size_t http = Chercher(source, "http");
+    if (http == std::string::npos || http < 2) return EchapperHtml(source);
+    std::string t(source);
+    if (Comme(t, "* http*") || Comme(t, "*;http*")) RemplacerTout(t, " ", ";");
+    std::string r;
+    for (std::size_t debut = 0; debut <= t.size();) {
+        const std::size_t fin = std::min(t.find(';', debut), t.size());
+        const std::string_view jeton = std::string_view(t).substr(debut, fin - debut);
+        if (!r.empty()) r += ' ';
+        r += jeton.starts_with("http")
+                 ? "<a href=\"" + EchapperHtml(jeton) + "\" target=\"_blank\">" + EchapperHtml(jeton) + "</a>"
+                 : EchapperHtml(jeton);
+        debut = fin + 1;
+    }
+    return r;
 }
 
 bool FinitPar(std::string_view s, std::string_view fin) {
@@ -91,12 +118,13 @@ void AjouterMorceau(std::string& s, std::string_view morceau) {
 void EcrireNotesEtSource(const ContexteExport& ctx, const Acte& a, const ActeImprime& imp, TexteRapport& f,
                          std::string_view avant, std::string_view apres) {
     if (!imp.notes.empty()) {
-        const std::string t = LignesDeNote(TexteLie(ctx.base, imp.notes, 'N'), avant);
+        const std::string t = LignesDeNote(Lu(f, TexteLie(ctx.base, imp.notes, 'N')), avant);
         if (!t.empty()) f.Texte(std::string(apres) + t);
     }
     if (!a.Source.empty()) {
         const bool lien = LienExterne(a.Source.vue(), 'S') > 0;
         std::string t = TexteLie(ctx.base, a.Source.vue(), 'S');
+        t = f.Fichier() == kFichierHtml ? LiensWeb(t) : t;
         if (lien) t = LignesDeNote(std::move(t), avant);
         if (!t.empty()) f.Texte(std::string(apres) + "source : " + t);
     }
@@ -125,7 +153,7 @@ void EcrireTemoins(const ContexteExport& ctx, const Acte& a, std::string_view ti
             s.append(" S").append(sosa.vue());
         if (!p.Metier.empty()) s += ", " + p.Metier;
         if (const Texte& role = l.RolesTemoins(i); !role.empty()) s += ", " + role;
-        f.Texte(s);
+        f.Texte(f.Fichier() == kFichierHtml ? std::string(avant) + EchapperHtml(s.substr(avant.size())) : s);
     }
 }
 
@@ -176,7 +204,7 @@ void EcrireActes(const ContexteExport& ctx, const Acte& acteA, std::string_view 
         if (!rep.empty()) AjouterMorceau(s, "(" + rep + ")");
         AjouterMorceau(s, DatesJointes(da, db));
         AjouterMorceau(s, acteA.Lieu.size() >= acteB.Lieu.size() ? acteA.Lieu.vue() : acteB.Lieu.vue());
-        f.Texte(std::string(apres) + s);
+        f.Texte(std::string(apres) + Lu(f, s));
     } else {
         const auto un = [&](const Acte& a, const ActeImprime& imp, const std::string& d,
                             std::string_view symbole, std::string_view tete) {
@@ -185,7 +213,7 @@ void EcrireActes(const ContexteExport& ctx, const Acte& acteA, std::string_view 
             if (!d.empty())
                 AjouterMorceau(s, imp.republicaine.empty() ? d : imp.republicaine + " (" + d + ")");
             AjouterMorceau(s, a.Lieu.vue());
-            f.Texte(std::string(tete) + s);
+            f.Texte(std::string(tete) + Lu(f, s));
         };
         un(acteA, impA, da, symboleA, avant);
         un(acteB, impB, db, symboleB, apres);
@@ -206,7 +234,7 @@ void BlocParents(const ContexteExport& ctx, const Perso& p, TexteRapport& f, con
     std::string s = forme.sep + (p.Sexe == 'M' ? "fils" : p.Sexe == 'F' ? "fille" : "enfant") + " de";
     const auto parent = [&](std::int32_t n) {
         const Perso& q = PersoLu(ctx.base, n);
-        return " " + MarqueDecede(ctx, n, forme.dateMariage) + q.Nom + " " + q.Prenoms;
+        return " " + Lu(f, MarqueDecede(ctx, n, forme.dateMariage) + q.Nom + " " + q.Prenoms);
     };
     if (fam.Mari > 0) s += parent(fam.Mari);
     if (fam.Mari > 0 && fam.Femme > 0) s += " et";
@@ -219,15 +247,46 @@ void BlocActes(const ContexteExport& ctx, std::int32_t numero, const Perso& p, T
                const FormePersonne& forme) {
     const bool confidentiel = forme.saufDecede && !MarqueDecede(ctx, numero, DateDuRapport(ctx)).empty();
     const Options& o = ctx.options;
-    EcrireActes(ctx, p.Naissance, o.SymbNais, p.Bapteme, o.SymbBapt, f, forme.fin, forme.fin, forme.avecNotes,
+    // Dans une page, l'évènement va à la ligne comme les autres blocs.
+    const std::string& a = f.Fichier() == kFichierHtml ? forme.sep : forme.fin;
+    EcrireActes(ctx, p.Naissance, o.SymbNais, p.Bapteme, o.SymbBapt, f, a, forme.fin, forme.avecNotes,
                 confidentiel);
-    EcrireActes(ctx, p.Deces, o.SymbDece, p.Sepulture, o.SymbSepu, f, forme.fin, forme.fin, forme.avecNotes,
+    EcrireActes(ctx, p.Deces, o.SymbDece, p.Sepulture, o.SymbSepu, f, a, forme.fin, forme.avecNotes,
                 confidentiel);
 }
 
 void BlocNote(const ContexteExport& ctx, const Perso& p, TexteRapport& f, const FormePersonne& forme) {
     if (!forme.avecNotes || p.Notes.empty()) return;
-    f.Texte(forme.sep + LignesDeNote(TexteLie(ctx.base, p.Notes.vue(), 'N'), forme.sep));
+    f.Texte(forme.sep + LignesDeNote(Lu(f, TexteLie(ctx.base, p.Notes.vue(), 'N')), forme.sep));
+}
+
+// Adresse et fichiers liés d'une personne, dans les pages quand « Toutes » est coché.
+void BlocAdresseHtml(const ContexteExport& ctx, const Perso& p, TexteRapport& f, const FormePersonne& forme) {
+    if (f.Fichier() != kFichierHtml || !ctx.exports.Toutes || !forme.avecNotes) return;
+    const PersoSuite& s = p.Suite();
+    if (!s.URL.empty() || !s.EMail.empty() || !s.Telephone.empty() || !s.Ville.empty() ||
+        !s.Adresse1.empty()) {
+        std::string ville = s.Etat.empty() ? std::string() : s.Etat + " ";
+        ville += s.CP + " " + s.Ville;
+        for (const std::string& t : {s.Adresse1.str(), s.Adresse2.str(), ville, s.Pays.str()})
+            if (!SansBlancs(t).empty()) f.Texte(forme.sep + EchapperHtml(t));
+        if (!s.EMail.empty())
+            f.Texte(forme.sep + "<a href=\"mailto:" + EchapperHtml(s.EMail.vue()) + "\">" +
+                    EchapperHtml(s.EMail.vue()) + "</a>");
+        if (!s.URL.empty())
+            f.Texte(forme.sep + "<a href=\"" + EchapperHtml(s.URL.vue()) + "\" target=\"_blank\">" +
+                    EchapperHtml(s.URL.vue()) + "</a>");
+        if (!s.Telephone.empty()) f.Texte(forme.sep + "T\xE9l : " + EchapperHtml(s.Telephone.vue()));
+    }
+    for (int i = 1; i <= kMaxLiens; ++i)
+        if (!s.Fichiers(i).empty()) EcrireFichierLie(ctx, f, s.Fichiers(i).vue(), forme.sep);
+    for (int i = 1; i <= kMaxLiens; ++i) {
+        const std::int32_t m = s.ObjetsMedia(i);
+        if (m <= 0 || m > ctx.base.Medias.Haut()) continue;
+        const ObjetMedia& o = std::as_const(ctx.base.Medias)[m];
+        for (int j = 1; j <= kMaxLiens && !o.Fichiers(j).empty(); ++j)
+            EcrireFichierLie(ctx, f, o.Fichiers(j).vue(), forme.sep);
+    }
 }
 
 }  // namespace
@@ -237,8 +296,9 @@ void EcrirePersonne(const ContexteExport& ctx, std::int32_t numero, TexteRapport
     if (ctx.progression && ctx.progression->Annule()) throw ExportAnnule{};
     if (numero == 0) return;
     const Perso& p = PersoLu(ctx.base, numero);
-    std::string tete = forme.avant + (forme.avecNom ? p.Nom + " " : std::string()) + p.Prenoms + forme.apres;
-    if (!p.Metier.empty()) tete += ", " + p.Metier;
+    std::string tete =
+        forme.avant + Lu(f, (forme.avecNom ? p.Nom + " " : std::string()) + p.Prenoms) + forme.apres;
+    if (!p.Metier.empty()) tete += ", " + Lu(f, p.Metier.vue());
     f.Texte(tete);
     const auto parents = [&] { BlocParents(ctx, p, f, forme); };
     const auto actes = [&] { BlocActes(ctx, numero, p, f, forme); };
@@ -253,6 +313,7 @@ void EcrirePersonne(const ContexteExport& ctx, std::int32_t numero, TexteRapport
         default:
             note(), parents(), actes();
     }
+    BlocAdresseHtml(ctx, p, f, forme);
 }
 
 std::string PhraseDate(const ContexteExport& ctx, const Acte& acte, bool avecLe, bool avecA) {

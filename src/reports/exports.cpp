@@ -8,6 +8,7 @@
 #include "reports/isoles.h"
 #include "reports/ligne_de_vie.h"
 #include "reports/liste_eclair.h"
+#include "reports/site.h"
 #include "store/chaines.h"
 
 namespace arbolix {
@@ -118,6 +119,23 @@ std::optional<std::string> Produire(const ContexteExport& ctx, Dialogue& dialogu
     }
 }
 
+// Le site écrit ses pages lui-même ; le navigateur ouvre la page d'accueil.
+ResultatExport LancerSite(const ContexteExport& ctx, Dialogue& dialogue, bool lancer) {
+    ResultatExport r;
+    const ResultatSite s = ExportHTML(ctx, false);
+    if (s.Annule) {
+        r.Annule = true;
+        return r;
+    }
+    if (!s.Ok) {
+        dialogue.Message(kTitreExportImpossible, s.Message, Icone::Stop);
+        return r;
+    }
+    r.Ecrit = true;
+    if (lancer && ctx.options.LanceFicherExporte) dialogue.OuvrirDansProgramme(ctx.exports.FichierExport);
+    return r;
+}
+
 }  // namespace
 
 const GenreExport* TrouverGenre(int type) {
@@ -147,7 +165,7 @@ VisibiliteExports Visibilite(int type) {
 
 bool RapportDisponible(int type) {
     return type == kLigneDeVie || type == kAscendance || type == kAdresses || type == kEclair ||
-           type == kIsoles;
+           type == kIsoles || type == kPagesHtml;
 }
 
 std::string DossierExport(const Options& options, const std::string& fichierGedcom) {
@@ -185,6 +203,12 @@ void PreparerExport(OptionsExport& e, int type, const Base& base, std::int32_t p
         case kIsoles:
             e.TitreExport = TitreFenetreExport(type);
             break;
+        case kPagesHtml: {
+            const Perso& auteur = PersoLu(base, -1);
+            e.TitreExport =
+                "Le site de " + (auteur.Prenoms.empty() ? std::string() : auteur.Prenoms + " ") + auteur.Nom;
+            break;
+        }
         default:
             break;
     }
@@ -244,6 +268,7 @@ ResultatExport LancerExport(const ContexteExport& ctx, Dialogue& dialogue, const
         r.CheminIncomplet = r.Annule = true;
         return r;
     }
+    if (ctx.TypeExport == kPagesHtml) return LancerSite(ctx, dialogue, lancer);
     try {
         const std::optional<std::string> texte = Produire(ctx, dialogue, liste);
         if (!texte) return r;
