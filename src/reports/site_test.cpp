@@ -95,8 +95,7 @@ struct Site : ::testing::Test {
 TEST_F(Site, PagesEgalentLeursReferences) {
     const ResultatSite r = Ecrire(kDonnees / "site.ged", dossier / "index.html");
     ASSERT_TRUE(r.Ok) << r.Message;
-    for (const char* page :
-         {"index.html", "nom_D.html", "recherches.html", "lieu_autres.html"})
+    for (const char* page : {"index.html", "nom_D.html", "recherches.html", "lieu_autres.html"})
         EXPECT_TRUE(CommeReference(kDonnees / page, LireOctets(dossier / page))) << page;
     // Les pages n'ont que des octets Latin-1 : le "œ" de 1252 devient sa référence Unicode.
     for (const auto& e : fs::directory_iterator(dossier)) {
@@ -146,6 +145,25 @@ TEST_F(Site, UnDossierImpossibleDitPourquoiEtNeLaisseRien) {
     c.TypeExport = kPagesHtml;
     EXPECT_FALSE(LancerExport(c, dialogue).Ecrit);
     ASSERT_EQ(dialogue.messages.size(), 1u);
+}
+
+// Annulé au milieu : l'ancien site reste tel quel, sans dossier temporaire.
+TEST_F(Site, AnnulerLaisseLAncienSite) {
+    struct Annulation : Progression {
+        int pages = 0;
+        void Compteur(std::string_view) override { ++pages; }
+        bool Annule() const override { return pages > 20; }
+    } annulation;
+    essais::EcrireOctets(dossier / "index.html", "ancienne");
+    lecture = std::make_unique<essai::Lecture>();
+    lecture->LireTout(LireOctets(kDonnees / "site.ged"));
+    ToutSelectionner(lecture->base);
+    exports.FichierExport = (dossier / "index.html").string();
+    ContexteExport c{lecture->base, lecture->options, exports, {23, 11, 2026}, &annulation};
+    const ResultatSite r = ExportHTML(c, false);
+    EXPECT_TRUE(r.Annule);
+    EXPECT_EQ(LireOctets(dossier / "index.html"), "ancienne");
+    EXPECT_EQ(std::distance(fs::directory_iterator(dossier), fs::directory_iterator()), 1);
 }
 
 TEST(Html, EchappementEtLatin1) {
