@@ -166,6 +166,33 @@ TEST_F(Site, AnnulerLaisseLAncienSite) {
     EXPECT_EQ(std::distance(fs::directory_iterator(dossier), fs::directory_iterator()), 1);
 }
 
+TEST(Html, FichierLieImageOuLien) {
+    Base base;
+    Options options;
+    OptionsExport e;
+    e.FichierExport = "/srv/site/index.html";
+    const ContexteExport c{base, options, e, {23, 11, 2026}};
+    const struct {
+        const char* chemin;
+        const char* attendu;
+    } cas[] = {
+        {"/srv/site/photos/Jean & Marie.JPG", "<br /><img src=\"photos/Jean%20%26%20Marie.JPG\" alt=\"\" />"},
+        {"/srv/site/actes/d\xE9"
+         "c\xE8s.pdf",
+         "<br /><a href=\"actes/d%C3%A9c%C3%A8s.pdf\">d\xE9"
+         "c\xE8s.pdf</a>"},
+        {"sans_extension", "<br /><img src=\"sans_extension\" alt=\"\" />"},
+    };
+    for (const auto& k : cas) {
+        TexteRapport f(kFichierHtml);
+        EcrireFichierLie(c, f, k.chemin, "<br />");
+        EXPECT_EQ(f.Octets(), k.attendu) << k.chemin;
+    }
+    TexteRapport rtf(kFichierRtf);
+    EcrireFichierLie(c, rtf, "/srv/site/a.png", " ");
+    EXPECT_TRUE(rtf.Octets().empty());
+}
+
 TEST(Html, EchappementEtLatin1) {
     EXPECT_EQ(EchapperHtml("A & <b> \"x\""), "A &amp; &lt;b&gt; &quot;x&quot;");
     EXPECT_EQ(VersLatin1("C\x9C"
