@@ -20,6 +20,7 @@
 #include "reports/blocs_personne.h"
 #include "reports/date_confidentielle.h"
 #include "reports/html.h"
+#include "reports/livre.h"
 #include "store/aides_texte.h"
 #include "store/chaines.h"
 
@@ -420,6 +421,8 @@ void EcrireEntree(Site& site, std::int32_t n, std::int32_t entree) {
     const ContexteExport& c = site.ctx();
     const Base& base = c.base;
     const Options& o = c.options;
+    // L'entrée 0 n'a que son ancre : un bloc vide haut d'un écran cacherait la première famille.
+    if (n == 0 && entree == 0) return site.Ligne("<tr><td><a class=\"famille\" name=\"f0\"></a></td></tr>");
     site.Ligne("<tr><td><div class=\"famille\">");
     site.Ligne("<a class=\"famille\" name=\"f" + std::to_string(n) + "\"></a>");
     if (entree < 0) EcrireEpoux(site, -entree, 0);
@@ -899,7 +902,6 @@ void PageAccueil(Site& site) {
 }  // namespace
 
 ResultatSite ExportHTML(const ContexteExport& ctx, bool parLettre) {
-    (void)parLettre;
     ResultatSite r;
     const fs::path accueil = fs::path(ctx.exports.FichierExport);
     const fs::path dossier = accueil.parent_path();
@@ -910,13 +912,18 @@ ResultatSite ExportHTML(const ContexteExport& ctx, bool parLettre) {
     ctxIndex.TypeExport = ctx.TypeExport;
     ctxIndex.FormatExport = ctx.FormatExport;
     ctxIndex.NumPerso = ctx.NumPerso;
+    ctxIndex.livre = ctx.livre;
     try {
         fs::create_directories(dossier);
         Site site(ctx, ctxIndex, dossier, accueil.filename().string());
         site.Preparer();
+        if (ctx.progression) ctx.progression->Compteur("Calcul");
+        const NumerotationLivre livre = NumeroterLivre(ctx.base, ctx.options, ctx.livre, parLettre, false);
+        site.parPage = static_cast<std::int32_t>(std::pow(static_cast<double>(livre.Total()), 0.45)) + 1;
         site.EcrireFichier("style.css", StyleCss(ctx.options));
         site.EcrireFichier("menu.js", MenuJs());
         if (!fs::exists(dossier / "style2.css")) site.EcrireFichier("style2.css", Style2Css());
+        PagesFamilles(site, livre.entrees);
         PagesNoms(site, kNoms);
         PagesNoms(site, kPrenoms);
         PagesLieux(site);

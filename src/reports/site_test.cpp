@@ -95,7 +95,8 @@ struct Site : ::testing::Test {
 TEST_F(Site, PagesEgalentLeursReferences) {
     const ResultatSite r = Ecrire(kDonnees / "site.ged", dossier / "index.html");
     ASSERT_TRUE(r.Ok) << r.Message;
-    for (const char* page : {"index.html", "nom_D.html", "recherches.html", "lieu_autres.html"})
+    for (const char* page :
+         {"index.html", "page_0.html", "nom_D.html", "recherches.html", "lieu_autres.html"})
         EXPECT_TRUE(CommeReference(kDonnees / page, LireOctets(dossier / page))) << page;
     // Les pages n'ont que des octets Latin-1 : le "œ" de 1252 devient sa référence Unicode.
     for (const auto& e : fs::directory_iterator(dossier)) {
