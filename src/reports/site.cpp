@@ -132,7 +132,7 @@ std::string EnteteHTML(std::string_view nomFichier, std::string_view titre, std:
     ligne("<p style=\"text-align: center; font-size: 1.5em; text-decoration: underline;\">" +
           std::string(titre) + "</p>");
     // Seules les pages des familles sont des tableaux : une page de prénoms n'a pas de rangées.
-    if (nomFichier.starts_with("page_")) ligne("<table><tbody>");
+    if (nomFichier.starts_with("page_")) ligne("<table summary=\"\"><tbody>");
     return r;
 }
 
