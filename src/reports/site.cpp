@@ -309,6 +309,11 @@ std::string NomPrenoms(const Perso& p) {
     return EchapperHtml(p.Nom + " " + p.Prenoms);
 }
 
+// « Sauf décédé » : les dates d'une personne morte suivent le seuil des décès, comme dans les blocs.
+bool SaufDecede(const ContexteExport& c, std::int32_t n) {
+    return c.exports.OptionSaufDecede && !MarqueDecede(c, n, DateDuRapport(c)).empty();
+}
+
 std::string SosaDe(const Perso& p) {
     const auto& s = p.Suite();
     return SosaPositif(s.NumSosa[0].vue()) ? s.NumSosa[0].str() + s.AutresSosa[0].str() : std::string();
@@ -563,7 +568,7 @@ void PagesNoms(Site& site, const GenreNom& g) {
             const ContexteExport& c = site.index();
             const Options& o = c.options;
             EcrireActes(c, p.Naissance, o.SymbNais, p.Deces, o.SymbDece, site.f(), " ", " ", false,
-                        c.exports.OptionSaufDecede);
+                        SaufDecede(c, e.numero));
             if (p.Unions[1] > 0) {
                 const Fami& u = FamiLue(base, p.Unions[1]);
                 EcrireActes(c, u.Mariage, o.SymbMari, Acte{}, o.SymbDivo, site.f(), " ", " ", false, false);
@@ -738,7 +743,7 @@ void PagesMetiers(Site& site) {
             const Perso& p = base.Persos[r.numero];
             site.Texte(Lien(site.CiblePersonne(r.numero), NomPrenoms(p)));
             EcrireActes(c, p.Naissance, o.SymbNais, p.Deces, o.SymbDece, site.f(), " ", " ", false,
-                        c.exports.OptionSaufDecede);
+                        SaufDecede(c, r.numero));
             site.Ligne(kBr);
         }
     }
