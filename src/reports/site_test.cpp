@@ -204,10 +204,12 @@ TEST(Html, EchappementEtLatin1) {
 
 TEST_F(Site, LaLigneDeCommandeEcritLeSite) {
     const fs::path accueil = dossier / "web" / "index.html";
-    const essai::Appel a = essai::Lancer(
-        {"exporter", "site", (kDonnees / "site.ged").string(), accueil.string(), "--date", "23/11/2026"});
+    const essai::Appel a = essai::Lancer({"exporter", "site", (kDonnees / "site.ged").string(),
+                                          accueil.string(), "--date", "23/11/2026", "--sauf-decede"});
     ASSERT_EQ(a.code, 0) << a.erreurs;
     EXPECT_TRUE(CommeReference(kDonnees / "index.html", LireOctets(accueil)));
+    // « Sauf décédé » ne vaut que pour les morts : un vivant né en 2010 garde sa date pour lui.
+    EXPECT_EQ(LireOctets(accueil.parent_path() / "nom_E.html").find("2010"), std::string::npos);
 }
 
 }  // namespace
