@@ -48,14 +48,40 @@ std::string Quotient(double numerateur, double diviseur, int chiffresEntiers = 1
     return diviseur == 0 ? std::string("-") : Decimal(numerateur / diviseur, chiffresEntiers);
 }
 
+// La date d'un texte du fichier. La forme "jj/mm/aaaa" que le programme écrit presque toujours
+// se lit sans détour : sur un million de fiches, la reconnaissance complète coûte cher.
+std::optional<DateCalendrier> DateDuTexte(std::string_view s, bool complete) {
+    const auto chiffre = [&](std::size_t i) { return s[i] >= '0' && s[i] <= '9'; };
+    if (s.size() == 10 && s[2] == '/' && s[5] == '/' && chiffre(0) && chiffre(1) && chiffre(3) &&
+        chiffre(4) && chiffre(6) && chiffre(7) && chiffre(8) && chiffre(9)) {
+        const auto n = [&](std::size_t i, std::size_t k) {
+            int v = 0;
+            for (std::size_t j = i; j < i + k; ++j) v = v * 10 + (s[j] - '0');
+            return v;
+        };
+        const DateCalendrier d{n(0, 2), n(3, 2), n(6, 4)};
+        if (d.mois < 1 || d.mois > 12 || d.annee < kAnneeMin || d.jour < 1 ||
+            d.jour > JoursDuMois(d.mois, d.annee))
+            return {};
+        return d;
+    }
+    if (complete && !EstDateComplete(s)) return {};
+    return LireDate(s);
+}
+
 // Le mois d'une date complète décalée de quelques jours en arrière ; vide sans date complète.
 std::optional<int> MoisDecale(std::string_view date, int jours) {
-    if (!EstDateComplete(date)) return {};
-    const auto d = LireDate(date);
+    const auto d = DateDuTexte(date, true);
     if (!d) return {};
-    const auto decalee = DateDuNumero(std::int64_t{NumeroJour(*d)} - jours);
-    if (!decalee) return {};
-    return decalee->mois;
+    int jour = d->jour - jours, mois = d->mois, annee = d->annee;
+    while (jour < 1) {
+        if (--mois < 1) {
+            mois = 12;
+            --annee;
+        }
+        jour += JoursDuMois(mois, annee);
+    }
+    return mois;
 }
 
 // Une rangée d'une liste de travail triée : la valeur puis le numéro de fiche, comme le texte
@@ -268,7 +294,7 @@ void Redaction::MoisEtDecennies() {
     std::array<std::vector<std::int64_t>, 3> decennies;
     for (auto& d : decennies) d.assign(derniere + 1, 0);
     const auto compter = [&](const Acte& a, int colonne) {
-        if (const auto d = LireDate(a.Date)) ++mois[colonne][d->mois];
+        if (const auto d = DateDuTexte(a.Date, false)) ++mois[colonne][d->mois];
         if (CommenceParChiffre(a.Date) && a.Annee >= 0 && a.Annee / 10 <= derniere)
             ++decennies[colonne][a.Annee / 10];
     };
@@ -348,11 +374,11 @@ void Redaction::PlusFrequents(std::string_view titre, Texte Perso::*champ, char 
     std::unordered_map<std::string_view, std::int64_t> compte;
     for (std::int32_t i = 1; i <= b_.NbPersos; ++i) {
         const Perso& p = b_.Persos[i];
-        if (Selectionnee(p) && (sexe == ' ' || p.Sexe == sexe)) ++compte[std::string_view(p.*champ)];
+        const std::string_view valeur = p.*champ;
+        if (!valeur.empty() && Selectionnee(p) && (sexe == ' ' || p.Sexe == sexe)) ++compte[valeur];
     }
     std::vector<std::pair<std::int64_t, std::string_view>> rangs;
     for (const auto& [valeur, n] : compte) {
-        if (valeur.empty()) continue;
         if (sansComposes &&
             (valeur.find(" puis ") != std::string_view::npos || valeur.find(", ") != std::string_view::npos))
             continue;
