@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "gedcom/comparaison_test.h"
 #include "gedcom/lecture_essai.h"
 
 namespace arbolix {
@@ -61,6 +62,9 @@ TEST(FicheFamille, ConjointsPuisEnfantsAvecLeursUnions) {
         L(M + "\xB0\x31\x32/12/1824    +03/11/1850 "),
     };
     EXPECT_EQ(FicheFamille(l.base, l.options, 1, "famille.ged", jour), attendu);
+    // La même en PDF, octet pour octet (relue par pdftotext dans le test consommateur).
+    EXPECT_TRUE(essais::CommeReference(std::string(ARBOLIX_DONNEES) + "/stats/fiche-1.pdf",
+                                       FicheFamillePdf(attendu, "Fiche familiale n\xB0 1")));
 
     // Sans mari, la fiche commence au bloc de la femme ; ses notes gardent la marge à chaque
     // ligne ; le fils nomme ses parents et leur fiche.
