@@ -113,6 +113,8 @@ public slots:
     void MenuExport(int i);
     // Petits outils (fiche_outils.cpp).
     void MenuEnvoyerMel();
+    void MenuStats();         // fiche_stats.cpp
+    void MenuFicheFamille();  // fiche_stats.cpp
     void VerifierMiseAJour();
     void VerifierMiseAJourAuDemarrage();
     void BoutonAnnuaire();
@@ -148,6 +150,7 @@ private:
     void MontrerApresCommande(std::int32_t n);
     void BrancherExports();  // fiche_exports.cpp
     void BrancherOutils();   // fiche_outils.cpp
+    void BrancherStats();    // fiche_stats.cpp
     // La liste d'adresses des options : une ligne prise d'emblée, sinon choisie dans la liste "web".
     void RechercherSurLeWeb(const std::string& liste, const QString& legende, const ValeursWeb& valeurs);
     void CreerMenuImage();
