@@ -12,6 +12,7 @@
 #include "cli/mel_cli.h"
 #include "cli/parente_cli.h"
 #include "cli/sql_cli.h"
+#include "cli/tmao_cli.h"
 #include "gedcom/enregistrement.h"
 #include "gedcom/journal_lecture.h"
 #include "gedcom/lecteur.h"
@@ -283,6 +284,8 @@ const std::vector<Commande>& Commandes() {
          "mel [--frontiere CHIFFRES] FICHIER.ged [SORTIE.eml] : le message qui porte le fichier en pi\xC3\xA8"
          "ce jointe",
          CommandeMel},
+        {"tmao", kAideTmao, CommandeTmao},
+        {"txt2tm", kAideTxt2Tm, CommandeTxt2Tm},
     };
     return commandes;
 }
