@@ -9,6 +9,7 @@
 #include "dates/calendrier_gregorien.h"
 #include "gedcom/enregistrement.h"
 #include "lists/recherche_actes.h"
+#include "store/aides_texte.h"
 #include "store/chaines.h"
 
 namespace arbolix {
@@ -412,6 +413,49 @@ std::vector<const Rangee*> RangeesDActes(const ListePersonne& liste) {
 constexpr std::string_view kExportImpossible = "Export impossible";
 
 }  // namespace
+
+int FormatActesDuFichier(std::string_view fichier, int exportPrefere) {
+    const std::string ext = EnMajuscules(fs::path(std::string(fichier)).extension().string());
+    if (ext == ".TMT") return kFormatTMT;
+    if (ext == ".TM") return kFormatTMAO;
+    if (ext == ".TXT") return kFormatNimegue;
+    return std::clamp(exportPrefere + 1, static_cast<int>(kFormatTMAO), static_cast<int>(kFormatNimegue));
+}
+
+std::string LieuDuNomDeFichier(std::string_view fichierGedcom, bool modifCasse) {
+    const std::string nom = fs::path(std::string(fichierGedcom)).stem().string();
+    if (nom.empty() || !EstChiffre(nom[0])) return {};
+    for (const char sep : {'-', '_'}) {
+        const auto p = nom.find(sep);
+        if (p != std::string::npos && EstNumerique(nom.substr(0, p)))
+            return Majuscules(Remplacer(nom.substr(p + 1), "_", " "), 3, modifCasse);
+    }
+    return {};
+}
+
+std::vector<std::string> LieuxDuNom(const ListeChoix& lieux, std::string_view nom) {
+    std::vector<std::string> r;
+    if (nom.empty()) return r;
+    const std::string cherche = EnMajuscules(SansAccents(nom, false));
+    for (const std::string& l : lieux.Triee())
+        if (EnMajuscules(SansAccents(l, false)).find(cherche) != std::string::npos) r.push_back(l);
+    return r;
+}
+
+RechercheActes RechercheUCGL(int index, const OptionsExport& e, int anneeDuJour,
+                             std::vector<std::string> lieux) {
+    constexpr int kCases[] = {kCaseNaissance, kCaseMariage, kCaseDeces};
+    RechercheActes r;
+    r.TypeActe[static_cast<std::size_t>(kCases[std::clamp(index, 0, 2)])] = true;
+    if (!lieux.empty()) {
+        r.OptionType = Critere::Lieu;
+        r.Criteres = std::move(lieux);
+    }
+    r.AnneeDebut = "1";
+    r.AnneeFin = std::to_string(anneeDuJour - ValeurNumerique(e.AnneesConfidentielles[index == 2 ? 1 : 0]));
+    r.ListeTri = {0, 2};
+    return r;
+}
 
 char SorteDuSymbole(const Options& o, char symbole) {
     const struct {

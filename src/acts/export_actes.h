@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "lists/rangees.h"
+#include "lists/recherche_actes.h"
 #include "platform/dialogue.h"
 #include "platform/progression.h"
 #include "store/base.h"
@@ -24,6 +25,25 @@ char SorteDuSymbole(const Options& options, char symbole);
 
 // La ligne des noms de colonnes d'une sorte, "|" entre eux (le séparateur vient ensuite).
 std::string EnTeteActes(char sorte);
+
+// Le format d'un fichier d'actes : ".tmt" TMT, ".TM" TMAO, ".txt" NIMEGUE ; une autre extension
+// suit le format préféré des options (ExportPrefere : 0 TMAO, 1 TMT, 2 Nimègue).
+int FormatActesDuFichier(std::string_view fichier, int exportPrefere);
+
+// Le lieu que le nom du fichier GEDCOM porte : "54123-saint clément.ged" donne "Saint Clément",
+// le texte derrière le premier "-" (ou "_") quand le nom commence par un chiffre ; vide sinon.
+std::string LieuDuNomDeFichier(std::string_view fichierGedcom, bool modifCasse);
+// Les lieux de la liste de saisie qui contiennent ce nom.
+std::vector<std::string> LieuxDuNom(const ListeChoix& lieux, std::string_view nom);
+inline constexpr std::string_view kTitreExportTMAO = "Export TMAO";
+inline constexpr std::string_view kAucunLieu =
+    "Aucun lieu trouv\xE9 et choisi \xE0 partir du nom de fichier.\r\nVeuillez choisir au moins un lieu pour "
+    "continuer.";
+
+// La recherche de MenuExportUCGL : index 0 naissances, 1 mariages, 2 décès, de l'an 1 à l'année du
+// jour moins le seuil de confidentialité de la sorte ; les lieux donnés font le critère.
+RechercheActes RechercheUCGL(int index, const OptionsExport& e, int anneeDuJour,
+                             std::vector<std::string> lieux);
 
 // Ce que l'export reçoit du dialogue Exports et de la fenêtre de liste.
 struct DemandeExportActes {

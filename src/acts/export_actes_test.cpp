@@ -132,5 +132,22 @@ TEST_F(ExportActesEssai, RefusSansFichier) {
     EXPECT_TRUE(ExporterActes(Demande("M54123.tmt", kFormatTMT), dialogue_).Ecrit);
 }
 
+TEST(ExportActes, LieuEtFormatDuNomDeFichier) {
+    const struct {
+        const char* fichier;
+        const char* lieu;
+    } lieux[] = {{"/a/54123-saint_cl\xE9ment.ged", "Saint Cl\xE9ment"},
+                 {"/a/54123_nancy.ged", "Nancy"},
+                 {"/a/nancy-54123.ged", ""},
+                 {"/a/54a-toul.ged", ""}};
+    for (const auto& c : lieux) EXPECT_EQ(LieuDuNomDeFichier(c.fichier, true), c.lieu) << c.fichier;
+    const struct {
+        const char* fichier;
+        int format;
+    } formats[] = {
+        {"M54123.tmt", kFormatTMT}, {"x.TM", kFormatTMAO}, {"x.txt", kFormatNimegue}, {"x.csv", kFormatTMT}};
+    for (const auto& c : formats) EXPECT_EQ(FormatActesDuFichier(c.fichier, 1), c.format) << c.fichier;
+}
+
 }  // namespace
 }  // namespace arbolix

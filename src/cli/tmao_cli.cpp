@@ -123,31 +123,18 @@ bool ExtraireOptionsActes(Arguments& args, OptionsActesCli& o, std::ostream& err
 
 bool PreparerActesCli(const OptionsActesCli& o, ContexteExport& ctx, ListePersonne& liste,
                       std::ostream& erreurs) {
-    const struct {
-        char sorte;
-        int caseActe;
-        int seuil;  // index de AnneesConfidentielles
-    } sortes[] = {{'N', kCaseNaissance, 0}, {'M', kCaseMariage, 0}, {'D', kCaseDeces, 1}};
-    for (const auto& s : sortes) {
-        if (!o.type || *o.type != std::string(1, s.sorte)) continue;
-        RechercheActes r;
-        r.TypeActe[static_cast<std::size_t>(s.caseActe)] = true;
-        if (o.lieu) {
-            r.OptionType = Critere::Lieu;
-            r.Criteres = {Utf8VersCp1252(*o.lieu)};
-        }
-        r.AnneeDebut = "1";
-        r.AnneeFin = std::to_string(
-            ctx.aujourdhui.annee -
-            ValeurNumerique(ctx.exports.AnneesConfidentielles[static_cast<std::size_t>(s.seuil)]));
-        r.ListeTri = {0, 2};
-        ListerActes(ctx.base, ctx.options, r, 0, true, liste);
-        const std::string ext = EnMajuscules(fs::path(ctx.exports.FichierExport).extension().string());
-        ctx.FormatExport = ext == ".TMT" ? kFormatTMT : ext == ".TM" ? kFormatTMAO : kFormatNimegue;
-        return true;
+    const std::string_view sortes = "NMD";
+    const auto index = o.type && o.type->size() == 1 ? sortes.find((*o.type)[0]) : std::string_view::npos;
+    if (index == std::string_view::npos) {
+        erreurs << "exporter actes attend --type N, M ou D.\n";
+        return false;
     }
-    erreurs << "exporter actes attend --type N, M ou D.\n";
-    return false;
+    std::vector<std::string> lieux;
+    if (o.lieu) lieux.push_back(Utf8VersCp1252(*o.lieu));
+    const RechercheActes r =
+        RechercheUCGL(static_cast<int>(index), ctx.exports, ctx.aujourdhui.annee, std::move(lieux));
+    ListerActes(ctx.base, ctx.options, r, 0, true, liste);
+    return true;
 }
 
 }  // namespace arbolix::cli

@@ -22,8 +22,7 @@ struct OptionsActesCli {
 // Retire --type et --lieu des arguments ; faux (message écrit) quand une valeur manque.
 bool ExtraireOptionsActes(Arguments& args, OptionsActesCli& o, std::ostream& erreurs);
 // Comme MenuExportUCGL : la recherche des actes d'une sorte jusqu'à l'année du jour moins le seuil
-// de confidentialité, la liste triée, et le format tiré de l'extension de FichierExport (.tmt TMT,
-// .TM TMAO, sinon NIMEGUE). Faux (message écrit) sans --type valable.
+// de confidentialité, et la liste triée. Faux (message écrit) sans --type valable.
 bool PreparerActesCli(const OptionsActesCli& o, ContexteExport& ctx, ListePersonne& liste,
                       std::ostream& erreurs);
 

@@ -51,6 +51,14 @@ TEST(TmaoCli, ConvertirEtTxt2Tm) {
         EXPECT_NE(a.erreurs.find(r.message), std::string::npos) << a.erreurs;
     }
     EXPECT_FALSE(fs::exists(d / "x.txt"));
+
+    // L'export des mariages relit le GEDCOM écrit ci-dessus.
+    const essai::Appel e = essai::Lancer({"exporter", "actes", ged, (d / "M54123.txt").string(), "--type",
+                                          "M", "--lieu", "Nancy", "--date", "01/02/2026"});
+    ASSERT_EQ(e.code, 0) << e.erreurs;
+    std::ifstream n(d / "M54123.txt", std::ios::binary);
+    const std::string csv((std::istreambuf_iterator<char>(n)), std::istreambuf_iterator<char>());
+    EXPECT_NE(csv.find("\r\nNIMEGUE-V3;Nancy;M;;12/02/1750;;DUPONT;Jean;"), std::string::npos) << csv;
     fs::remove_all(d);
 }
 

@@ -111,8 +111,9 @@ std::optional<std::string> Produire(const ContexteExport& ctx, Dialogue& dialogu
                 return std::nullopt;
             }
             return ProduireExportActes(
-                {ctx.base, ctx.options, ctx.exports.TexteComp, ctx.exports.FichierExport, ctx.FormatExport,
-                 *liste, ARBOLIX_VERSION_MAJEURE, 0, ctx.progression},
+                {ctx.base, ctx.options, ctx.exports.TexteComp, ctx.exports.FichierExport,
+                 FormatActesDuFichier(ctx.exports.FichierExport, ctx.options.ExportPrefere), *liste,
+                 ARBOLIX_VERSION_MAJEURE, 0, ctx.progression},
                 dialogue);
         case kIsoles: {
             const ListePersonne faite = liste ? ListePersonne{} : ListeIsoles(ctx.base, ctx.options, titre);
