@@ -494,7 +494,7 @@ std::optional<std::string> TexteExportActes(const DemandeExportActes& d, char so
     }
     std::uint32_t tour = 0;
     for (const Rangee* x : RangeesDActes(d.liste)) {
-        if (d.progression && (++tour % 256) == 0) {
+        if (d.progression && (++tour % 256) == 1) {
             d.progression->LaisserPasser();
             if (d.progression->Annule()) return std::nullopt;
         }

@@ -129,6 +129,14 @@ TEST_F(ExportActesEssai, RefusSansFichier) {
     notes_ = "ok";
     liste_.Rangees.resize(1);
     for (const auto& [s, n] : {std::pair{'x', 1}, std::pair{'x', 2}, std::pair{'+', 1}}) Rangee(s, n);
+    // Annulé en cours de route : rien n'est écrit.
+    struct Annulee : Progression {
+        bool Annule() const override { return true; }
+    } annulee;
+    DemandeExportActes d = Demande("M54123.tmt", kFormatTMT);
+    d.progression = &annulee;
+    EXPECT_TRUE(ExporterActes(d, dialogue_).Annule);
+    EXPECT_FALSE(fs::exists(dossier_ / "M54123.tmt"));
     EXPECT_TRUE(ExporterActes(Demande("M54123.tmt", kFormatTMT), dialogue_).Ecrit);
 }
 
