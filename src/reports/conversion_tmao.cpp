@@ -6,6 +6,8 @@
 
 #include "gedcom/enregistrement.h"
 #include "platform/cp1252.h"
+#include "reports/rtf.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 
@@ -13,8 +15,33 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// Le cercle de la page de titre, d'après les deux premiers chiffres du code du fichier.
+std::string Departement(std::string_view source) {
+    const auto debut = source.find_first_of("0123456789");
+    const std::string code(debut == std::string_view::npos ? std::string_view() : source.substr(debut, 2));
+    const struct {
+        const char* code;
+        const char* nom;
+    } cercles[] = {{"54", "MEURTHE-ET-MOSELLE"}, {"55", "MEUSE"}, {"57", "MOSELLE"}};
+    for (const auto& c : cercles)
+        if (code == c.code) return c.nom;
+    return code;
+}
+
+void Champs(std::string& o, const std::array<std::string, 4>& lignes) {
+    bool premier = true;
+    for (const auto& l : lignes) {
+        if (l.empty()) continue;
+        o.append(premier ? "" : " ; ");
+        AjouterRTF(o, l);
+        premier = false;
+    }
+}
+
 std::optional<std::string> Produire(int mode, const std::vector<ActeTMAO>& actes, const EnteteConversion& e) {
     switch (mode) {
+        case kConvRtf:
+            return RtfTMAO(actes, e);
         case kConvTexte:
             return TexteTMAO(actes, e);
         case kConvGedcom:
@@ -94,6 +121,38 @@ ResultatConversion Convertir(const DemandeConversion& d, Dialogue& dialogue) {
 }
 
 }  // namespace
+
+std::string RtfTMAO(const std::vector<ActeTMAO>& actes, const EnteteConversion& e) {
+    // Une table n'a ni fiche ni réglage : l'en-tête commun avec ses valeurs par défaut.
+    Base base;
+    const Options options;
+    const OptionsExport exports;
+    ContexteExport ctx{base, options, exports, LireDateCourte(e.Date).value_or(DateCalendrier{})};
+    TexteRapport f(kFichierRtf);
+    OuvrirRTF(ctx, f, false, false, false, 4);
+    std::string& o = f.Octets();
+    o += "{\\box \\brdrw15 CERCLE G\xC9N\xC9"
+         "ALOGIQUE DE ";
+    AjouterRTF(o, Departement(e.Source));
+    o += "\\par {\\fs20 REPRODUCTION  INTERDITE \\par }}\\page \\qc {\\fs36 TABLE DES " +
+         EchapperRTF(Depuis(TitreTable(e.Type), 11)) + "}\\par {\\fs24 " + EchapperRTF(e.Source) +
+         "}\\par \\ql \r\n";
+    for (std::size_t i = 0; i < actes.size(); ++i) {
+        const ActeTMAO& a = actes[i];
+        if (i > 0) o += "{\\fs8{\\par \\brdrb\\brdrs\\par }\\par }\\keep ";
+        o += "{\\b " + EchapperRTF(DateActeTMAO(a)) + "}\\tab {\\b " + EchapperRTF(a.Nom1) + "} " +
+             EchapperRTF(a.Prenom1) + "\\tab {\\b " + EchapperRTF(a.Nom2) + "} " + EchapperRTF(a.Prenom2) +
+             "\\par \\tab ";
+        Champs(o, a.Lignes1);
+        o += "\\tab ";
+        Champs(o, a.Lignes2);
+        o += "\\par \\tab ";
+        Champs(o, a.LignesActe);
+        o += "\\par \r\n";
+    }
+    o += "\\par " + std::to_string(actes.size()) + " actes}";
+    return f.Fermer();
+}
 
 ResultatConversion ConvertirTMAO(const DemandeConversion& demande, Dialogue& dialogue) {
     try {

@@ -28,6 +28,10 @@ struct ResultatConversion {
     std::size_t NbActes = 0;
 };
 
+// Le document RTF de la table : page de titre du cercle, titre de la table, un paragraphe par acte
+// (champs séparés par des tabulations, actes par un filet), le nombre d'actes pour finir.
+std::string RtfTMAO(const std::vector<ActeTMAO>& actes, const EnteteConversion& e);
+
 // Lit la table et écrit la sortie d'un seul renommage : un fichier abîmé ne laisse rien derrière
 // lui, et l'ancienne sortie reste telle quelle. Aucune exception ne sort d'ici.
 ResultatConversion ConvertirTMAO(const DemandeConversion& demande, Dialogue& dialogue);

@@ -7,6 +7,7 @@
 
 #include "aides/dialogue_factice.h"
 #include "aides/dossier_essai.h"
+#include "gedcom/comparaison_test.h"
 
 namespace arbolix {
 namespace {
@@ -73,6 +74,27 @@ TEST_F(ConvertirTMAOEssai, SansNomLeDialogueDOuvertureEtAnnuler) {
     const ResultatConversion r = ConvertirTMAO(d, dialogue_);
     ASSERT_TRUE(r.Ok) << r.Erreur;
     EXPECT_TRUE(fs::exists(dossier_ / "N1.txt"));
+}
+
+TEST(RtfTMAO, DocumentDeReference) {
+    ActeTMAO a;
+    a.Nom1 = "DUPONT";
+    a.Prenom1 = "Jean (25)";
+    a.Lignes1 = {"fils de {Pierre}", "laboureur", "", ""};
+    a.Nom2 = "\xC9TIENNE";
+    a.Prenom2 = "Marie";
+    a.Jour = 12;
+    a.Mois = 2;
+    a.Annee = 1750;
+    a.LignesActe = {"t\xE9moin : Paul\\Jacques", "", "", "f\xB0 12"};
+    ActeTMAO b;
+    b.Nom1 = "BLANC";
+    b.Prenom1 = "Louis";
+    b.Jour = 12;
+    b.Mois = 1;
+    b.Annee = 3;
+    EXPECT_TRUE(essais::CommeReference(fs::path(ARBOLIX_DONNEES) / "tmao" / "mariages.rtf",
+                                       RtfTMAO({a, b}, {"M54123.TM", 'M', "", "01/02/2026"})));
 }
 
 }  // namespace
