@@ -21,6 +21,9 @@ ActionLigneCommande ActionPourFichier(std::string_view fichier);
 // arbolix CODE-TITRE.EPA : l'export SQL sans montrer la fiche, avant la fin du programme. Rend
 // le code de sortie : 0, ou 2 quand l'export n'a pas eu lieu, message (1252) qui nomme le fichier.
 int LancerExportSql(std::string_view fichier, std::string& message);
+// arbolix FICHIER.TM : la conversion de la table dans le mode des options (ConvTMAO2), les
+// questions passant par dialogue. Rend 0, ou 2 avec le message (1252) qui nomme le fichier.
+int LancerConversionTmao(std::string_view fichier, int mode, Dialogue& dialogue, std::string& message);
 // Le texte de la boîte "Erreur de syntaxe" ; executable est le chemin du programme.
 std::string MessageSyntaxe(std::string_view executable);
 

@@ -13,6 +13,7 @@
 #include "cli/parente_cli.h"
 #include "cli/sql_cli.h"
 #include "cli/stats_cli.h"
+#include "cli/tmao_cli.h"
 #include "gedcom/enregistrement.h"
 #include "gedcom/journal_lecture.h"
 #include "gedcom/lecteur.h"
@@ -286,6 +287,8 @@ const std::vector<Commande>& Commandes() {
          CommandeMel},
         {"stats", kAideStats, CommandeStats},
         {"fiche-famille", kAideFicheFamille, CommandeFicheFamille},
+        {"tmao", kAideTmao, CommandeTmao},
+        {"txt2tm", kAideTxt2Tm, CommandeTxt2Tm},
     };
     return commandes;
 }

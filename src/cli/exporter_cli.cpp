@@ -7,6 +7,7 @@
 
 #include "card/lignes_personne.h"
 #include "cli/parente_cli.h"
+#include "cli/tmao_cli.h"
 #include "kinship/menu_sel.h"
 #include "platform/cp1252.h"
 #include "reports/exports.h"
@@ -27,7 +28,7 @@ struct Rapport {
 constexpr Rapport kRapports[] = {
     {"ligne-de-vie", kLigneDeVie}, {"ascendance", kAscendance}, {"descendance", kDescendance},
     {"adresses", kAdresses},       {"eclair", kEclair},         {"livre", kLivre},
-    {"isoles", kIsoles},           {"site", kPagesHtml},
+    {"isoles", kIsoles},           {"site", kPagesHtml},          {"actes", kActes},
 };
 
 // Les cases du cadre RTF : colonnes du texte et des index, notes et sources en bas de page, unions.
@@ -150,7 +151,8 @@ int CommandeExporter(const Arguments& args, Sorties& s) {
     Arguments reste = args;
     OptionsExport e;
     Drapeaux d;
-    if (!LireDrapeaux(reste, e, d, s.erreurs)) return 2;
+    OptionsActesCli actes;
+    if (!ExtraireOptionsActes(reste, actes, s.erreurs) || !LireDrapeaux(reste, e, d, s.erreurs)) return 2;
     const Rapport* rapport = nullptr;
     for (const auto& r : kRapports)
         if (reste.size() == 3 && reste[0] == r.nom) rapport = &r;
@@ -197,7 +199,9 @@ int CommandeExporter(const Arguments& args, Sorties& s) {
     ctx.LibelleSel = libelle;
     // Sans --minimum et sans « Toutes », la liste-éclair prend le minimum proposé (1).
     DialogueExport dialogue(s.erreurs, d.minimum.value_or("1"));
-    const ResultatExport r = LancerExport(ctx, dialogue);
+    ListePersonne liste;
+    if (rapport->type == kActes && !PreparerActesCli(actes, ctx, liste, s.erreurs)) return 2;
+    const ResultatExport r = LancerExport(ctx, dialogue, rapport->type == kActes ? &liste : nullptr);
     if (!r.Ecrit) return 2;
     s.sortie << "Export\xC3\xA9 : " << reste[2] << "\n";
     return 0;

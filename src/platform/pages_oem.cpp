@@ -82,6 +82,31 @@ const std::array<unsigned char, 128>& Table(int page) {
     return page == 850 ? k850Vers1252 : k437Vers1252;
 }
 
+// Lettres de la page 1252 qu'aucune page OEM ne porte : la plus proche qui s'y trouve.
+constexpr Voisin kVoisinsOem[] = {
+    {0x80, 'E'}, {0x82, ','},  {0x84, '"'},  {0x85, '.'}, {0x8A, 'S'}, {0x8B, '<'}, {0x8C, 'O'},
+    {0x8E, 'Z'}, {0x91, '\''}, {0x92, '\''}, {0x93, '"'}, {0x94, '"'}, {0x95, '.'}, {0x96, '-'},
+    {0x97, '-'}, {0x9A, 's'},  {0x9B, '>'},  {0x9C, 'o'}, {0x9E, 'z'}, {0x9F, 'Y'},
+};
+
+// L'inverse exact de la page : seuls les caractères qu'elle porte vraiment comptent.
+std::array<unsigned char, 128> DeriverInverse(const std::array<char16_t, 128>& page) {
+    std::array<unsigned char, 128> t{};
+    t.fill('?');
+    for (const Voisin& v : kVoisinsOem) t[v.code - 0x80] = v.octet;
+    for (std::size_t i = 0; i < page.size(); ++i) {
+        const int octet = OctetCp1252(page[i]);
+        if (octet >= 0x80) t[static_cast<std::size_t>(octet) - 0x80] = static_cast<unsigned char>(0x80 + i);
+    }
+    return t;
+}
+
+const std::array<unsigned char, 128>& TableInverse(int page) {
+    static const std::array<unsigned char, 128> i437 = DeriverInverse(kPage437);
+    static const std::array<unsigned char, 128> i850 = DeriverInverse(kPage850);
+    return page == 850 ? i850 : i437;
+}
+
 }  // namespace
 
 unsigned char OctetOemVers1252(unsigned char octet, int page) {
@@ -93,6 +118,14 @@ void OemVers1252(std::string& tampon, std::size_t depuis, int page) {
     for (std::size_t i = depuis; i < tampon.size(); ++i) {
         const auto o = static_cast<unsigned char>(tampon[i]);
         if (o >= 0x80) tampon[i] = static_cast<char>(table[o - 0x80]);
+    }
+}
+
+void Cp1252VersOem(std::string& tampon, int page) {
+    const auto& table = TableInverse(page);
+    for (char& c : tampon) {
+        const auto o = static_cast<unsigned char>(c);
+        if (o >= 0x80) c = static_cast<char>(table[o - 0x80]);
     }
 }
 

@@ -35,4 +35,9 @@ void OemVers1252(std::string& tampon, std::size_t depuis, int page);
 // L'octet 1252 d'un octet de la page OEM donnée (même règle que ci-dessus).
 unsigned char OctetOemVers1252(unsigned char octet, int page);
 
+// Ce que donne CharToOemA : chaque octet 1252 de 0x80 ou plus devient celui du même caractère
+// dans la page OEM ; une lettre que la page ne porte pas (Œ, €, guillemets) prend sa voisine
+// sans accent, '?' en dernier recours.
+void Cp1252VersOem(std::string& tampon, int page);
+
 }  // namespace arbolix

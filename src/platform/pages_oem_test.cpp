@@ -88,5 +88,20 @@ TEST(PagesOem, OctetCp1252) {
     EXPECT_EQ(OctetCp1252(0x2500), -1);
 }
 
+// CharToOemA puis OemToCharA rend chaque lettre que la page porte ; les autres prennent une voisine.
+TEST(PagesOem, Cp1252VersOemPuisRetour) {
+    for (int page : {437, 850}) {
+        for (int c = 0x80; c <= 0xFF; ++c) {
+            std::string t(1, static_cast<char>(c));
+            Cp1252VersOem(t, page);
+            const unsigned char retour = OctetOemVers1252(static_cast<unsigned char>(t[0]), page);
+            if (static_cast<unsigned char>(t[0]) >= 0x80) EXPECT_EQ(retour, c) << "page " << page << " octet " << c;
+        }
+    }
+    std::string t = "\xE9t\xE9 \x9C" "uvre \x80";
+    Cp1252VersOem(t, 850);
+    EXPECT_EQ(t, "\x82t\x82 ouvre E");
+}
+
 }  // namespace
 }  // namespace arbolix

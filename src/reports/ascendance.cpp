@@ -4,10 +4,12 @@
 #include <cstdio>
 #include <unordered_set>
 
+#include "acts/tmao.h"
 #include "card/lignes_personne.h"
 #include "kinship/sosa.h"
 #include "reports/blocs_personne.h"
 #include "reports/date_confidentielle.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 
@@ -145,6 +147,63 @@ void Implexes(const Ascendance& a, TexteRapport& f) {
 }
 
 }  // namespace
+
+namespace {
+
+std::string NomPrenoms(const Perso& p) {
+    return std::string(SansBlancs(std::string(p.Prenoms.vue()) + " " + std::string(p.Nom.vue())));
+}
+
+std::string LigneActe(std::string_view symbole, const Acte& a) {
+    if (a.Date.empty() && a.Lieu.empty()) return {};
+    return std::string(
+        SansBlancs(std::string(symbole) + " " + std::string(a.Date.vue()) + " " + std::string(a.Lieu.vue())));
+}
+
+// Nom, prénoms et les quatre lignes d'un conjoint : Sosa, naissance, décès, métier.
+void Conjoint(const ContexteExport& ctx, std::int32_t n, std::string& nom, std::string& prenom,
+              std::array<std::string, 4>& lignes) {
+    const Perso& p = PersoLu(ctx.base, n);
+    nom = p.Nom;
+    prenom = p.Prenoms;
+    lignes = {std::string(p.Suite().NumSosa[0].vue()), LigneActe(ctx.options.SymbNais, p.Naissance),
+              LigneActe(ctx.options.SymbDece, p.Deces), std::string(p.Metier.vue())};
+}
+
+std::string Parents(const ContexteExport& ctx, std::int32_t n) {
+    const Fami& f = FamiLue(ctx.base, PersoLu(ctx.base, n).NumParents);
+    if (f.Mari <= 0 && f.Femme <= 0) return {};
+    return NomPrenoms(PersoLu(ctx.base, f.Mari)) + " " + ctx.options.SymbMari + " " +
+           NomPrenoms(PersoLu(ctx.base, f.Femme));
+}
+
+}  // namespace
+
+std::string TmaoAscendance(const ContexteExport& ctx) {
+    const Ascendance a = NumeroterAscendants(ctx.base, {ctx.NumPerso, 0, true, kGenerationsTMAO});
+    std::vector<ActeTMAO> actes;
+    std::unordered_set<std::int32_t> vues;
+    std::uint32_t tour = 0;
+    for (const Rangee& r : a.liste.Rangees) {
+        TourDeBoucle(ctx, ++tour);
+        if (r.valeur <= 0) continue;
+        const std::string s = NumeroDeRangee(r.texte);
+        const std::int32_t f = PersoLu(ctx.base, r.valeur).Unions[0];
+        // Un couple par famille : l'homme (numéro pair) le porte, un implexe ne le répète pas.
+        if (s.empty() || (s.back() - '0') % 2 != 0 || f <= 0 || !vues.insert(f).second) continue;
+        const Fami& fa = FamiLue(ctx.base, f);
+        ActeTMAO t;
+        Conjoint(ctx, fa.Mari, t.Nom1, t.Prenom1, t.Lignes1);
+        Conjoint(ctx, fa.Femme, t.Nom2, t.Prenom2, t.Lignes2);
+        DateVersTMAO(fa.Mariage.Date.vue(), t);
+        std::string femme = s;
+        femme.back() = static_cast<char>(femme.back() + 1);
+        t.LignesActe = {std::string(fa.Mariage.Lieu.vue()), "Sosa " + s + "-" + femme, Parents(ctx, fa.Mari),
+                        Parents(ctx, fa.Femme)};
+        actes.push_back(std::move(t));
+    }
+    return EcrireTMAO(actes, PiedTMAO('A'));
+}
 
 std::string TexteAscendance(const ContexteExport& ctx, int generationsMax) {
     const Ascendance a = NumeroterAscendants(ctx.base, {ctx.NumPerso, 0, true, generationsMax});

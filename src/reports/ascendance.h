@@ -13,6 +13,11 @@ namespace arbolix {
 // la forme TMAO en demandera 6.
 std::string TexteAscendance(const ContexteExport& ctx, int generationsMax = 0);
 
+// La forme TMAO : un mariage par couple d'ancêtres, sur 6 générations, table des ascendances
+// (octets du fichier).
+inline constexpr int kGenerationsTMAO = 6;
+std::string TmaoAscendance(const ContexteExport& ctx);
+
 // "12,5%" : la part des ancêtres comptés plusieurs fois, une décimale, virgule française.
 std::string PourcentageImplexe(std::int32_t nbAncetres, std::int32_t reels);
 

@@ -2,6 +2,7 @@
 
 #include <cctype>
 
+#include "acts/export_actes.h"
 #include "card/lignes_personne.h"
 #include "gedcom/enregistrement.h"
 #include "platform/cp1252.h"
@@ -98,13 +99,7 @@ std::optional<std::string> Produire(const ContexteExport& ctx, Dialogue& dialogu
             return TexteLigneDeVie(ctx, l);
         }
         case kAscendance:
-            if (FinitParSansCasse(ctx.exports.FichierExport, ".TM")) {
-                dialogue.Message(titre,
-                                 "L'ascendance au format TMAO n'est pas encore possible : choisissez un "
-                                 "fichier texte (.txt).",
-                                 Icone::Attention);
-                return std::nullopt;
-            }
+            if (FinitParSansCasse(ctx.exports.FichierExport, ".TM")) return TmaoAscendance(ctx);
             return TexteAscendance(ctx);
         case kDescendance:
             return FinitParSansCasse(ctx.exports.FichierExport, ".TXT") ? TexteDescendance(ctx)
@@ -122,6 +117,17 @@ std::optional<std::string> Produire(const ContexteExport& ctx, Dialogue& dialogu
             }
             return TexteListeEclair(ctx, minimum);
         }
+        case kActes:
+            if (!liste) {
+                dialogue.Message(titre, "Aucun acte \xE0 exporter : faites d'abord une recherche d'actes.",
+                                 Icone::Attention);
+                return std::nullopt;
+            }
+            return ProduireExportActes(
+                {ctx.base, ctx.options, ctx.exports.TexteComp, ctx.exports.FichierExport,
+                 FormatActesDuFichier(ctx.exports.FichierExport, ctx.options.ExportPrefere), *liste,
+                 ARBOLIX_VERSION_MAJEURE, 0, ctx.progression},
+                dialogue);
         case kIsoles: {
             const ListePersonne faite = liste ? ListePersonne{} : ListeIsoles(ctx.base, ctx.options, titre);
             return TexteIsoles(ctx, liste ? *liste : faite);
@@ -177,8 +183,8 @@ VisibiliteExports Visibilite(int type) {
 }
 
 bool RapportDisponible(int type) {
-    return type == kLigneDeVie || type == kAscendance || type == kDescendance || type == kAdresses ||
-           type == kEclair || type == kLivre || type == kIsoles || type == kPagesHtml;
+    return type == kLigneDeVie || type == kAscendance || type == kDescendance || type == kActes ||
+           type == kAdresses || type == kEclair || type == kLivre || type == kIsoles || type == kPagesHtml;
 }
 
 std::string DossierExport(const Options& options, const std::string& fichierGedcom) {

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "acts/tmao.h"
 #include "aides/dialogue_factice.h"
 #include "aides/dossier_essai.h"
 #include "app/reglages.h"
@@ -92,15 +93,26 @@ TEST_F(Rapports, UnEchecNeLaissePasDeFichierEtGardeLAncien) {
     ctx.progression = &annuler;
     EXPECT_TRUE(LancerExport(ctx, dialogue).Annule);
 
-    // Personne sur la fiche, sélection vide, fichier TMAO pas encore possible : une boîte, rien d'écrit.
+    // Personne sur la fiche, sélection vide : une boîte, rien d'écrit.
     EXPECT_FALSE(LancerExport(Contexte(kAscendance, 0), dialogue).Ecrit);
     for (std::int32_t n = 1; n <= l.base.NbPersos; ++n) l.base.Persos[n].Sel = kFaux;
     EXPECT_FALSE(LancerExport(Contexte(kEclair, 1), dialogue).Ecrit);
-    exports.FichierExport = (dossier / "A12345.TM").string();
-    EXPECT_FALSE(LancerExport(Contexte(kAscendance, 1), dialogue).Ecrit);
-    ASSERT_EQ(dialogue.messages.size(), 3u);
+    ASSERT_EQ(dialogue.messages.size(), 2u);
     EXPECT_EQ(LireOctets(ancien), "ancien");
-    EXPECT_FALSE(fs::exists(dossier / "A12345.TM"));
+}
+
+TEST_F(Rapports, AscendanceEnTableTMAO) {
+    const std::string octets = Lancer(kAscendance, 1, "A12345.TM");
+    const LectureTMAO t = LireTMAO(octets, "A12345.TM");
+    ASSERT_TRUE(t.Ok) << t.Erreur;
+    ASSERT_FALSE(t.Actes.empty());
+    // Le premier couple est celui des parents (Sosa 2 et 3) ; le pied nomme une table qu'aucune
+    // détection ne prend pour un autre type.
+    EXPECT_EQ(t.Actes[0].Lignes1[0], "2");
+    EXPECT_EQ(t.Actes[0].Lignes2[0], "3");
+    EXPECT_EQ(t.Actes[0].LignesActe[1], "Sosa 2-3");
+    EXPECT_EQ(TypeDansPied(octets), 0);
+    EXPECT_NE(octets.find("Table des ascendances"), std::string::npos);
 }
 
 TEST_F(Rapports, CheminRelatifOuDossierImpossibleRefuses) {

@@ -106,6 +106,7 @@ Fiche::Fiche(QWidget* parent)
     BrancherExports();
     BrancherStats();
     BrancherOutils();
+    BrancherTmao();
     connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
     connect(ui_->MenuNotesFichier, &QAction::triggered, this, &Fiche::MenuNotesFichier);
     connect(ui_->MenuImportFichiers, &QAction::triggered, this, [this] { MenuImportFichiers({}); });
@@ -242,8 +243,10 @@ void Fiche::Demarrer(const std::string& ligneCommande, const std::string& execut
             dialogue_->Message("Erreur de syntaxe", MessageSyntaxe(executable), Icone::Stop);
             gedcom_.Fichier.clear();
             break;
-        case ActionLigneCommande::ExportSql:
         case ActionLigneCommande::ConversionTmao:
+            ConvertirLigneCommande();
+            break;
+        case ActionLigneCommande::ExportSql:
             dialogue_->Message("Erreur de syntaxe",
                                "Les tables d'actes ne sont pas encore prises en charge par cette version.",
                                Icone::Stop);

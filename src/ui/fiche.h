@@ -119,6 +119,10 @@ public slots:
     void VerifierMiseAJourAuDemarrage();
     void BoutonAnnuaire();
     void BoutonBaseWeb(const std::string& lieu, const std::string& date, const QString& legende);
+    // Les tables d'actes (fiche_tmao.cpp) : index de MenuExportUCGL 0 naissances à 3 ascendance.
+    void MenuTMAO2();
+    void MenuTXT2TM();
+    void MenuExportUCGL(int index);
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -151,6 +155,8 @@ private:
     void BrancherExports();  // fiche_exports.cpp
     void BrancherOutils();   // fiche_outils.cpp
     void BrancherStats();    // fiche_stats.cpp
+    void BrancherTmao();     // fiche_tmao.cpp
+    void ConvertirLigneCommande();
     // La liste d'adresses des options : une ligne prise d'emblée, sinon choisie dans la liste "web".
     void RechercherSurLeWeb(const std::string& liste, const QString& legende, const ValeursWeb& valeurs);
     void CreerMenuImage();
