@@ -115,6 +115,9 @@ public slots:
     void MenuEnvoyerMel();
     void VerifierMiseAJour();
     void VerifierMiseAJourAuDemarrage();
+    // La fenêtre de bureau (fiche_fenetre.cpp).
+    void MenuEnregistrerSous();
+    void MenuAPropos();
     void BoutonAnnuaire();
     void BoutonBaseWeb(const std::string& lieu, const std::string& date, const QString& legende);
 
@@ -220,6 +223,12 @@ private:
     void AppliquerZoom(const Zoom& zoom);
     void PlacerPersonne();
     void RetenirPlacePersonne();
+    void BrancherFenetre();  // fiche_fenetre.cpp
+    std::string FichierExemple() const;
+    void ActualiserBarreEtat();
+    void RestaurerPlace();
+    void RetenirPlace();
+    void PlacerListeACote();
 
     std::unique_ptr<Ui::Fiche> ui_;
     Base base_;

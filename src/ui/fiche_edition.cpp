@@ -52,7 +52,7 @@ void Fiche::BrancherSaisie() {
         connect(b, &QRadioButton::clicked, this, [this] {
             ColorerSexe();
             Modifier();
-            ui_->Prenoms->setFocus();
+            FocusChoisi(*ui_->Prenoms);
         });
     // Une liste déroulante renvoie ses touches à sa ligne sans passer par les filtres : on
     // surveille les deux, selon que le focus est sur l'une ou sur l'autre.
@@ -288,7 +288,7 @@ void Fiche::AjouterEnfant() {
     // Une fiche neuve s'ouvre pour être remplie ; un enfant déjà connu reste dans la liste.
     if (nouveau && enfant > 0) {
         ApresLien(enfant);
-        ui_->Prenoms->setFocus();
+        FocusChoisi(*ui_->Prenoms);
         return;
     }
     ApresLien(0);
