@@ -164,10 +164,7 @@ void Fiche::PlacerPersonne() {
     const auto point = [](double twips) { return static_cast<int>(std::clamp(twips / kTwips, -1e6, 1e6)); };
     personne_->resize(std::max(200, static_cast<int>(point(p.W) * zoom_.ZoomLargeur)),
                       std::max(150, static_cast<int>(point(p.H) * zoom_.ZoomHauteur)));
-    if (LireIni(ini_, "Fenetres", "PersonneL", "").empty()) {
-        PlacerListeACote();
-        return;
-    }
+    if (LireIni(ini_, "Fenetres", "PersonneL", "").empty()) return;  // la liste se mettra à côté
     QScreen* ecran = screen() ? screen() : QGuiApplication::primaryScreen();
     if (!ecran) return;
     const QRect e = ecran->availableGeometry();

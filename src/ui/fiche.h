@@ -228,7 +228,6 @@ private:
     void ActualiserBarreEtat();
     void RestaurerPlace();
     void RetenirPlace();
-    void PlacerListeACote();
 
     std::unique_ptr<Ui::Fiche> ui_;
     Base base_;

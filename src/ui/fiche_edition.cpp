@@ -97,7 +97,12 @@ void Fiche::BrancherSaisie() {
 }
 
 void Fiche::Modifier() {
-    if (ouvert_ && base_.Chargement == kFaux && base_.NumCourant > 0) base_.FicheModifiee = kVrai;
+    if (!ouvert_ || base_.Chargement != kFaux || base_.NumCourant <= 0) return;
+    // Ctrl+S enregistre aussi une fiche qu'on vient de taper : la commande s'allume dès la frappe.
+    if (base_.FicheModifiee == kFaux) {
+        base_.FicheModifiee = kVrai;
+        ActualiserEnregistrer();
+    }
 }
 
 // Entrée parcourt la fiche comme Tab (la note la prend pour elle).

@@ -148,6 +148,11 @@ void Fiche::RestaurerPlace() {
     const Cadre c = PlacerDansEcran(voulu, dispo, std::min(kLargeurMini, dispo.l), std::min(kHauteurMini, dispo.h));
     resize(c.l, c.h);
     move(c.x, c.y);
+    // Le cadre du gestionnaire de fenêtres, quand il est déjà connu, tient aussi dans l'écran.
+    const QRect cadre = frameGeometry();
+    if (cadre.width() > c.l || cadre.height() > c.h)
+        resize(std::max(c.l - (cadre.width() - width()), kLargeurMini / 2),
+               std::max(c.h - (cadre.height() - height()), kHauteurMini / 2));
     if (!ini_.empty() && LireBooleenIni(ini_, kSectionFenetre, "Agrandie", false))
         setWindowState(windowState() | Qt::WindowMaximized);
 }
@@ -158,17 +163,6 @@ void Fiche::RetenirPlace() {
     const std::pair<const char*, int> valeurs[] = {{"X", g.x()}, {"Y", g.y()}, {"L", g.width()}, {"H", g.height()}};
     for (const auto& [cle, v] : valeurs) EcrireIni(ini_, kSectionFenetre, cle, std::to_string(v));
     EcrireIni(ini_, kSectionFenetre, "Agrandie", TexteBooleenIni(isMaximized()));
-}
-
-// La liste s'ouvre à côté de la fiche la première fois, puis là où l'utilisateur l'a laissée.
-void Fiche::PlacerListeACote() {
-    QScreen* ecran = screen() ? screen() : QGuiApplication::primaryScreen();
-    if (!ecran) return;
-    const Cadre dispo = VersCadre(ecran->availableGeometry());
-    const QSize taille = personne_->size();
-    const Cadre c = PlacerACote(VersCadre(frameGeometry()), taille.width(), std::max(taille.height(), height() / 2),
-                                dispo);
-    personne_->setGeometry(c.x, c.y, c.l, c.h);
 }
 
 }  // namespace arbolix

@@ -35,7 +35,7 @@ void Fiche::ActualiserTitre() {
 
 // Enregistrer n'a de sens que pour un fichier ouvert et modifié.
 void Fiche::ActualiserEnregistrer() {
-    const bool actif = ouvert_ && base_.FichierModifie != 0;
+    const bool actif = ouvert_ && (base_.FichierModifie != 0 || base_.FicheModifiee != 0);
     ui_->MenuEnregistrer->setEnabled(actif);
     if (auto* a = findChild<QAction*>("IcoCommande3")) a->setEnabled(actif);
     if (auto* a = findChild<QAction*>("MenuEnregistrerSous")) a->setEnabled(ouvert_);

@@ -7,6 +7,7 @@
 #include <QListView>
 #include <QToolTip>
 
+#include "app/place_fenetre.h"
 #include "lists/rangees.h"
 #include "platform/qt_texte.h"
 #include "ui/delegue_queue.h"
@@ -42,6 +43,17 @@ void Personne::Montrer() {
     setWindowTitle(VersQString(liste_.Titre));
     Rafraichir();
     Elargir();
+    // Jamais placée (ni par les réglages ni par l'utilisateur) : à côté de la fiche.
+    if (!testAttribute(Qt::WA_Moved) && parentWidget()) {
+        const QRect f = parentWidget()->window()->frameGeometry();
+        QScreen* ecran = screen() ? screen() : QGuiApplication::primaryScreen();
+        if (ecran) {
+            const QRect e = ecran->availableGeometry();
+            const Cadre c = PlacerACote({f.x(), f.y(), f.width(), f.height()}, width(),
+                                        std::max(height(), f.height() / 2), {e.x(), e.y(), e.width(), e.height()});
+            setGeometry(c.x, c.y, c.l, c.h);
+        }
+    }
     show();
     raise();
     activateWindow();
