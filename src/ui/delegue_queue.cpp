@@ -25,7 +25,8 @@ int DelegueQueue::LargeurQueue(const QFontMetrics& mesure) {
     return mesure.horizontalAdvance("P000000") + kEcart;
 }
 
-void DelegueQueue::paint(QPainter* peintre, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+void DelegueQueue::paint(QPainter* peintre, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
     QStyleOptionViewItem o = option;
     initStyleOption(&o, index);
     const auto [corps, queue] = Couper(o.text);
@@ -57,8 +58,8 @@ QSize DelegueQueue::sizeHint(const QStyleOptionViewItem& option, const QModelInd
     const auto [corps, queue] = Couper(o.text);
     QSize t = QStyledItemDelegate::sizeHint(option, index);
     if (!queue.isEmpty())
-        t.setWidth(t.width() - o.fontMetrics.horizontalAdvance(o.text) + o.fontMetrics.horizontalAdvance(corps) +
-                   LargeurQueue(o.fontMetrics));
+        t.setWidth(t.width() - o.fontMetrics.horizontalAdvance(o.text) +
+                   o.fontMetrics.horizontalAdvance(corps) + LargeurQueue(o.fontMetrics));
     return t;
 }
 

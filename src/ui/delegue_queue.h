@@ -9,7 +9,8 @@ namespace arbolix {
 class DelegueQueue : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
-    void paint(QPainter* peintre, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void paint(QPainter* peintre, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
     // Le texte d'une rangée coupé en corps et queue ; queue vide quand la rangée n'en a pas.

@@ -2,10 +2,10 @@
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QKeyEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
@@ -45,7 +45,8 @@ std::vector<BoutonQt> BoutonsDe(Boutons b) {
                      QMessageBox::AcceptRole},
                     {Bouton::Ignorer, "&Ignorer", QMessageBox::AcceptRole}};
         case Boutons::HommeFemme:
-            return {{Bouton::Oui, "&Homme", QMessageBox::YesRole}, {Bouton::Non, "&Femme", QMessageBox::NoRole}};
+            return {{Bouton::Oui, "&Homme", QMessageBox::YesRole},
+                    {Bouton::Non, "&Femme", QMessageBox::NoRole}};
     }
     return {};
 }

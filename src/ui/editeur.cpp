@@ -97,7 +97,10 @@ void Editeur::Preparer(Mode mode, Base* base, Dialogue* dialogue) {
     // Le journal se lit puis se ferme d'Entrée ; ailleurs Entrée reste au texte et au titre.
     ok_->setDefault(mode == Mode::Journal);
     ok_->setAutoDefault(mode == Mode::Journal);
-    if (mode != Mode::Journal) setWindowTitle(VersQString("\xC9" "diteur de notes"));
+    if (mode != Mode::Journal)
+        setWindowTitle(
+            VersQString("\xC9"
+                        "diteur de notes"));
 }
 
 void Editeur::Montrer(const QString& titre, std::string_view texte) {
@@ -159,7 +162,8 @@ void Editeur::ChargerNote(std::int32_t numero) {
     if (numero == -1)
         setWindowTitle("Notes du fichier");
     else
-        setWindowTitle(QString("%1 @%2%3@").arg(genre_ == 'S' ? "Source" : "Note").arg(QChar(genre_)).arg(numero));
+        setWindowTitle(
+            QString("%1 @%2%3@").arg(genre_ == 'S' ? "Source" : "Note").arg(QChar(genre_)).arg(numero));
     texte_->setPlainText(VersControle(e.Texte));
 }
 

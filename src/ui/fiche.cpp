@@ -9,8 +9,8 @@
 #include <filesystem>
 
 #include "app/demarrage.h"
-#include "app/place_fenetre.h"
 #include "app/partage.h"
+#include "app/place_fenetre.h"
 #include "app/reglages.h"
 #include "platform/ini.h"
 #include "platform/qt_texte.h"

@@ -226,6 +226,7 @@ private:
     void BrancherFenetre();  // fiche_fenetre.cpp
     std::string FichierExemple() const;
     void ActualiserBarreEtat();
+    void AjusterDisposition();
     void RestaurerPlace();
     void RetenirPlace();
 

@@ -1,7 +1,7 @@
 // La fiche, côté affichage : contenu calculé par le noyau posé dans les contrôles, passage d'une
 // personne à l'autre, évènements ouverts depuis leurs boutons.
-#include <QFontMetrics>
 #include <QComboBox>
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>

@@ -3,8 +3,10 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QScreen>
 #include <QStatusBar>
 #include <QStyle>
@@ -48,8 +50,8 @@ int LireEntier(const std::filesystem::path& ini, const char* cle, int defaut) {
     const std::string v = LireIni(ini, kSectionFenetre, cle, "");
     if (v.empty()) return defaut;
     // Une valeur de plusieurs milliards reste un nombre : l'écran la ramènera.
-    return static_cast<int>(std::clamp<std::int64_t>(ValeurNumerique(v) * (v.front() == '-' ? -1 : 1),
-                                                      -1000000, 1000000));
+    return static_cast<int>(
+        std::clamp<std::int64_t>(ValeurNumerique(v) * (v.front() == '-' ? -1 : 1), -1000000, 1000000));
 }
 
 Cadre VersCadre(const QRect& r) {
@@ -86,10 +88,28 @@ void Fiche::BrancherFenetre() {
         if (auto* a = findChild<QAction*>(i.action))
             a->setIcon(QIcon::fromTheme(i.theme, style()->standardIcon(i.repli)));
 
+    AjusterDisposition();
+
     auto* etat = new QLabel(statusBar());
     etat->setObjectName("EtatSelection");
     statusBar()->addWidget(etat, 1);
     connect(ui_->MenuSelInfo, &QAction::changed, this, &Fiche::ActualiserBarreEtat);
+}
+
+// La fiche tient sur un portable de 1366 × 768 sans défiler : la note se contente de quelques
+// lignes et laisse la hauteur aux enfants et aux unions ; le courriel a la largeur d'une adresse.
+void Fiche::AjusterDisposition() {
+    const int ligne = fontMetrics().lineSpacing();
+    ui_->Notes->setMinimumHeight(3 * ligne + 12);
+    ui_->Notes->setMaximumHeight(7 * ligne + 12);
+    ui_->Notes->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    ui_->colonneGauche->setStretch(ui_->colonneGauche->count() - 1, 1);  // le ressort du bas
+    ui_->colonneDroite->setStretchFactor(ui_->CadreUnions, 1);
+    ui_->colonneDroite->setStretchFactor(ui_->CadreEnfants, 2);
+    for (QListWidget* l : {ui_->Union, ui_->Enfant}) l->setMinimumHeight(3 * ligne + 8);
+    ui_->ListeDivers->setMinimumHeight(3 * ligne + 8);
+    ui_->Photo->setMinimumSize(96, 96);
+    ui_->EMail->setMinimumWidth(fontMetrics().horizontalAdvance("prenom.nom@exemple.fr"));
 }
 
 // Ce qu'est la sélection et combien de personnes elle compte, lisible sans ouvrir de menu.
@@ -113,8 +133,8 @@ void Fiche::MenuEnregistrerSous() {
     if (!ouvert_) return;
     const std::string avant = gedcom_.Fichier;
     const QFileInfo actuel(QString::fromStdString(avant));
-    const auto choisi = dialogue_->ChoisirFichierEnregistrer("Enregistrer sous", "Fichiers Gedcom (*.ged *.GED)",
-                                                             actuel.absoluteFilePath().toStdString());
+    const auto choisi = dialogue_->ChoisirFichierEnregistrer(
+        "Enregistrer sous", "Fichiers Gedcom (*.ged *.GED)", actuel.absoluteFilePath().toStdString());
     if (!choisi) return;
     std::string chemin = *choisi;
     if (QFileInfo(QString::fromStdString(chemin)).suffix().isEmpty()) chemin += ".ged";
@@ -127,7 +147,8 @@ void Fiche::MenuAPropos() {
     QMessageBox::about(this, VersQString("\xC0 propos d'Arbolix"),
                        QString("<p><b>Arbolix %1</b></p><p>%2</p><p>%3</p><p>%4</p>")
                            .arg(ARBOLIX_VERSION,
-                                VersQString("Gestionnaire de g\xE9n\xE9" "alogie."),
+                                VersQString("Gestionnaire de g\xE9n\xE9"
+                                            "alogie."),
                                 VersQString("Copyright \xA9 2026 les auteurs d'Arbolix."),
                                 VersQString("Licence : le projet n'a pas encore choisi de licence libre ; "
                                             "jusque-l\xE0, tous droits r\xE9serv\xE9s.")));
@@ -145,7 +166,8 @@ void Fiche::RestaurerPlace() {
         voulu = {LireEntier(ini_, "X", conception.x), LireEntier(ini_, "Y", conception.y),
                  LireEntier(ini_, "L", conception.l), LireEntier(ini_, "H", conception.h)};
     }
-    const Cadre c = PlacerDansEcran(voulu, dispo, std::min(kLargeurMini, dispo.l), std::min(kHauteurMini, dispo.h));
+    const Cadre c =
+        PlacerDansEcran(voulu, dispo, std::min(kLargeurMini, dispo.l), std::min(kHauteurMini, dispo.h));
     resize(c.l, c.h);
     move(c.x, c.y);
     // Le cadre du gestionnaire de fenêtres, quand il est déjà connu, tient aussi dans l'écran.
@@ -160,7 +182,8 @@ void Fiche::RestaurerPlace() {
 void Fiche::RetenirPlace() {
     if (ini_.empty()) return;
     const QRect g = normalGeometry().isValid() ? normalGeometry() : geometry();
-    const std::pair<const char*, int> valeurs[] = {{"X", g.x()}, {"Y", g.y()}, {"L", g.width()}, {"H", g.height()}};
+    const std::pair<const char*, int> valeurs[] = {
+        {"X", g.x()}, {"Y", g.y()}, {"L", g.width()}, {"H", g.height()}};
     for (const auto& [cle, v] : valeurs) EcrireIni(ini_, kSectionFenetre, cle, std::to_string(v));
     EcrireIni(ini_, kSectionFenetre, "Agrandie", TexteBooleenIni(isMaximized()));
 }

@@ -105,11 +105,12 @@ void Gedcom::BoutonParcourir() {
     // Le sélecteur part du dossier du fichier présent (le dernier servi), sinon du dossier personnel.
     const QString actuel = ui_->Fichier->currentText().trimmed();
     const QFileInfo info(actuel);
-    const QString dossier = !actuel.isEmpty() && info.absoluteDir().exists() ? info.absolutePath() : QDir::homePath();
-    const auto choisi = mode_ == ModeGedcom::Ouvrir
-                            ? dialogue_->ChoisirFichierOuvrir(titreParcourir_, kFiltreGedcom, dossier.toStdString())
-                            : dialogue_->ChoisirFichierEnregistrer(titreParcourir_, kFiltreGedcom,
-                                                                   dossier.toStdString());
+    const QString dossier =
+        !actuel.isEmpty() && info.absoluteDir().exists() ? info.absolutePath() : QDir::homePath();
+    const auto choisi =
+        mode_ == ModeGedcom::Ouvrir
+            ? dialogue_->ChoisirFichierOuvrir(titreParcourir_, kFiltreGedcom, dossier.toStdString())
+            : dialogue_->ChoisirFichierEnregistrer(titreParcourir_, kFiltreGedcom, dossier.toStdString());
     if (choisi) {
         FixerFichier(*choisi);
         ui_->Defaut->setChecked(false);

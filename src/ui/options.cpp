@@ -164,7 +164,8 @@ void FenetreOptions::done(int resultat) {
     if (!ValiderOptions(ini_, options_, dialogue_, versionMajeure_)) return;
     if (!(options_ == enregistrees_)) {
         const Bouton b = dialogue_.Message("Options",
-                                           "Les options ont \xE9t\xE9 modifi\xE9" "es. Voulez-vous les enregistrer ?",
+                                           "Les options ont \xE9t\xE9 modifi\xE9"
+                                           "es. Voulez-vous les enregistrer ?",
                                            Icone::Question, Boutons::OuiNonAnnuler, Bouton::Oui);
         if (b == Bouton::Annuler) return;
         if (b == Bouton::Oui) EnregistrerOptions();

@@ -2,9 +2,9 @@
 
 #include <QKeyEvent>
 #include <QLayout>
+#include <QListView>
 #include <QScreen>
 #include <QScrollBar>
-#include <QListView>
 #include <QToolTip>
 
 #include "app/place_fenetre.h"
@@ -49,8 +49,9 @@ void Personne::Montrer() {
         QScreen* ecran = screen() ? screen() : QGuiApplication::primaryScreen();
         if (ecran) {
             const QRect e = ecran->availableGeometry();
-            const Cadre c = PlacerACote({f.x(), f.y(), f.width(), f.height()}, width(),
-                                        std::max(height(), f.height() / 2), {e.x(), e.y(), e.width(), e.height()});
+            const Cadre c =
+                PlacerACote({f.x(), f.y(), f.width(), f.height()}, width(), std::max(height(), f.height()),
+                            {e.x(), e.y(), e.width(), e.height()});
             setGeometry(c.x, c.y, c.l, c.h);
         }
     }

@@ -37,7 +37,8 @@ public:
             return b ? *b : defaut ? *defaut : PremierBouton(boutons);
         }
         if (defaut) return *defaut;
-        return boutons == Boutons::OuiNon || boutons == Boutons::OuiNonAnnuler || boutons == Boutons::HommeFemme
+        return boutons == Boutons::OuiNon || boutons == Boutons::OuiNonAnnuler ||
+                       boutons == Boutons::HommeFemme
                    ? Bouton::Oui
                    : Bouton::Ok;
     }

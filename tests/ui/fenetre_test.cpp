@@ -2,15 +2,15 @@
 // raccourcis, liste au simple clic, textes de Qt en français, places absurdes, dialogues.
 #include <QApplication>
 #include <QComboBox>
-#include <QLabel>
-#include <QRadioButton>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -22,6 +22,7 @@
 #include "card/queues.h"
 #include "platform/ini.h"
 #include "platform/qt_texte.h"
+#include "ui/delegue_queue.h"
 #include "ui/dialogue_qt.h"
 #include "ui/editeur.h"
 #include "ui/options.h"
@@ -127,7 +128,25 @@ private slots:
         QCOMPARE(e.fiche.base().FichierModifie, kFaux);
         QVERIFY(e.fiche.base().Persos[3].Metier.str().find("maire") != std::string::npos);
         // La barre d'état dit ce qu'est la sélection.
-        QVERIFY(e.fiche.findChild<QLabel*>("EtatSelection")->text().startsWith("Toute la base : 24 personnes"));
+        QVERIFY(
+            e.fiche.findChild<QLabel*>("EtatSelection")->text().startsWith("Toute la base : 24 personnes"));
+    }
+
+    void QueueCoupeeDuCorps() {
+        const struct {
+            const char *rangee, *corps, *queue;
+        } cas[] = {
+            {"MARTIN Jean \xB0" "1718 P000002", "MARTIN Jean \xB0" "1718", "P000002"},
+            {" Ajouter... P000025", " Ajouter...", "P000025"},
+            {"Sans queue", "Sans queue", ""},
+            {"Presque P00002x", "Presque P00002x", ""},
+            {"P000002", "P000002", ""},  // rien devant : pas de colonne
+        };
+        for (const auto& c : cas) {
+            const auto [corps, queue] = DelegueQueue::Couper(QString::fromLatin1(c.rangee));
+            QCOMPARE(corps, QString::fromLatin1(c.corps));
+            QCOMPARE(queue, QString::fromLatin1(c.queue));
+        }
     }
 
     void SimpleClicDansLaListeChangeLaFiche() {
@@ -161,8 +180,9 @@ private slots:
     void PlacesAbsurdesRameneesDansLEcran() {
         QTemporaryDir dossier;
         const std::string ini = dossier.filePath("arbolix.ini").toStdString();
-        std::ofstream(ini) << "[Fenetre]\nX=100000\nY=-5000\nL=100000\nH=3\n"
-                              "[Fenetres]\nPersonneL=-99999999\nPersonneT=1500000\nPersonneW=5400\nPersonneH=6120\n";
+        std::ofstream(ini)
+            << "[Fenetre]\nX=100000\nY=-5000\nL=100000\nH=3\n"
+               "[Fenetres]\nPersonneL=-99999999\nPersonneT=1500000\nPersonneW=5400\nPersonneH=6120\n";
         // Avec ses messages à côté, le programme est « portable » : ses réglages sont là aussi.
         QVERIFY(QFile::copy(ARBOLIX_SHARE "/messages1036.txt", dossier.filePath("messages1036.txt")));
         FicheEssai e;
