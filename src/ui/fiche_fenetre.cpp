@@ -108,6 +108,8 @@ void Fiche::AjusterDisposition() {
     ui_->colonneDroite->setStretchFactor(ui_->CadreEnfants, 2);
     for (QListWidget* l : {ui_->Union, ui_->Enfant}) l->setMinimumHeight(3 * ligne + 8);
     ui_->ListeDivers->setMinimumHeight(3 * ligne + 8);
+    ui_->ListeDivers->setMaximumHeight(6 * ligne +
+                                       8);  // les fichiers liés ne prennent pas la place des enfants
     ui_->Photo->setMinimumSize(96, 96);
     ui_->EMail->setMinimumWidth(fontMetrics().horizontalAdvance("prenom.nom@exemple.fr"));
 }
