@@ -4,7 +4,7 @@
 # scripts/paquets.sh paquet : aussi de quoi faire le paquet Debian (dpkg-shlibdeps).
 set -euo pipefail
 paquets=(cmake ninja-build g++ ccache qt6-base-dev qt6-svg-dev libgtest-dev libbenchmark-dev
-         libgl-dev xvfb python3)
+         libgl-dev xvfb python3 qt6-translations-l10n)
 if [ "${1:-}" = consommateurs ]; then
   # gramps, MariaDB, LibreOffice, Chromium, tidy, xmllint et rsvg relisent nos sorties ; le reste
   # construit, vérifie et installe le paquet Debian.

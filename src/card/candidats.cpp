@@ -23,6 +23,19 @@ std::string Nomme(const Perso& p) {
     return p.Prenoms + " " + p.Nom;
 }
 
+// Frères et sœurs, demi-frères et demi-sœurs compris : un parent connu en commun.
+bool FrereOuSoeur(const Base& base, const Perso& a, const Perso& b) {
+    if (a.NumParents <= 0 || b.NumParents <= 0) return false;
+    if (a.NumParents == b.NumParents) return true;
+    const auto lire = [&base](std::int32_t f) -> const Fami* {
+        return f >= base.Familles.Bas() && f <= base.Familles.Haut() ? &base.Familles[f] : nullptr;
+    };
+    const Fami* fa = lire(a.NumParents);
+    const Fami* fb = lire(b.NumParents);
+    if (!fa || !fb) return false;
+    return (fa->Mari > 0 && fa->Mari == fb->Mari) || (fa->Femme > 0 && fa->Femme == fb->Femme);
+}
+
 // Une ligne avant réécriture : la clé de tri et le numéro.
 struct Cle {
     std::string cle;
@@ -114,6 +127,7 @@ ListeCandidats CandidatsConjoint(const Base& base, const Options& options, std::
         if (c.Prenoms.empty() || c.Nom.empty()) continue;
         if (Minuscule1252(c.Sexe) == Minuscule1252(pe.Sexe)) continue;
         if (std::find(actuels.begin(), actuels.end(), n) != actuels.end()) continue;
+        if (FrereOuSoeur(base, pe, c)) continue;
         const bool ne = !c.Naissance.Date.empty(), mort = !c.Deces.Date.empty();
         if (y > 0 && ne &&
             (std::abs(y - c.Naissance.Annee) > ecart || (mort && c.Deces.Annee < c.Naissance.Annee + ageMini)))

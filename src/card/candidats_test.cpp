@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "aides/base_essai.h"
 #include "dates/cle_date.h"
 #include "store/aides_texte.h"
@@ -120,6 +122,28 @@ TEST(CandidatsConjoint, SansAnneeMortJeuneEcarteeEtConjointsActuelsOtes) {
     const auto liste = CandidatsConjoint(b.base, b.options, p, 99, kNumero);
     ASSERT_EQ(liste.lignes.size(), 1u);
     EXPECT_EQ(NumeroDeLigne(liste.lignes[0]), zoe);
+}
+
+TEST(CandidatsConjoint, SansFreresNiSoeurs) {
+    Banc b;
+    const auto pere = b.Personne("DUPONT", "Jean", 'M');
+    const auto mere = b.Personne("MARTIN", "Marie", 'F');
+    const auto autre = b.Personne("DURAND", "Anne", 'F');
+    const auto parents = b.Famille(pere, mere);
+    const auto secondes = b.Famille(pere, autre);
+    const auto p = b.Personne("DUPONT", "Luc", 'M');
+    const auto soeur = b.Personne("DUPONT", "Lise", 'F');
+    const auto demiSoeur = b.Personne("DUPONT", "Rose", 'F');
+    const auto cousine = b.Personne("DUPONT", "Alice", 'F');
+    b.base.Persos[p].NumParents = parents;
+    b.base.Persos[soeur].NumParents = parents;
+    b.base.Persos[demiSoeur].NumParents = secondes;
+    b.base.Persos[cousine].NumParents = b.Famille(0, 0);
+    std::vector<std::int32_t> gardes;
+    for (const auto& l : CandidatsConjoint(b.base, b.options, p, 99, kNumero).lignes)
+        gardes.push_back(NumeroDeLigne(l));
+    std::sort(gardes.begin(), gardes.end());
+    EXPECT_EQ(gardes, (std::vector<std::int32_t>{mere, autre, cousine}));
 }
 
 TEST(CandidatsEnfant, NomDUnParentSansParentsDansLEcart) {

@@ -30,7 +30,7 @@ constexpr std::array<std::pair<ChampSuite, ChampSaisie>, 10> kSuite{{
 // Sexe(1) ou Sexe(2) d'après la réponse : Oui pour un homme, Non pour une femme.
 char DemanderSexe(Dialogue& dialogue) {
     const Bouton b = dialogue.Message("Sexe", "Vous n'avez pas choisi le sexe. Choisissez maintenant (H/F) :",
-                                      Icone::Question, Boutons::OuiNon);
+                                      Icone::Question, Boutons::HommeFemme);
     return b == Bouton::Oui ? 'M' : 'F';
 }
 

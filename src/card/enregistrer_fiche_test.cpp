@@ -91,7 +91,7 @@ TEST(EnregistrerFiche, SexeDemandeSeulementAvecDesPrenoms) {
     ASSERT_TRUE(b.Enregistrer(s));
     ASSERT_EQ(b.dialogue.messages.size(), 1u);
     EXPECT_EQ(b.dialogue.messages[0].titre, "Sexe");
-    EXPECT_EQ(b.dialogue.messages[0].boutons, Boutons::OuiNon);
+    EXPECT_EQ(b.dialogue.messages[0].boutons, Boutons::HommeFemme);
     EXPECT_EQ(b.P().Sexe, 'F');
     b.dialogue.ReponseSuivante(Bouton::Oui);
     ASSERT_TRUE(b.Enregistrer(s));

@@ -331,6 +331,7 @@ public:
             case Boutons::OuiNonAnnuler:
                 return t == 0 ? Bouton::Oui : t == 1 ? Bouton::Non : Bouton::Annuler;
             case Boutons::OuiNon:
+            case Boutons::HommeFemme:
                 return t == 0 ? Bouton::Non : Bouton::Oui;
             default:
                 return Bouton::Ok;

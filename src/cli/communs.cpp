@@ -123,7 +123,9 @@ Bouton DialogueCli::Message(std::string_view titre, std::string_view texte, Icon
                             std::optional<Bouton> defaut) {
     erreurs_ << Cp1252VersUtf8(titre) << " : " << JournalUtf8(std::string(texte)) << "\n";
     if (defaut) return *defaut;
-    return boutons == Boutons::OuiNon || boutons == Boutons::OuiNonAnnuler ? Bouton::Oui : Bouton::Ok;
+    return boutons == Boutons::OuiNon || boutons == Boutons::OuiNonAnnuler || boutons == Boutons::HommeFemme
+               ? Bouton::Oui
+               : Bouton::Ok;
 }
 
 }  // namespace arbolix::cli

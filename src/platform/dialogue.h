@@ -8,7 +8,8 @@
 namespace arbolix {
 
 enum class Icone { Aucune, Information, Question, Attention, Stop };
-enum class Boutons { Ok, OkAnnuler, OuiNon, OuiNonAnnuler, AbandonnerReessayerIgnorer };
+// HommeFemme : les réponses Oui (homme) et Non (femme) sous des boutons qui les nomment.
+enum class Boutons { Ok, OkAnnuler, OuiNon, OuiNonAnnuler, AbandonnerReessayerIgnorer, HommeFemme };
 enum class Bouton { Ok, Annuler, Oui, Non, Abandonner, Reessayer, Ignorer };
 
 // La fenêtre l'implémente avec Qt, les tests avec un faux qui note chaque

@@ -46,6 +46,7 @@ struct Options {
     std::array<std::string, 2> LiensWeb{kLiensWebBasesDefaut, kLiensWebAnnuairesDefaut};
     std::string MaxGen;        // non enregistré
     bool SelTousDesc = false;  // non enregistré
+    friend bool operator==(const Options&, const Options&) = default;
 };
 
 // Cases de la fenêtre Arbre en millimètres, gardées en texte ("20.5").

@@ -1,10 +1,14 @@
 #include "ui/dialogue_qt.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QUrl>
 
@@ -26,20 +30,23 @@ std::vector<BoutonQt> BoutonsDe(Boutons b) {
             return {{Bouton::Ok, "OK", QMessageBox::AcceptRole}};
         case Boutons::OkAnnuler:
             return {{Bouton::Ok, "OK", QMessageBox::AcceptRole},
-                    {Bouton::Annuler, "Annuler", QMessageBox::RejectRole}};
+                    {Bouton::Annuler, "&Annuler", QMessageBox::RejectRole}};
         case Boutons::OuiNon:
-            return {{Bouton::Oui, "Oui", QMessageBox::YesRole}, {Bouton::Non, "Non", QMessageBox::NoRole}};
+            return {{Bouton::Oui, "&Oui", QMessageBox::YesRole}, {Bouton::Non, "&Non", QMessageBox::NoRole}};
         case Boutons::OuiNonAnnuler:
-            return {{Bouton::Oui, "Oui", QMessageBox::YesRole},
-                    {Bouton::Non, "Non", QMessageBox::NoRole},
-                    {Bouton::Annuler, "Annuler", QMessageBox::RejectRole}};
+            return {{Bouton::Oui, "&Oui", QMessageBox::YesRole},
+                    {Bouton::Non, "&Non", QMessageBox::NoRole},
+                    {Bouton::Annuler, "&Annuler", QMessageBox::RejectRole}};
         case Boutons::AbandonnerReessayerIgnorer:
-            return {{Bouton::Abandonner, "Abandonner", QMessageBox::RejectRole},
+            return {{Bouton::Abandonner, "A&bandonner", QMessageBox::RejectRole},
                     {Bouton::Reessayer,
-                     "R\xC3\xA9"
+                     "&R\xC3\xA9"
                      "essayer",
                      QMessageBox::AcceptRole},
-                    {Bouton::Ignorer, "Ignorer", QMessageBox::AcceptRole}};
+                    {Bouton::Ignorer, "&Ignorer", QMessageBox::AcceptRole}};
+        case Boutons::HommeFemme:
+            return {{Bouton::Oui, "&Homme", QMessageBox::YesRole},
+                    {Bouton::Non, "&Femme", QMessageBox::NoRole}};
     }
     return {};
 }
@@ -66,6 +73,47 @@ QString FiltreQt(std::string_view filtre) {
     return f.contains('(') ? f : f + " (" + f + ")";
 }
 
+// Les chiffres tapés pendant qu'une boîte s'ouvre au milieu d'une frappe (la question du sexe
+// quand on tape un numéro) ne sont pas perdus : ils reviennent au champ qui avait le focus.
+class ChiffresRetenus : public QObject {
+public:
+    ChiffresRetenus(QWidget& boite, QWidget* champ) : boite_(boite), champ_(champ) {
+        if (champ_) qApp->installEventFilter(this);
+    }
+    ~ChiffresRetenus() override {
+        if (!champ_) return;
+        qApp->removeEventFilter(this);
+        // Postées : le champ les reçoit après la commande en cours, comme des frappes.
+        for (const QChar c : retenus_) {
+            QCoreApplication::postEvent(champ_, new QKeyEvent(QEvent::KeyPress, Qt::Key_0 + c.digitValue(),
+                                                              Qt::NoModifier, QString(c)));
+            QCoreApplication::postEvent(champ_, new QKeyEvent(QEvent::KeyRelease, Qt::Key_0 + c.digitValue(),
+                                                              Qt::NoModifier, QString(c)));
+        }
+    }
+    bool eventFilter(QObject* objet, QEvent* e) override {
+        if (e->type() != QEvent::KeyPress || !objet->isWidgetType()) return false;
+        auto* w = static_cast<QWidget*>(objet);
+        auto* k = static_cast<QKeyEvent*>(e);
+        if ((w != &boite_ && !boite_.isAncestorOf(w)) || k->modifiers() & ~Qt::KeypadModifier) return false;
+        if (k->text().size() != 1 || !k->text().front().isDigit()) return false;
+        retenus_ += k->text();
+        return true;
+    }
+
+private:
+    QWidget& boite_;
+    QPointer<QWidget> champ_;
+    QString retenus_;
+};
+
+// Le champ qui a le focus et reçoit du texte : une ligne de saisie.
+QWidget* ChampDeSaisie(QWidget* parent) {
+    QWidget* w = QApplication::focusWidget();
+    if (!w && parent) w = parent->window()->focusWidget();
+    return qobject_cast<QLineEdit*>(w) ? w : nullptr;
+}
+
 }  // namespace
 
 Bouton DialogueQt::Message(std::string_view titre, std::string_view texte, Icone icone, Boutons boutons,
@@ -79,7 +127,10 @@ Bouton DialogueQt::Message(std::string_view titre, std::string_view texte, Icone
     for (const auto& [qt, bouton] : faits)
         if (defaut && bouton == *defaut) entree = qt;
     boite.setDefaultButton(entree);
-    boite.exec();
+    {
+        ChiffresRetenus retenus(boite, ChampDeSaisie(parent_));
+        boite.exec();
+    }
     for (const auto& [qt, bouton] : faits)
         if (boite.clickedButton() == qt) return bouton;
     // Fermée par Échap : le bouton de refus, s'il y en a un.

@@ -112,6 +112,13 @@ void Editeur::Preparer(Mode mode, Base* base, Dialogue* dialogue) {
     ouvrir_->setVisible(mode != Mode::Journal);
     enreg_->setVisible(mode != Mode::Journal);
     annuler_->setVisible(mode != Mode::Journal);
+    // Le journal se lit puis se ferme d'Entrée ; ailleurs Entrée reste au texte et au titre.
+    ok_->setDefault(mode == Mode::Journal);
+    ok_->setAutoDefault(mode == Mode::Journal);
+    if (mode != Mode::Journal)
+        setWindowTitle(
+            VersQString("\xC9"
+                        "diteur de notes"));
 }
 
 namespace {
@@ -182,6 +189,9 @@ bool Editeur::OuvrirNote(Base& base, std::int32_t numero, int type, bool avecBou
     liens_->setVisible(avecBoutons && !fichier);
     ouvrir_->setVisible(!fichier);
     numNote_->setEnabled(!fichier);
+    // La note du fichier n'a pas de numéro à montrer (« @N -1 »).
+    numNote_->setVisible(!fichier);
+    labelNS_->setVisible(!fichier);
     ChargerNote(numero);
     return true;
 }
@@ -202,6 +212,12 @@ void Editeur::ChargerNote(std::int32_t numero) {
     const NoteExt& e = std::as_const(NotesDuGenre(*base_, genre_))[numero];
     numNote_->setText(QString::number(numero));
     titre_->setText(VersQString(e.Titre));
+    // Le titre dit ce que l'éditeur montre.
+    if (numero == -1)
+        setWindowTitle("Notes du fichier");
+    else
+        setWindowTitle(
+            QString("%1 @%2%3@").arg(genre_ == 'S' ? "Source" : "Note").arg(QChar(genre_)).arg(numero));
     texte_->setPlainText(VersControle(e.Texte));
 }
 

@@ -1,16 +1,19 @@
 #include "ui/evenement.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 
 #include "card/acte_courant.h"
-#include "platform/qt_texte.h"
-#include "store/chaines.h"
 #include "card/lignes_personne.h"
+#include "platform/qt_texte.h"
+#include "store/aides_texte.h"
+#include "store/chaines.h"
 #include "ui/editeur.h"
 #include "ui/filtre_touches.h"
 #include "ui/listes_qt.h"
-#include "verify/coherence.h"
 #include "ui_evenement.h"
+#include "verify/coherence.h"
 
 namespace arbolix {
 
@@ -65,6 +68,27 @@ FenetreEvenement::FenetreEvenement(Base& base, const Options& options, Dialogue&
     for (QObject* o : {static_cast<QObject*>(ui_->Source), static_cast<QObject*>(ui_->Source->lineEdit())})
         o->installEventFilter(new FiltreTouches(this, [this](QKeyEvent* k) { return ToucheLien('S', k); }));
     ui_->Notes->viewport()->installEventFilter(this);
+    // Le lieu tapé suit l'option de casse comme la ville de la fiche (capitale à chaque mot).
+    // La liste et sa ligne sont surveillées toutes deux : la liste passe ses touches à sa ligne sans filtre.
+    QLineEdit* lieu = ui_->Lieu->lineEdit();
+    auto* filtre = new FiltreTouches(this, [this, lieu](QKeyEvent* k) {
+        static bool retape = false;
+        if (retape || (k->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)))
+            return false;
+        const std::string touche = DepuisQString(k->text());
+        if (touche.size() != 1 || static_cast<unsigned char>(touche[0]) < 32) return false;
+        const int position = lieu->hasSelectedText() ? lieu->selectionStart() : lieu->cursorPosition();
+        const char r =
+            MajusculesTouche(DepuisQString(lieu->text().left(position)), 3, touche[0], options_.ModifCasse);
+        if (r == touche[0]) return false;
+        QKeyEvent corrigee(k->type(), k->key(), k->modifiers(), VersQString(std::string(1, r)));
+        retape = true;
+        QCoreApplication::sendEvent(lieu, &corrigee);
+        retape = false;
+        return true;
+    });
+    lieu->installEventFilter(filtre);
+    ui_->Lieu->installEventFilter(filtre);
 }
 
 bool FenetreEvenement::eventFilter(QObject* objet, QEvent* e) {

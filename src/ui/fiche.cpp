@@ -10,6 +10,7 @@
 
 #include "app/demarrage.h"
 #include "app/partage.h"
+#include "app/place_fenetre.h"
 #include "app/reglages.h"
 #include "platform/ini.h"
 #include "platform/qt_texte.h"
@@ -123,6 +124,7 @@ Fiche::Fiche(QWidget* parent)
                 QString("%1 personnes et %2 familles").arg(base_.NbPersosReels).arg(base_.NbFamisReels));
     });
     BrancherAide();
+    BrancherFenetre();
 }
 
 Fiche::~Fiche() = default;
@@ -155,14 +157,22 @@ void Fiche::AppliquerZoom(const Zoom& zoom) {
     ui_->CadrePerso->setFixedWidth(static_cast<int>(largeurPerso_ * zoom.ZoomLargeur));
 }
 
-// Les réglages gardent la place en twips, 15 par point d'écran.
+// Les réglages gardent la place en twips, 15 par point d'écran ; une place absurde revient dans
+// l'écran, et sans place retenue la liste s'ouvre à côté de la fiche.
 void Fiche::PlacerPersonne() {
     if (ini_.empty()) return;
     const PositionFenetre p = LirePositionPersonne(ini_);
     constexpr double kTwips = 15;
-    personne_->setGeometry(static_cast<int>(p.L / kTwips), static_cast<int>(p.T / kTwips),
-                           std::max(200, static_cast<int>(p.W / kTwips * zoom_.ZoomLargeur)),
-                           std::max(150, static_cast<int>(p.H / kTwips * zoom_.ZoomHauteur)));
+    const auto point = [](double twips) { return static_cast<int>(std::clamp(twips / kTwips, -1e6, 1e6)); };
+    personne_->resize(std::max(200, static_cast<int>(point(p.W) * zoom_.ZoomLargeur)),
+                      std::max(150, static_cast<int>(point(p.H) * zoom_.ZoomHauteur)));
+    if (LireIni(ini_, "Fenetres", "PersonneL", "").empty()) return;  // la liste se mettra à côté
+    QScreen* ecran = screen() ? screen() : QGuiApplication::primaryScreen();
+    if (!ecran) return;
+    const QRect e = ecran->availableGeometry();
+    const Cadre c = PlacerDansEcran({point(p.L), point(p.T), personne_->width(), personne_->height()},
+                                    {e.x(), e.y(), e.width(), e.height()}, 200, 150);
+    personne_->setGeometry(c.x, c.y, c.l, c.h);
 }
 
 void Fiche::RetenirPlacePersonne() {
@@ -213,6 +223,7 @@ void Fiche::closeEvent(QCloseEvent* e) {
         return;
     }
     RetenirPlacePersonne();
+    RetenirPlace();
     personne_->close();
     e->accept();
 }
@@ -227,6 +238,7 @@ void Fiche::Demarrer(const std::string& ligneCommande, const std::string& execut
         AppliquerZoom(
             TesterZoom(options_.ZoomFen, options_.PourcentZoom, taille.width(), taille.height()).zoom);
     }
+    RestaurerPlace();
     PlacerPersonne();
     recents_ = LireFichiersRecents(ini_, options_, false);
     if (ReglagesAnciens(ini_, ARBOLIX_VERSION_MAJEURE))
@@ -237,7 +249,15 @@ void Fiche::Demarrer(const std::string& ligneCommande, const std::string& execut
     Vider(false);
     switch (ActionPourFichier(gedcom_.Fichier)) {
         case ActionLigneCommande::Ouvrir:
-            QTimer::singleShot(0, this, &Fiche::MenuOuvrir);
+            // Un fichier nommé sur la ligne de commande s'ouvre sans attendre OK ; la progression
+            // se lit dans le dialogue, qui reste ouvert si la lecture échoue.
+            if (!ligneCommande.empty())
+                QTimer::singleShot(0, this, [this] {
+                    QTimer::singleShot(0, gedcomForm_, &Gedcom::BoutonOK);
+                    MenuOuvrir();
+                });
+            else
+                QTimer::singleShot(0, this, &Fiche::MenuOuvrir);
             break;
         case ActionLigneCommande::Syntaxe:
             dialogue_->Message("Erreur de syntaxe", MessageSyntaxe(executable), Icone::Stop);

@@ -117,6 +117,9 @@ public slots:
     void MenuFicheFamille();  // fiche_stats.cpp
     void VerifierMiseAJour();
     void VerifierMiseAJourAuDemarrage();
+    // La fenêtre de bureau (fiche_fenetre.cpp).
+    void MenuEnregistrerSous();
+    void MenuAPropos();
     void BoutonAnnuaire();
     void BoutonBaseWeb(const std::string& lieu, const std::string& date, const QString& legende);
     // Les tables d'actes (fiche_tmao.cpp) : index de MenuExportUCGL 0 naissances à 3 ascendance.
@@ -229,6 +232,12 @@ private:
     void AppliquerZoom(const Zoom& zoom);
     void PlacerPersonne();
     void RetenirPlacePersonne();
+    void BrancherFenetre();  // fiche_fenetre.cpp
+    std::string FichierExemple() const;
+    void ActualiserBarreEtat();
+    void AjusterDisposition();
+    void RestaurerPlace();
+    void RetenirPlace();
 
     std::unique_ptr<Ui::Fiche> ui_;
     Base base_;

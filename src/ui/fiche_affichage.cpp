@@ -1,7 +1,9 @@
 // La fiche, côté affichage : contenu calculé par le noyau posé dans les contrôles, passage d'une
 // personne à l'autre, évènements ouverts depuis leurs boutons.
+#include <QComboBox>
 #include <QFontMetrics>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -157,6 +159,9 @@ void Fiche::PoserContenu() {
     ui_->Mere->setToolTip(VersQString(c.BulleMere));
     ui_->Pere->setEnabled(c.NumParents > 0);
     ui_->Mere->setEnabled(c.NumParents > 0);
+    // Un nom ou un métier plus long que sa case en montre le début, pas la fin.
+    for (QComboBox* champ : {ui_->Nom, ui_->Prenoms, ui_->Metier}) champ->lineEdit()->setCursorPosition(0);
+    for (QLineEdit* champ : {ui_->Pere, ui_->Mere}) champ->setCursorPosition(0);
     PoserRangees(*ui_->Union, c.Unions);
     PoserEnfants();
     PoserDivers();
@@ -220,7 +225,7 @@ void Fiche::NouvelleFiche() {
     }
     AllerA(NouvellePersonne(base_, true, gedcom_.OptRenum, modele), false);
     ActualiserTitre();
-    ui_->Nom->setFocus();
+    FocusChoisi(*ui_->Nom);
 }
 
 void Fiche::CliquerUnion(int rangee) {
@@ -244,7 +249,7 @@ void Fiche::DoubleCliquerUnion(int rangee) {
     const std::int32_t nouveau = AjouterConjointManquant(e, base_.NumCourant, f);
     if (nouveau <= 0) return;
     ApresLien(nouveau);
-    ui_->Nom->setFocus();
+    FocusChoisi(*ui_->Nom);
 }
 
 void Fiche::DoubleCliquerListeNumero(QListWidget* liste, int rangee) {

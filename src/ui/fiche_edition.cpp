@@ -52,7 +52,7 @@ void Fiche::BrancherSaisie() {
         connect(b, &QRadioButton::clicked, this, [this] {
             ColorerSexe();
             Modifier();
-            ui_->Prenoms->setFocus();
+            FocusChoisi(*ui_->Prenoms);
         });
     // Une liste déroulante renvoie ses touches à sa ligne sans passer par les filtres : on
     // surveille les deux, selon que le focus est sur l'une ou sur l'autre.
@@ -97,7 +97,12 @@ void Fiche::BrancherSaisie() {
 }
 
 void Fiche::Modifier() {
-    if (ouvert_ && base_.Chargement == kFaux && base_.NumCourant > 0) base_.FicheModifiee = kVrai;
+    if (!ouvert_ || base_.Chargement != kFaux || base_.NumCourant <= 0) return;
+    // Ctrl+S enregistre aussi une fiche qu'on vient de taper : la commande s'allume dès la frappe.
+    if (base_.FicheModifiee == kFaux) {
+        base_.FicheModifiee = kVrai;
+        ActualiserEnregistrer();
+    }
 }
 
 // Entrée parcourt la fiche comme Tab (la note la prend pour elle).
@@ -288,7 +293,7 @@ void Fiche::AjouterEnfant() {
     // Une fiche neuve s'ouvre pour être remplie ; un enfant déjà connu reste dans la liste.
     if (nouveau && enfant > 0) {
         ApresLien(enfant);
-        ui_->Prenoms->setFocus();
+        FocusChoisi(*ui_->Prenoms);
         return;
     }
     ApresLien(0);

@@ -5,6 +5,7 @@
 #include <QTimer>
 
 #include "app/demarrage.h"
+#include "app/partage.h"
 #include "app/reglages.h"
 #include "gedcom/enregistrement.h"
 #include "gedcom/journal_lecture.h"
@@ -29,13 +30,15 @@ void Fiche::ActualiserTitre() {
     const std::string fichier = ouvert_ ? Utf8VersCp1252(gedcom_.Fichier) : std::string();
     setWindowTitle(VersQString(TitreFiche(fichier, base_.FichierModifie != 0)));
     ActualiserEnregistrer();
+    ActualiserBarreEtat();
 }
 
 // Enregistrer n'a de sens que pour un fichier ouvert et modifié.
 void Fiche::ActualiserEnregistrer() {
-    const bool actif = ouvert_ && base_.FichierModifie != 0;
+    const bool actif = ouvert_ && (base_.FichierModifie != 0 || base_.FicheModifiee != 0);
     ui_->MenuEnregistrer->setEnabled(actif);
     if (auto* a = findChild<QAction*>("IcoCommande3")) a->setEnabled(actif);
+    if (auto* a = findChild<QAction*>("MenuEnregistrerSous")) a->setEnabled(ouvert_);
 }
 
 void Fiche::MenuEnregistrer() {
@@ -254,9 +257,18 @@ void Fiche::MenuNouveau() {
     OuvrirGedcom(ModeGedcom::Nouveau);
 }
 
+std::string Fiche::FichierExemple() const {
+    const std::filesystem::path dossier = QCoreApplication::applicationDirPath().toStdString();
+    const std::filesystem::path exemple = CheminPartage(dossier, "exemple.ged");
+    std::error_code ec;
+    return std::filesystem::exists(exemple, ec) ? exemple.string() : std::string();
+}
+
 void Fiche::MenuOuvrir() {
     if (ouvert_ && !MenuFermer()) return;
     if (gedcom_.Fichier.empty()) gedcom_.Fichier = options_.FichierDefaut;
+    // Première fois, sans fichier par défaut : le dernier ouvert, sinon l'exemple livré.
+    if (gedcom_.Fichier.empty()) gedcom_.Fichier = recents_.empty() ? FichierExemple() : recents_.front();
     OuvrirGedcom(ModeGedcom::Ouvrir);
 }
 

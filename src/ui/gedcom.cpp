@@ -1,12 +1,20 @@
 #include "ui/gedcom.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileInfo>
 
+#include "platform/cp1252.h"
 #include "platform/qt_texte.h"
 #include "ui_gedcom.h"
 
 namespace arbolix {
+
+namespace {
+
+constexpr const char* kFiltreGedcom = "Fichiers Gedcom (*.ged *.GED)";
+
+}  // namespace
 
 Gedcom::Gedcom(QWidget* parent, Dialogue* dialogue)
     : QDialog(parent), ui_(std::make_unique<Ui::Gedcom>()), dialogue_(dialogue) {
@@ -14,6 +22,10 @@ Gedcom::Gedcom(QWidget* parent, Dialogue* dialogue)
     connect(ui_->BoutonParcourir, &QPushButton::clicked, this, &Gedcom::BoutonParcourir);
     connect(ui_->BoutonOK, &QPushButton::clicked, this, &Gedcom::BoutonOK);
     connect(ui_->BoutonAnnuler, &QPushButton::clicked, this, &Gedcom::BoutonAnnuler);
+    connect(ui_->BoutonAvance, &QPushButton::toggled, this, [this](bool ouvert) {
+        ui_->CadreOptions->setVisible(ouvert);
+        adjustSize();
+    });
     // Un autre nom de fichier n'est plus forcément le fichier par défaut.
     connect(ui_->Fichier, &QComboBox::editTextChanged, this, [this] { ui_->Defaut->setChecked(false); });
     connect(ui_->Ages, &QCheckBox::toggled, this, [this](bool coche) {
@@ -38,6 +50,7 @@ void Gedcom::Preparer(ModeGedcom mode, const QString& titre, const OptionsGedcom
     for (const auto& r : recents) ui_->Fichier->addItem(QString::fromStdString(r));
     ui_->Fichier->setEditText(QString::fromStdString(v.Fichier));
     ui_->Fichier->blockSignals(false);
+    fichierDepart_ = QString::fromStdString(v.Fichier);
     const std::pair<QCheckBox*, bool> cases[] = {
         {ui_->Dates, v.Dates},     {ui_->Lieux, v.Lieux},       {ui_->Professions, v.Professions},
         {ui_->Temoins, v.Temoins}, {ui_->Fichiers, v.Fichiers}, {ui_->Adresses, v.Adresses},
@@ -52,8 +65,18 @@ void Gedcom::Preparer(ModeGedcom mode, const QString& titre, const OptionsGedcom
     ui_->OptNettoie->setVisible(lecture);
     ui_->OptRenum->setVisible(lecture);
     if (mode == ModeGedcom::Enregistrer) ui_->OptNettoie->setChecked(false);
+    // À l'enregistrement, les cases qui écriraient un fichier sans dates ni lieux restent dans
+    // la partie « Avancé », ouverte d'emblée si l'une d'elles est décochée.
+    const bool enregistrer = mode == ModeGedcom::Enregistrer;
+    bool decochee = false;
+    for (const auto& [c, valeur] : cases)
+        if (c->parentWidget() == ui_->CadreOptions) decochee = decochee || !valeur;
+    ui_->BoutonAvance->setVisible(enregistrer);
+    ui_->BoutonAvance->setChecked(!enregistrer || decochee);
+    ui_->CadreOptions->setVisible(!enregistrer || decochee);
     ui_->Compteur->clear();
     ui_->Progression->clear();
+    adjustSize();
     ui_->BoutonOK->setFocus();
 }
 
@@ -79,15 +102,33 @@ OptionsGedcom Gedcom::Valeurs() const {
 void Gedcom::FixerFichier(const std::string& chemin) { ui_->Fichier->setEditText(QString::fromStdString(chemin)); }
 
 void Gedcom::BoutonParcourir() {
-    const std::string actuel = ui_->Fichier->currentText().toStdString();
-    const std::string dossier = QFileInfo(QString::fromStdString(actuel)).absolutePath().toStdString();
-    const auto choisi = mode_ == ModeGedcom::Ouvrir
-                            ? dialogue_->ChoisirFichierOuvrir(titreParcourir_, "*.ged", dossier)
-                            : dialogue_->ChoisirFichierEnregistrer(titreParcourir_, "*.ged", dossier);
+    // Le sélecteur part du dossier du fichier présent (le dernier servi), sinon du dossier personnel.
+    const QString actuel = ui_->Fichier->currentText().trimmed();
+    const QFileInfo info(actuel);
+    const QString dossier =
+        !actuel.isEmpty() && info.absoluteDir().exists() ? info.absolutePath() : QDir::homePath();
+    const auto choisi =
+        mode_ == ModeGedcom::Ouvrir
+            ? dialogue_->ChoisirFichierOuvrir(titreParcourir_, kFiltreGedcom, dossier.toStdString())
+            : dialogue_->ChoisirFichierEnregistrer(titreParcourir_, kFiltreGedcom, dossier.toStdString());
     if (choisi) {
         FixerFichier(*choisi);
         ui_->Defaut->setChecked(false);
+        // Le fichier choisi, il ne reste qu'à valider.
+        ui_->BoutonOK->setFocus();
     }
+}
+
+// Enregistrer par-dessus un autre fichier que celui du départ se confirme.
+bool Gedcom::RemplacementAccepte() {
+    const QString chemin = ui_->Fichier->currentText().trimmed();
+    if (mode_ != ModeGedcom::Enregistrer || !QFileInfo::exists(chemin) ||
+        QFileInfo(chemin).absoluteFilePath() == QFileInfo(fichierDepart_).absoluteFilePath())
+        return true;
+    const std::string nom = Utf8VersCp1252(chemin.toStdString());
+    return dialogue_->Message(DepuisQString(windowTitle()),
+                              "Le fichier " + nom + " existe d\xE9j\xE0. Voulez-vous le remplacer ?",
+                              Icone::Question, Boutons::OuiNon, Bouton::Non) == Bouton::Oui;
 }
 
 void Gedcom::BoutonOK() {
@@ -96,6 +137,7 @@ void Gedcom::BoutonOK() {
         dialogue_->Message(DepuisQString(windowTitle()), "Vous devez indiquer un nom de fichier.", Icone::Attention);
         return;
     }
+    if (!RemplacementAccepte()) return;
     occupe_ = true;
     annule_ = false;
     ui_->BoutonOK->setEnabled(false);

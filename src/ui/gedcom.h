@@ -48,11 +48,14 @@ protected:
     void reject() override;
 
 private:
+    bool RemplacementAccepte();
+
     std::unique_ptr<Ui::Gedcom> ui_;
     Dialogue* dialogue_;
     ModeGedcom mode_ = ModeGedcom::Ouvrir;
     Travail travail_;
     std::string titreParcourir_;
+    QString fichierDepart_;
     bool occupe_ = false;
     bool annule_ = false;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QLineEdit>
 #include <QListWidget>
 #include <string_view>
 
@@ -35,6 +36,13 @@ inline void AjouterCombo(QComboBox& liste, std::string_view valeur) {
     while (i < liste.count() && liste.itemText(i) < v) ++i;
     liste.insertItem(i, v);
     liste.setEditText(texte);
+}
+
+// Le focus dans une liste modifiable, son texte choisi : la frappe remplace la valeur d'attente
+// d'une fiche neuve (« N ») au lieu de s'y ajouter.
+inline void FocusChoisi(QComboBox& liste) {
+    liste.setFocus();
+    if (liste.lineEdit()) liste.lineEdit()->selectAll();
 }
 
 // Les rangées d'une liste de la fiche, chacune avec son infobulle.

@@ -6,10 +6,14 @@
 #include "app/demarrage.h"
 #include "platform/qt_texte.h"
 #include "ui/fiche.h"
+#include "ui/traduction_qt.h"
+
+using arbolix::ChargerTraductionQt;
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName("Arbolix");
+    ChargerTraductionQt(app);
     // Installé, l'icône vient du thème et le bureau relie la fenêtre à son lanceur.
     QApplication::setWindowIcon(QIcon::fromTheme("arbolix"));
     QGuiApplication::setDesktopFileName("fr.arbolix.Arbolix");

@@ -57,9 +57,16 @@ FenetreOptions::FenetreOptions(Options& options, std::vector<std::string>& recen
     zoom_ = arbolix::TesterZoom(options_.ZoomFen, options_.PourcentZoom, ecran.width(), ecran.height()).zoom;
     resize(static_cast<int>(tailleConception_.width() * zoom_.ZoomLargeur),
            static_cast<int>(tailleConception_.height() * zoom_.ZoomHauteur));
+    RetenirEnregistrees();
 }
 
 FenetreOptions::~FenetreOptions() = default;
+
+// Les valeurs telles que les contrôles les rendent, pour savoir en fermant si l'une a changé.
+void FenetreOptions::RetenirEnregistrees() {
+    enregistrees_ = options_;
+    LireControles(enregistrees_);
+}
 
 void FenetreOptions::TraduireListes(const Messages& messages) {
     QComboBox* listes[] = {ui_->SelAutoLieuxAnnexes, ui_->ExportPrefere, ui_->Conversion};
@@ -113,7 +120,10 @@ void FenetreOptions::AfficherOptions() {
 }
 
 void FenetreOptions::LireControles() {
-    Options& o = options_;
+    LireControles(options_);
+}
+
+void FenetreOptions::LireControles(Options& o) const {
     o.VerifMAJ = ui_->VerifMAJ->isChecked();
     QLineEdit* chemins[] = {ui_->Chemin_0, ui_->Chemin_1, ui_->Chemin_2};
     for (int i = 0; i < 3; ++i) o.Chemin[i] = Chemin(chemins[i]->text());
@@ -152,6 +162,14 @@ void FenetreOptions::LireControles() {
 void FenetreOptions::done(int resultat) {
     LireControles();
     if (!ValiderOptions(ini_, options_, dialogue_, versionMajeure_)) return;
+    if (!(options_ == enregistrees_)) {
+        const Bouton b = dialogue_.Message("Options",
+                                           "Les options ont \xE9t\xE9 modifi\xE9"
+                                           "es. Voulez-vous les enregistrer ?",
+                                           Icone::Question, Boutons::OuiNonAnnuler, Bouton::Oui);
+        if (b == Bouton::Annuler) return;
+        if (b == Bouton::Oui) EnregistrerOptions();
+    }
     AfficherOptions();
     QDialog::done(resultat);
 }
@@ -173,6 +191,7 @@ void FenetreOptions::EnregistrerOptions() {
     LireControles();
     arbolix::EnregistrerOptions(ini_, options_, recents_, dialogue_, versionMajeure_);
     AfficherOptions();
+    RetenirEnregistrees();
 }
 
 void FenetreOptions::ClearFileList() {

@@ -49,6 +49,8 @@ signals:
     void ZoomChange(arbolix::Zoom zoom);
 
 private:
+    void LireControles(Options& o) const;
+    void RetenirEnregistrees();
     void ChoisirChemin(int indice);
     void AfficherRecents();
 
@@ -61,6 +63,7 @@ private:
     std::string fichierPresent_;
     Zoom zoom_;
     QSize tailleConception_;
+    Options enregistrees_;  // au dernier enregistrement ou à l'ouverture
 };
 
 }  // namespace arbolix

@@ -1,11 +1,16 @@
 #include "ui/personne.h"
 
 #include <QKeyEvent>
+#include <QLayout>
 #include <QListView>
+#include <QScreen>
+#include <QScrollBar>
 #include <QToolTip>
 
+#include "app/place_fenetre.h"
 #include "lists/rangees.h"
 #include "platform/qt_texte.h"
+#include "ui/delegue_queue.h"
 #include "ui/modele_liste.h"
 #include "ui_personne.h"
 
@@ -17,6 +22,7 @@ Personne::Personne(const Base& base, const Options& options, QWidget* parent)
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     modele_ = new ModeleListe(liste_, this);
     ui_->Liste->setModel(modele_);
+    ui_->Liste->setItemDelegate(new DelegueQueue(ui_->Liste));
     ui_->Liste->installEventFilter(this);
     connect(ui_->Liste, &QListView::clicked, this, [this](const QModelIndex& i) { Cliquer(i.row()); });
     connect(ui_->Liste, &QListView::doubleClicked, this,
@@ -36,10 +42,43 @@ QString Personne::Genre() const {
 void Personne::Montrer() {
     setWindowTitle(VersQString(liste_.Titre));
     Rafraichir();
+    Elargir();
+    // Jamais placée (ni par les réglages ni par l'utilisateur) : à côté de la fiche.
+    if (!testAttribute(Qt::WA_Moved) && parentWidget()) {
+        const QRect f = parentWidget()->window()->frameGeometry();
+        QScreen* ecran = screen() ? screen() : QGuiApplication::primaryScreen();
+        if (ecran) {
+            const QRect e = ecran->availableGeometry();
+            const Cadre c =
+                PlacerACote({f.x(), f.y(), f.width(), f.height()}, width(), std::max(height(), f.height()),
+                            {e.x(), e.y(), e.width(), e.height()});
+            setGeometry(c.x, c.y, c.l, c.h);
+        }
+    }
     show();
     raise();
     activateWindow();
     ui_->Liste->setFocus();
+}
+
+// La fenêtre s'élargit à ses rangées (les premières : une liste peut en compter un million),
+// sans dépasser la moitié de l'écran ; elle ne rétrécit jamais d'elle-même.
+void Personne::Elargir() {
+    constexpr int kRangeesMesurees = 300;
+    const int n = std::min(modele_->rowCount(), kRangeesMesurees);
+    QStyleOptionViewItem option;
+    option.initFrom(ui_->Liste);
+    option.font = ui_->Liste->font();
+    option.fontMetrics = QFontMetrics(option.font);
+    int contenu = 0;
+    for (int i = 0; i < n; ++i)
+        contenu = std::max(contenu, ui_->Liste->itemDelegate()->sizeHint(option, modele_->index(i)).width());
+    const int voulue = contenu + ui_->Liste->verticalScrollBar()->sizeHint().width() +
+                       2 * ui_->Liste->frameWidth() + layout()->contentsMargins().left() +
+                       layout()->contentsMargins().right();
+    QScreen* ecran = screen() ? screen() : QGuiApplication::primaryScreen();
+    const int plafond = ecran ? ecran->availableGeometry().width() / 2 : voulue;
+    if (voulue > width()) resize(std::min(voulue, plafond), height());
 }
 
 void Personne::Rafraichir() {
@@ -66,6 +105,15 @@ void Personne::Cliquer(int rangee) {
     // La personne choisie sert de modèle à une nouvelle fiche (nom, prénoms, sexe).
     const LectureQueue q = LireQueue(liste_.Rangees[r].texte);
     if (q.genre == 'P' && q.numero > 0 && rangee != 0) liste_.Rangees[0].valeur = q.numero;
+    // Un simple clic montre la personne sur la fiche, la liste restant ouverte et devant.
+    if (!enChoix_ && q.genre == 'P' && q.numero > 0 && rangee != 0 && PersonneExiste(base_, q.numero)) {
+        Reaction r;
+        r.action = ActionListe::Afficher;
+        r.numero = q.numero;
+        emit Reagir(r);
+        raise();
+        activateWindow();
+    }
 }
 
 std::optional<std::string> Personne::ChoisirParmi(const ListeCandidats& candidats) {

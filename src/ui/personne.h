@@ -55,6 +55,8 @@ protected:
     bool eventFilter(QObject* objet, QEvent* e) override;
 
 private:
+    void Elargir();
+
     const Base& base_;
     const Options& options_;
     ListePersonne liste_;

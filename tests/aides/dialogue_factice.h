@@ -37,7 +37,10 @@ public:
             return b ? *b : defaut ? *defaut : PremierBouton(boutons);
         }
         if (defaut) return *defaut;
-        return boutons == Boutons::OuiNon || boutons == Boutons::OuiNonAnnuler ? Bouton::Oui : Bouton::Ok;
+        return boutons == Boutons::OuiNon || boutons == Boutons::OuiNonAnnuler ||
+                       boutons == Boutons::HommeFemme
+                   ? Bouton::Oui
+                   : Bouton::Ok;
     }
     std::optional<std::string> Saisie(std::string_view, std::string_view, std::string_view defaut) override {
         return Prendre(saisies_, std::string(defaut));
@@ -66,6 +69,7 @@ private:
         switch (b) {
             case Boutons::OuiNon:
             case Boutons::OuiNonAnnuler:
+            case Boutons::HommeFemme:
                 return Bouton::Oui;
             case Boutons::AbandonnerReessayerIgnorer:
                 return Bouton::Abandonner;

@@ -96,6 +96,9 @@ private slots:
         emit date->editingFinished();
         QCOMPARE(date->text(), QStringLiteral("12/03/1750"));
         QCOMPARE(Controle<QLabel>(f, "LabelDate")->text(), QStringLiteral("jeudi"));
+        // Le lieu tapé prend ses capitales comme la ville de la fiche.
+        QTest::keyClicks(Controle<QComboBox>(f, "Lieu"), "saint-cyprien");
+        QCOMPARE(Controle<QComboBox>(f, "Lieu")->currentText(), QStringLiteral("Saint-Cyprien"));
         Controle<QComboBox>(f, "Lieu")->setEditText(QStringLiteral("Sarlat"));
         QTest::mouseClick(Controle<QPushButton>(f, "BoutonOK"), Qt::LeftButton);
         QCOMPARE(f.result(), int(QDialog::Accepted));

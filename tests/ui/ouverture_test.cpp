@@ -83,7 +83,7 @@ private slots:
         QTest::mouseClick(liste->viewport(), Qt::LeftButton, {},
                           liste->visualItemRect(liste->item(0)).center());
         QVERIFY(question.endsWith("Voulez-vous supprimer le lien ?"));
-        QCOMPARE(parDefaut, QString("Non"));
+        QCOMPARE(parDefaut, QString("&Non"));  // N choisit Non au clavier
         // La liste refaite d'après la base : le lien y est toujours.
         fiche.AfficherFiche();
         QCOMPARE(liste->count(), 1);
