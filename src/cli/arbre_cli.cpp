@@ -79,8 +79,8 @@ int CommandeArbre(const Arguments& arguments, Sorties& s) {
     const std::string& sortie = args[2];
     d.genre = genre->genre;
     d.mode = ModeDuFichier(sortie);
-    if (d.mode != kModeSvg) {
-        s.erreurs << "Format de sortie non pris en charge : " << sortie << " (.svg attendu).\n";
+    if (d.mode != kModeSvg && d.mode != kModeImprimante) {
+        s.erreurs << "Format de sortie non pris en charge : " << sortie << " (.svg ou .pdf attendu).\n";
         return 2;
     }
     d.aujourdhui = Aujourdhui(date);
@@ -113,7 +113,7 @@ int CommandeArbre(const Arguments& arguments, Sorties& s) {
     } else {
         d.titre = TitreArbreAscendant(base, d.numero, d.aujourdhui);
     }
-    const MesureFixe mesure;
+    const MesureTexte& mesure = MesureDuMode(d.mode);
     const DessinArbre dessin = DessinerArbre(base, options, d, mesure);
     if (!dessin.Dessine()) {
         s.erreurs << Cp1252VersUtf8(dessin.TitreBoite + " : " + Remplacer(dessin.TexteBoite, "\r\n", " "))

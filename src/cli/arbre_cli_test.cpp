@@ -18,7 +18,7 @@ const std::string kCousins = std::string(ARBOLIX_DONNEES) + "/parente/cousins.ge
 TEST(CommandeArbre, EcritOuRefuse) {
     const auto dossier = essais::DossierEssai("arbre");
     std::filesystem::create_directories(dossier);
-    const std::string sortie = (dossier / "a.svg").string();
+    const std::string sortie = (dossier / "a.svg").string(), pdf = (dossier / "a.pdf").string();
     struct Cas {
         std::vector<std::string> args;
         int code;
@@ -28,6 +28,7 @@ TEST(CommandeArbre, EcritOuRefuse) {
         {{"ascendant-a4", kFamille, sortie, "--date", "23/11/2026"}, 0, ""},
         {{"ascendant", kFamille, sortie, "--generations", "6", "--page", "594x420"}, 0, ""},
         {{"etiquettes", kFamille, sortie, "--case", "60x25"}, 0, ""},
+        {{"ascendant-a4", kFamille, pdf}, 0, ""},
         {{"parente", kCousins, sortie, "--personne", "2", "--autre", "3"}, 0, ""},
         {{"parente", kCousins, sortie, "--personne", "7", "--autre", "8"}, 1, "0 branches en commun"},
         {{"ascendant", kFamille, sortie, "--generations", "31"}, 2, "Cases trop petites : "},
@@ -39,12 +40,13 @@ TEST(CommandeArbre, EcritOuRefuse) {
     };
     for (const auto& c : cas) {
         std::filesystem::remove(sortie);
+        std::filesystem::remove(pdf);
         std::vector<std::string> args{"arbre"};
         args.insert(args.end(), c.args.begin(), c.args.end());
         const auto r = essai::Lancer(args);
         EXPECT_EQ(r.code, c.code) << c.args[0] << " " << r.erreurs;
         EXPECT_EQ(r.erreurs.rfind(c.erreur, 0), 0u) << r.erreurs;
-        EXPECT_EQ(std::filesystem::exists(sortie), c.code == 0) << c.args[0];
+        EXPECT_EQ(std::filesystem::exists(c.args[2]), c.code == 0) << c.args[0];
     }
     std::filesystem::remove_all(dossier);
 }

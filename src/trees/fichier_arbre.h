@@ -9,12 +9,14 @@
 
 namespace arbolix {
 
-// Le mode d'après l'extension du chemin : kModeSvg pour ".svg", kModeRtf pour ".rtf" (toute
-// casse) ; -1 sinon.
+// Le mode d'après l'extension du chemin (toute casse) : kModeSvg pour ".svg", kModeRtf pour ".rtf",
+// kModeImprimante pour ".pdf" ; -1 sinon.
 int ModeDuFichier(const std::string& chemin);
 
-// Écrit le dessin dans chemin (UTF-8) au format du mode. Un échec laisse l'ancien fichier tel
+// Écrit le dessin dans chemin (UTF-8) au format du mode, mis en page avec la mesure de ce format
+// (MesureDuMode). Un échec laisse l'ancien fichier tel
 // qu'il était ; le message nomme le fichier.
+const MesureTexte& MesureDuMode(int mode);
 EtatFichier EcrireArbre(const DessinArbre& d, int mode, const std::string& chemin, const Options& options,
                         const MesureTexte& mesure);
 
