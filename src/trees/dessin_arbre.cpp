@@ -20,6 +20,7 @@ constexpr double kDimensionMaxi = 100000;
 constexpr int kGenerationsMaxi = 12;
 // Un cran plus petit quand une ligne ne tient pas : aperçu et imprimante seulement.
 constexpr double kReduction = 0.85;
+constexpr std::string_view kNomOrdinaire = "12 LEFEBVRE Jean-Baptiste";
 
 bool EstPersonne(const Base& b, std::int32_t n) {
     return PersonneExiste(b, n);
@@ -229,7 +230,10 @@ private:
         }
         const double lc = (r_.LF - 2 * r_.MF) / (1.5 * r_.NbGen - 0.5);
         r_.LC = lc >= 1 ? std::floor(lc) : lc;
-        r_.Taille = TaillePolice(m_, r_.HC, r_.MC);
+        // Peu de générations donnent des cases hautes et une police qui ne laisserait que deux ou
+        // trois lettres par ligne : la taille s'arrête là où une ligne tient un nom ordinaire.
+        const double largeurNom = m_.Largeur(kNomOrdinaire, 10);
+        r_.Taille = std::min(TaillePolice(m_, r_.HC, r_.MC), 10 * (r_.LC - 2 * r_.MC) / largeurNom);
         const std::int64_t slots = std::int64_t{1} << r_.NbGen;
         std::vector<std::int32_t> s(static_cast<std::size_t>(slots), 0);
         s[1] = racine;

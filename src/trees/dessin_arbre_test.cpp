@@ -175,7 +175,8 @@ TEST_F(Arbre, LignesLonguesRestentDansLaCase) {
         d.mode = mode;
         const DessinArbre a = Dessin();
         for (const auto& c : a.Cases) {
-            EXPECT_LE(c.lignes.size(), 4u);
+            EXPECT_LE(static_cast<double>(c.lignes.size()) * mesure.HauteurLigne(c.taille),
+                      a.HC - 1.5 * a.MC + 1e-9);
             for (const auto& ligne : c.lignes) EXPECT_LE(mesure.Largeur(ligne, c.taille), a.LC - 2 * a.MC);
         }
     }

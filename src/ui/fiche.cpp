@@ -104,6 +104,7 @@ Fiche::Fiche(QWidget* parent)
     BrancherSelection();
     BrancherActes();
     BrancherExports();
+    BrancherArbres();
     BrancherOutils();
     connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
     connect(ui_->MenuNotesFichier, &QAction::triggered, this, &Fiche::MenuNotesFichier);

@@ -37,6 +37,7 @@ class Editeur;
 struct ValeursWeb;
 class Gedcom;
 class InputMsgBox;
+class FenetreArbre;
 class FormListeChoix;
 class Personne;
 class RechActe;
@@ -117,6 +118,10 @@ public slots:
     void VerifierMiseAJourAuDemarrage();
     void BoutonAnnuaire();
     void BoutonBaseWeb(const std::string& lieu, const std::string& date, const QString& legende);
+    // Les arbres (fiche_arbres.cpp).
+    void MenuArbre(int genre);
+    void MenuArbreVide();
+    void RemonterArbre(std::int32_t racine);
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -148,6 +153,11 @@ private:
     void MontrerApresCommande(std::int32_t n);
     void BrancherExports();  // fiche_exports.cpp
     void BrancherOutils();   // fiche_outils.cpp
+    void BrancherArbres();   // fiche_arbres.cpp
+    FenetreArbre& FormArbre();
+    void ReagirArbre(const Reaction& r);
+    void ArbreDeParente(std::int32_t ancetre);
+    void ArbreDepuisEnfant(std::int32_t enfant);
     // La liste d'adresses des options : une ligne prise d'emblée, sinon choisie dans la liste "web".
     void RechercherSurLeWeb(const std::string& liste, const QString& legende, const ValeursWeb& valeurs);
     void CreerMenuImage();
@@ -251,6 +261,7 @@ private:
     std::int32_t nbAncetres_ = 0;
     FormListeChoix* listeChoix_ = nullptr;
     RechActe* rechActe_ = nullptr;
+    FenetreArbre* arbre_ = nullptr;
 };
 
 }  // namespace arbolix
