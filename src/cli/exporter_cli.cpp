@@ -1,5 +1,6 @@
 #include "cli/exporter_cli.h"
 
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -24,9 +25,34 @@ struct Rapport {
 };
 
 constexpr Rapport kRapports[] = {
-    {"ligne-de-vie", kLigneDeVie}, {"ascendance", kAscendance}, {"adresses", kAdresses},
-    {"eclair", kEclair},           {"isoles", kIsoles},
+    {"ligne-de-vie", kLigneDeVie}, {"ascendance", kAscendance}, {"descendance", kDescendance},
+    {"adresses", kAdresses},       {"eclair", kEclair},         {"livre", kLivre},
+    {"isoles", kIsoles},
 };
+
+// Les cases du cadre RTF : colonnes du texte et des index, notes et sources en bas de page, unions.
+bool LireCadreRtf(Arguments& args, OptionsExport& e, std::ostream& erreurs) {
+    std::optional<std::string> colonnes, index;
+    if (!ExtraireValeur(args, "--colonnes", colonnes, erreurs) ||
+        !ExtraireValeur(args, "--colonnes-index", index, erreurs))
+        return false;
+    if (colonnes && *colonnes != "1" && *colonnes != "2") {
+        erreurs << "--colonnes attend 1 ou 2.\n";
+        return false;
+    }
+    if (index && *index != "1" && *index != "2" && *index != "3") {
+        erreurs << "--colonnes-index attend 1, 2 ou 3.\n";
+        return false;
+    }
+    e.ComboColRTF = {colonnes.value_or(e.ComboColRTF[0]), index.value_or(e.ComboColRTF[1])};
+    e.OptionBasPage = {RetirerDrapeau(args, "--notes-bas-de-page"),
+                       RetirerDrapeau(args, "--sources-bas-de-page")};
+    e.OptNumUniq = RetirerDrapeau(args, "--numero-unique");
+    e.OptSimplMarisMult = RetirerDrapeau(args, "--sans-repeter-epoux");
+    e.OptionIndexCourt = RetirerDrapeau(args, "--index-court");
+    if (RetirerDrapeau(args, "--autre-union")) e.OptionPreciserUnions = false;
+    return true;
+}
 
 // Les deux seuils "N,M" : chiffres seulement, le second facultatif.
 bool LireSeuils(const std::string& texte, OptionsExport& e, std::ostream& erreurs) {
@@ -79,7 +105,7 @@ bool LireDrapeaux(Arguments& args, OptionsExport& e, Drapeaux& d, std::ostream& 
         args.push_back("--personne");
         args.push_back(*d.personne);
     }
-    if (!ExtraireSelection(args, d.selection, erreurs)) return false;
+    if (!ExtraireSelection(args, d.selection, erreurs) || !LireCadreRtf(args, e, erreurs)) return false;
     if (RetirerDrapeau(args, "--toutes")) e.Toutes = true;
     if (RetirerDrapeau(args, "--sans-toutes")) e.Toutes = false;
     e.OptionDatesAnnees = RetirerDrapeau(args, "--annees-seules");
@@ -155,6 +181,16 @@ int CommandeExporter(const Arguments& args, Sorties& s) {
     // Dans un terminal, un chemin relatif part du dossier courant.
     e.FichierExport = fs::absolute(reste[2]).string();
     ContexteExport ctx{base, options, e, Aujourdhui(d.date)};
+    if (!d.date) {
+        const std::time_t t = std::time(nullptr);
+        const std::tm* h = std::localtime(&t);
+        ctx.heure = h->tm_hour;
+        ctx.minute = h->tm_min;
+    }
+    if (d.selection) {
+        ctx.livre.selCochee = d.selection->entree;
+        options.SelTousDesc = d.selection->tousDescendants;
+    }
     ctx.TypeExport = rapport->type;
     ctx.NumPerso = personne;
     ctx.FichierGedcom = Utf8VersCp1252(fichier);

@@ -75,6 +75,31 @@ TEST_F(CliExporter, SelectionEtAnneesSeules) {
     EXPECT_NE(table.find("DUPONT\tJacques\tvigneron\t1900\tvers 1970\r\n"), std::string::npos) << table;
 }
 
+// Le livre et la descendance : les cases du cadre RTF viennent des options, le texte de l'extension.
+TEST_F(CliExporter, LivreEtDescendance) {
+    const std::string famille = (fs::path(ARBOLIX_DONNEES) / "livre" / "famille.ged").string();
+    const auto exporter = [&](std::vector<std::string> args) {
+        const std::string sortie = (dossier / args[1]).string();
+        args = {"exporter", args[0], famille, sortie, "--date", "23/11/2026", "--personne", "1"};
+        const Appel a = Lancer(args);
+        EXPECT_EQ(a.code, 0) << a.erreurs;
+        return essais::LireOctets(sortie);
+    };
+    std::string livre = exporter({"livre", "livre.rtf"});
+    EXPECT_NE(livre.find("{\\title Livre des familles de Famille}"), std::string::npos);
+    EXPECT_NE(livre.find("\\cols1\\colsx567"), std::string::npos);
+    EXPECT_EQ(livre.find("\\footnote"), std::string::npos);
+    const std::string sortie = (dossier / "livre2.rtf").string();
+    ASSERT_EQ(Lancer({"exporter", "livre", famille, sortie, "--colonnes", "2", "--notes-bas-de-page"}).code,
+              0);
+    livre = essais::LireOctets(sortie);
+    EXPECT_NE(livre.find("\\cols2\\colsx567"), std::string::npos);
+    EXPECT_NE(livre.find("{\\footnote \\pard\\plain \\fs20 \\chftn  Mort de la fi\\'e8vre"),
+              std::string::npos);
+    EXPECT_TRUE(exporter({"descendance", "d.txt"}).ends_with("\r\n\r\n6 descendants.\r\n"));
+    EXPECT_TRUE(exporter({"descendance", "d.rtf"}).starts_with("{\\rtf1\\ansi"));
+}
+
 TEST_F(CliExporter, MauvaisesEntreesSansFichier) {
     const std::string sortie = (dossier / "x.txt").string();
     const std::vector<std::vector<std::string>> cas = {
@@ -84,6 +109,8 @@ TEST_F(CliExporter, MauvaisesEntreesSansFichier) {
         {"ascendance", kRiche, (dossier / "absent" / "x.txt").string()},
         {"ligne-de-vie", kRiche, sortie, "--personne", "14"},
         {"rapport", kRiche, sortie},
+        {"livre", kRiche, sortie, "--colonnes", "3"},
+        {"descendance", kRiche, sortie, "--colonnes-index", "4"},
     };
     for (auto c : cas) {
         c.insert(c.begin(), "exporter");

@@ -163,14 +163,20 @@ void NormaliserFinsDeLigne(std::string& tampon) {
     tampon.swap(r);
 }
 
-void ReparationsGlobales(std::string& tampon) {
-    RemplacerTout(tampon, " @INDI", " @");
-    RemplacerTout(tampon, " @SOUR", " @S");
-    RemplacerTout(tampon, "@ NOTE ", "@ NOTE\r\n1 TEXT ");
-    RemplacerTout(tampon, "1 TITL ", "1 TITL\r\n2 TYPE ");
-    RemplacerTout(tampon, "2 DATE CA.", "2 DATE ABT ");
-    RemplacerTout(tampon, "\r\n1 NOTE \\\r\n", "\r\n");
-    RemplacerTout(tampon, "\t", "");
+void ReparationsGlobales(std::string& tampon, Progression* progression) {
+    static constexpr std::pair<std::string_view, std::string_view> kReparations[] = {
+        {" @INDI", " @"},
+        {" @SOUR", " @S"},
+        {"@ NOTE ", "@ NOTE\r\n1 TEXT "},
+        {"1 TITL ", "1 TITL\r\n2 TYPE "},
+        {"2 DATE CA.", "2 DATE ABT "},
+        {"\r\n1 NOTE \\\r\n", "\r\n"},
+        {"\t", ""},
+    };
+    for (const auto& [de, vers] : kReparations) {
+        RemplacerTout(tampon, de, vers);
+        if (progression) progression->LaisserPasser();
+    }
     if (tampon.find("\\rtf") != std::string::npos) {
         // Des notes RTF : on les désarme en bloc.
         for (char& c : tampon) {
@@ -192,8 +198,9 @@ LecteurGedcom::LecteurGedcom(Base& base, ContexteLecture& contexte, ResultatLect
 void LecteurGedcom::PreparerTampon(std::string contenu) {
     tampon_ = std::move(contenu);
     NormaliserFinsDeLigne(tampon_);
+    contexte_.progression.LaisserPasser();
     tampon_ += "\r\n";
-    ReparationsGlobales(tampon_);
+    ReparationsGlobales(tampon_, &contexte_.progression);
 }
 
 void LecteurGedcom::LigneSuivante() {
@@ -212,7 +219,7 @@ void LecteurGedcom::LigneSuivante() {
     Lus += static_cast<std::int64_t>(ligne.size()) + 2;
     pos_ = fin + 2;
     LigneCourante.assign(SansBlancs(ligne));
-    ++NumLigne;
+    if ((++NumLigne & 0x3FFF) == 0) PompeSiDue();
     // Balises d'utilisateur : 1 _OCCU x se lit comme OCCU.
     if (LigneCourante.size() >= 3 && LigneCourante[2] == '_' &&
         LigneCourante.find(" FILE ") == std::string::npos)
@@ -337,6 +344,13 @@ void LecteurGedcom::MontrerProgression() {
     const auto pourcent = centieme > 0 ? std::lround(static_cast<double>(Lus) / centieme) : 100;
     p.Avancement(std::to_string(pourcent) + " %");
     p.LaisserPasser();
+}
+
+void LecteurGedcom::PompeSiDue() {
+    const auto maintenant = std::chrono::steady_clock::now();
+    if (maintenant < prochainePompe_) return;
+    prochainePompe_ = maintenant + std::chrono::milliseconds(100);
+    MontrerProgression();
 }
 
 void LecteurGedcom::JournaliserErreur(int numero, std::string_view texte) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <stdexcept>
@@ -93,6 +94,9 @@ public:
         resultat_.Journal.append("\r\n");
     }
     void MontrerProgression();
+    // Entre deux fiches comptées (une longue suite de sources, de notes), la fenêtre doit
+    // encore répondre : la progression se montre au plus tard tous les dixièmes de seconde.
+    void PompeSiDue();
     bool Annule() const { return base_.Chargement != 0 || contexte_.progression.Annule(); }
     // Lance le traitement d'une balise sous le piège : une défaillance va au journal et la lecture continue.
     template <typename Traitement>
@@ -120,6 +124,7 @@ public:
     std::int32_t NumLigne = 0;
     std::int64_t Lus = 0;
     std::int64_t TailleFichier = 0;
+    std::chrono::steady_clock::time_point prochainePompe_{};
     bool ProduitOmega = false;
     bool Renumeroter = false;
     // Numéro du fichier → numéro renuméroté, par genre : une note @N66@ ne doit pas prendre
@@ -252,6 +257,7 @@ bool LecteurGedcom::LignesDeFiche(std::string_view alerteFin, Traitement&& trait
 // Normalise les fins de ligne d'après celle de la ligne "0 HEAD", et répare les
 // habitudes connues des producteurs par remplacement global. Exposé pour les tests.
 void NormaliserFinsDeLigne(std::string& tampon);
-void ReparationsGlobales(std::string& tampon);
+// Chaque passe sur le tampon entier est suivie d'un passage par la pompe d'évènements.
+void ReparationsGlobales(std::string& tampon, Progression* progression = nullptr);
 
 }  // namespace arbolix

@@ -212,7 +212,7 @@ void LecteurGedcom::ControlesApresLecture() {
     CoderNoms();
     // Les retours de liens des notes, sources et médias suivent exactement les textes de liens
     // gardés dans les fiches (une ligne lue mais non gardée ne laisse pas de retour).
-    ReconstruireLiens(b);
+    ReconstruireLiens(b, &contexte_.progression);
 }
 
 }  // namespace arbolix

@@ -152,7 +152,10 @@ void LecteurGedcom::CoderNoms() {
             n = b.Persos.FinDePage(n);
             continue;
         }
-        if (n % 1000 == 0) contexte_.progression.Compteur(std::to_string(n));
+        if (n % 10000 == 0) {
+            contexte_.progression.Compteur(std::to_string(n));
+            contexte_.progression.LaisserPasser();
+        }
         Perso& p = b.Persos[n];
         if (p.Prenoms.empty()) continue;
         p.CodeNom = CodeSon(p.Nom);

@@ -7,9 +7,11 @@
 namespace arbolix {
 
 QString VersQString(std::string_view cp1252) {
-    QString r;
-    r.reserve(static_cast<qsizetype>(cp1252.size()));
-    for (char c : cp1252) r.append(QChar(static_cast<char16_t>(Cp1252VersUnicode(static_cast<unsigned char>(c)))));
+    // Un caractère 1252 donne toujours un seul caractère du plan de base : écrit en place.
+    QString r(static_cast<qsizetype>(cp1252.size()), Qt::Uninitialized);
+    QChar* d = r.data();
+    for (char c : cp1252)
+        *d++ = QChar(static_cast<char16_t>(Cp1252VersUnicode(static_cast<unsigned char>(c))));
     return r;
 }
 

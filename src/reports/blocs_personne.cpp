@@ -8,6 +8,7 @@
 #include "dates/calendrier_republicain.h"
 #include "dates/reconnaissance.h"
 #include "reports/date_confidentielle.h"
+#include "reports/rtf.h"
 #include "store/aides_texte.h"
 #include "store/chaines.h"
 
@@ -23,6 +24,11 @@ std::int64_t AnneeDe(std::string_view date) {
 
 bool FinitPar(std::string_view s, std::string_view fin) {
     return s.size() >= fin.size() && s.substr(s.size() - fin.size()) == fin;
+}
+
+// Le texte d'une fiche tel que le fichier l'écrit : échappé dans un document RTF.
+std::string Fiche(const TexteRapport& f, std::string_view t) {
+    return f.Fichier() == kFichierRtf ? EchapperRTF(t) : std::string(t);
 }
 
 // Un évènement du calendrier républicain : date complète entre l'an II et la fin de la table,
@@ -88,8 +94,12 @@ void AjouterMorceau(std::string& s, std::string_view morceau) {
     s.append(morceau);
 }
 
+void NotesEtSourceRtf(const ContexteExport& ctx, const Acte& a, const ActeImprime& imp, TexteRapport& f,
+                      std::string_view avant, std::string_view apres);
+
 void EcrireNotesEtSource(const ContexteExport& ctx, const Acte& a, const ActeImprime& imp, TexteRapport& f,
                          std::string_view avant, std::string_view apres) {
+    if (f.Fichier() == kFichierRtf) return NotesEtSourceRtf(ctx, a, imp, f, avant, apres);
     if (!imp.notes.empty()) {
         const std::string t = LignesDeNote(TexteLie(ctx.base, imp.notes, 'N'), avant);
         if (!t.empty()) f.Texte(std::string(apres) + t);
@@ -102,29 +112,94 @@ void EcrireNotesEtSource(const ContexteExport& ctx, const Acte& a, const ActeImp
     }
 }
 
+// Le renvoi du livre ("N3", "S2") à la place d'un lien vers une note ou une source externe.
+std::string RenvoiLivre(const Base& base, std::string_view texte, char genre) {
+    const std::int32_t n = LienExterne(texte, genre);
+    const auto& table = genre == 'N' ? base.Notes : base.Sources;
+    const std::int32_t numero = n > 0 && n <= table.Haut() ? std::as_const(table)[n].NumLivre : 0;
+    return std::string(1, genre) + std::to_string(numero);
+}
+
+// Les adresses web d'une source en champs de lien ; une source qui commence par son adresse reste
+// telle quelle.
+std::string LiensWebRtf(std::string_view source) {
+    const std::size_t http = source.find("http");
+    if (http == std::string_view::npos || http < 2) return EchapperRTF(source);
+    std::string t(source);
+    if (Comme(t, "* http*") || Comme(t, "*;http*")) std::replace(t.begin(), t.end(), ' ', ';');
+    std::string r;
+    for (std::size_t debut = 0; debut <= t.size();) {
+        const std::size_t fin = std::min(t.find(';', debut), t.size());
+        const std::string_view jeton = std::string_view(t).substr(debut, fin - debut);
+        if (!r.empty()) r += ' ';
+        if (jeton.starts_with("http")) {
+            const std::string e = EchapperRTF(jeton);
+            r += "{\\field{\\*\\fldinst HYPERLINK \"" + e + "\"}{\\fldrslt{\\ul\\cf1 " + e + "}}}";
+        } else {
+            r += EchapperRTF(jeton);
+        }
+        debut = fin + 1;
+    }
+    return r;
+}
+
+std::string NoteDeBasDePage(std::string t) {
+    RemplacerTout(t, "\r\n", "\\line ");
+    return "{ \\super\\chftn{\\footnote \\pard\\plain \\fs20 \\chftn  " + t + "}}";
+}
+
+// Notes et source d'un évènement dans un document RTF : en ligne, en renvoi du livre ou en note de
+// bas de page selon les cases du dialogue.
+void NotesEtSourceRtf(const ContexteExport& ctx, const Acte& a, const ActeImprime& imp, TexteRapport& f,
+                      std::string_view avant, std::string_view apres) {
+    const bool livre = ctx.TypeExport == kLivre;
+    const std::string notes(SansBlancsGauche(imp.notes));
+    if (!notes.empty()) {
+        const bool lien = LienExterne(notes, 'N') > 0;
+        if (lien || !ctx.exports.OptionBasPage[0]) {
+            std::string t = lien && livre ? RenvoiLivre(ctx.base, notes, 'N')
+                                          : EchapperRTF(TexteLie(ctx.base, notes, 'N'));
+            if (!t.empty()) f.Texte(std::string(apres) + LignesDeNote(std::move(t), avant));
+        } else {
+            f.Texte(NoteDeBasDePage(EchapperRTF(notes)));
+        }
+    }
+    if (a.Source.empty()) return;
+    const std::string_view source = a.Source.vue();
+    const bool lien = LienExterne(source, 'S') > 0;
+    if (lien || !ctx.exports.OptionBasPage[1]) {
+        std::string t = !lien   ? LiensWebRtf(source)
+                        : livre ? RenvoiLivre(ctx.base, source, 'S')
+                                : LignesDeNote(EchapperRTF(TexteLie(ctx.base, source, 'S')), avant);
+        if (!t.empty()) f.Texte(std::string(apres) + "source : " + t);
+    } else {
+        f.Texte(NoteDeBasDePage(LiensWebRtf(source)));
+    }
+}
+
 void EcrireTemoins(const ContexteExport& ctx, const Acte& a, std::string_view titre, TexteRapport& f,
                    std::string_view avant) {
     const LiensActe& l = a.Liens();
     if (l.Temoins(1) <= 0) return;
-    f.Texte(std::string(avant) + std::string(titre));
+    f.Texte(std::string(avant) + Fiche(f, titre));
     for (const auto& [i, t] : l.Temoins) {
         if (i < 1 || t <= 0) continue;
         const Perso& p = PersoLu(ctx.base, t);
         if (p.Nom.empty() && p.Prenoms.empty()) continue;
         // La ligne de la liste, mais ses dates passent le filtre : un témoin vivant garde les
         // siennes pour lui, comme la personne du bloc.
-        std::string s = std::string(avant) + p.Nom + " " + p.Prenoms;
+        std::string s = std::string(avant) + Fiche(f, p.Nom + " " + p.Prenoms);
         const auto date = [&](std::string_view symbole, const Acte& a, int indice) {
             const std::string d =
                 DateConfidentielle(a.Date.vue(), indice, false, ctx.exports, ctx.aujourdhui.annee);
-            if (!d.empty()) s.append(" ").append(symbole).append(d);
+            if (!d.empty()) s.append(" ").append(Fiche(f, std::string(symbole) + d));
         };
         date(ctx.options.SymbNais, p.Naissance, 0);
         date(ctx.options.SymbDece, p.Deces, 1);
         if (const Texte& sosa = p.Suite().NumSosa[0]; SosaPositif(sosa.vue()))
             s.append(" S").append(sosa.vue());
-        if (!p.Metier.empty()) s += ", " + p.Metier;
-        if (const Texte& role = l.RolesTemoins(i); !role.empty()) s += ", " + role;
+        if (!p.Metier.empty()) s += ", " + Fiche(f, p.Metier.vue());
+        if (const Texte& role = l.RolesTemoins(i); !role.empty()) s += ", " + Fiche(f, role.vue());
         f.Texte(s);
     }
 }
@@ -166,25 +241,28 @@ void EcrireActes(const ContexteExport& ctx, const Acte& acteA, std::string_view 
     const ActeImprime impB = Preparer(ctx.options, acteB);
     const int k = symboleA == ctx.options.SymbDece || symboleB == ctx.options.SymbSepu ? 1 : 0;
     const int annee = ctx.aujourdhui.annee;
-    const std::string da = DateConfidentielle(acteA.Date.vue(), k, confidentiel, ctx.exports, annee);
-    const std::string db = DateConfidentielle(acteB.Date.vue(), k, confidentiel, ctx.exports, annee);
+    const std::string da =
+        Fiche(f, DateConfidentielle(acteA.Date.vue(), k, confidentiel, ctx.exports, annee));
+    const std::string db =
+        Fiche(f, DateConfidentielle(acteB.Date.vue(), k, confidentiel, ctx.exports, annee));
 
     if (ActesJoints(acteA, acteB)) {
-        std::string s = std::string(symboleA) + "-" + std::string(symboleB);
+        std::string s = Fiche(f, std::string(symboleA) + "-" + std::string(symboleB));
         std::string rep = impA.republicaine;
         if (!impB.republicaine.empty()) rep += (rep.empty() ? "" : "-") + impB.republicaine;
-        if (!rep.empty()) AjouterMorceau(s, "(" + rep + ")");
+        if (!rep.empty()) AjouterMorceau(s, "(" + Fiche(f, rep) + ")");
         AjouterMorceau(s, DatesJointes(da, db));
-        AjouterMorceau(s, acteA.Lieu.size() >= acteB.Lieu.size() ? acteA.Lieu.vue() : acteB.Lieu.vue());
+        AjouterMorceau(
+            s, Fiche(f, acteA.Lieu.size() >= acteB.Lieu.size() ? acteA.Lieu.vue() : acteB.Lieu.vue()));
         f.Texte(std::string(apres) + s);
     } else {
         const auto un = [&](const Acte& a, const ActeImprime& imp, const std::string& d,
                             std::string_view symbole, std::string_view tete) {
             if (a.Date.empty() && a.Lieu.empty()) return;
-            std::string s(symbole);
+            std::string s = Fiche(f, symbole);
             if (!d.empty())
-                AjouterMorceau(s, imp.republicaine.empty() ? d : imp.republicaine + " (" + d + ")");
-            AjouterMorceau(s, a.Lieu.vue());
+                AjouterMorceau(s, imp.republicaine.empty() ? d : Fiche(f, imp.republicaine) + " (" + d + ")");
+            AjouterMorceau(s, Fiche(f, a.Lieu.vue()));
             f.Texte(std::string(tete) + s);
         };
         un(acteA, impA, da, symboleA, avant);
@@ -206,7 +284,7 @@ void BlocParents(const ContexteExport& ctx, const Perso& p, TexteRapport& f, con
     std::string s = forme.sep + (p.Sexe == 'M' ? "fils" : p.Sexe == 'F' ? "fille" : "enfant") + " de";
     const auto parent = [&](std::int32_t n) {
         const Perso& q = PersoLu(ctx.base, n);
-        return " " + MarqueDecede(ctx, n, forme.dateMariage) + q.Nom + " " + q.Prenoms;
+        return " " + MarqueDecede(ctx, n, forme.dateMariage) + Fiche(f, q.Nom + " " + q.Prenoms);
     };
     if (fam.Mari > 0) s += parent(fam.Mari);
     if (fam.Mari > 0 && fam.Femme > 0) s += " et";
@@ -227,7 +305,33 @@ void BlocActes(const ContexteExport& ctx, std::int32_t numero, const Perso& p, T
 
 void BlocNote(const ContexteExport& ctx, const Perso& p, TexteRapport& f, const FormePersonne& forme) {
     if (!forme.avecNotes || p.Notes.empty()) return;
+    if (f.Fichier() == kFichierRtf) {
+        const bool renvoi = ctx.TypeExport == kLivre && LienExterne(p.Notes.vue(), 'N') > 0;
+        const std::string t = renvoi ? RenvoiLivre(ctx.base, p.Notes.vue(), 'N')
+                                     : EchapperRTF(TexteLie(ctx.base, p.Notes.vue(), 'N'));
+        return f.Texte(forme.sep + LignesDeNote(t, forme.sep));
+    }
     f.Texte(forme.sep + LignesDeNote(TexteLie(ctx.base, p.Notes.vue(), 'N'), forme.sep));
+}
+
+// L'adresse de la personne, dernière de ses données, dans un document RTF.
+void AdresseRtf(const Perso& p, TexteRapport& f, const FormePersonne& forme) {
+    const PersoSuite& a = p.Suite();
+    if (!forme.avecNotes ||
+        (a.URL.empty() && a.EMail.empty() && a.Telephone.empty() && a.Ville.empty() && a.Adresse1.empty()))
+        return;
+    std::string s;
+    const auto ligne = [&](const std::string& t) {
+        if (!SansBlancs(t).empty()) s += forme.sep + EchapperRTF(t);
+    };
+    ligne(a.Adresse1.str());
+    ligne(a.Adresse2.str());
+    ligne((a.Etat.empty() ? std::string() : a.Etat + " ") + a.CP + " " + a.Ville);
+    ligne(a.Pays.str());
+    ligne(a.EMail.str());
+    ligne(a.URL.str());
+    if (!a.Telephone.empty()) ligne("T\xE9l : " + a.Telephone);
+    f.Texte(s);
 }
 
 }  // namespace
@@ -237,8 +341,9 @@ void EcrirePersonne(const ContexteExport& ctx, std::int32_t numero, TexteRapport
     if (ctx.progression && ctx.progression->Annule()) throw ExportAnnule{};
     if (numero == 0) return;
     const Perso& p = PersoLu(ctx.base, numero);
-    std::string tete = forme.avant + (forme.avecNom ? p.Nom + " " : std::string()) + p.Prenoms + forme.apres;
-    if (!p.Metier.empty()) tete += ", " + p.Metier;
+    std::string tete =
+        forme.avant + Fiche(f, (forme.avecNom ? p.Nom + " " : std::string()) + p.Prenoms) + forme.apres;
+    if (!p.Metier.empty()) tete += ", " + Fiche(f, p.Metier.vue());
     f.Texte(tete);
     const auto parents = [&] { BlocParents(ctx, p, f, forme); };
     const auto actes = [&] { BlocActes(ctx, numero, p, f, forme); };
@@ -253,16 +358,15 @@ void EcrirePersonne(const ContexteExport& ctx, std::int32_t numero, TexteRapport
         default:
             note(), parents(), actes();
     }
+    if (f.Fichier() == kFichierRtf) AdresseRtf(p, f, forme);
 }
 
 std::string PhraseDate(const ContexteExport& ctx, const Acte& acte, bool avecLe, bool avecA) {
-    std::string mot;
-    if (avecLe && EstDate(acte.Date.vue()))
-        mot = " le";
-    else if (acte.Date.size() == 4)
-        mot = " en";
-    std::string r =
-        mot + " " + DateConfidentielle(acte.Date.vue(), 0, false, ctx.exports, ctx.aujourdhui.annee);
+    const std::string date = DateConfidentielle(acte.Date.vue(), 0, false, ctx.exports, ctx.aujourdhui.annee);
+    // Une date que le filtre cache ne laisse pas son mot derrière elle.
+    std::string r;
+    if (!date.empty())
+        r = (avecLe && EstDate(acte.Date.vue()) ? " le " : acte.Date.size() == 4 ? " en " : " ") + date;
     if (!acte.Lieu.empty()) r += (avecA ? " \xE0 " : " ") + acte.Lieu;
     return r;
 }

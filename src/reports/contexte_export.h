@@ -2,6 +2,7 @@
 // l'annulation.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -26,6 +27,13 @@ enum TypeExport : int {
     kIsoles = 10,
 };
 
+// Ce que la numérotation du livre et des pages web lit des menus et de la recherche d'actes.
+struct ReglagesLivre {
+    std::array<int, 2> ListeTri{0, 2};  // l'ordre des entrées, comme les clés des actes
+    int selCochee = 0;                  // l'entrée cochée du menu Sélection (0 à 4, -1 aucune)
+    bool avecIsoles = true;             // MenuExport(10) permis : une personne isolée a son entrée
+};
+
 struct ContexteExport {
     Base& base;
     const Options& options;
@@ -38,6 +46,9 @@ struct ContexteExport {
     std::int32_t NumPerso = 0;                 // la personne de la fiche
     std::string FichierGedcom{};               // tel que le dialogue Gedcom le montre (1252)
     std::string LibelleSel = "Toute la base";  // ce que la sélection active est (1252)
+    // L'heure de création d'un document RTF ; minuit quand le jour est fixé.
+    int heure = 0, minute = 0;
+    ReglagesLivre livre{};
 };
 
 // Lancée quand l'utilisateur annule : le rapport s'arrête au tour de boucle suivant et

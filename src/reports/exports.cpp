@@ -1,13 +1,18 @@
 #include "reports/exports.h"
 
+#include <cctype>
+
 #include "card/lignes_personne.h"
 #include "gedcom/enregistrement.h"
+#include "platform/cp1252.h"
 #include "platform/ini.h"
 #include "reports/adresses.h"
 #include "reports/ascendance.h"
+#include "reports/descendance.h"
 #include "reports/isoles.h"
 #include "reports/ligne_de_vie.h"
 #include "reports/liste_eclair.h"
+#include "reports/livre.h"
 #include "store/chaines.h"
 
 namespace arbolix {
@@ -65,14 +70,16 @@ std::optional<std::string> Produire(const ContexteExport& ctx, Dialogue& dialogu
                                     const ListePersonne* liste) {
     const std::string titre = TitreFenetreExport(ctx.TypeExport);
     const int type = ctx.TypeExport;
-    if ((type == kLigneDeVie || type == kAscendance) && !PersonneExiste(ctx.base, ctx.NumPerso)) {
+    if ((type == kLigneDeVie || type == kAscendance || type == kDescendance) &&
+        !PersonneExiste(ctx.base, ctx.NumPerso)) {
         dialogue.Message(titre,
                          "Aucune personne n'est affich\xE9"
                          "e : ouvrez d'abord la fiche de la personne du rapport.",
                          Icone::Attention);
         return std::nullopt;
     }
-    if ((type == kAdresses || type == kEclair || type == kIsoles) && SelectionVide(ctx.base)) {
+    if ((type == kAdresses || type == kEclair || type == kIsoles || type == kLivre) &&
+        SelectionVide(ctx.base)) {
         dialogue.Message(titre, "La s\xE9lection active est vide : il n'y a personne \xE0 exporter.",
                          Icone::Attention);
         return std::nullopt;
@@ -98,6 +105,11 @@ std::optional<std::string> Produire(const ContexteExport& ctx, Dialogue& dialogu
                 return std::nullopt;
             }
             return TexteAscendance(ctx);
+        case kDescendance:
+            return FinitParSansCasse(ctx.exports.FichierExport, ".TXT") ? TexteDescendance(ctx)
+                                                                        : RtfDescendance(ctx);
+        case kLivre:
+            return RtfLivre(ctx, ctx.livre);
         case kAdresses:
             return TexteAdresses(ctx);
         case kEclair: {
@@ -146,8 +158,8 @@ VisibiliteExports Visibilite(int type) {
 }
 
 bool RapportDisponible(int type) {
-    return type == kLigneDeVie || type == kAscendance || type == kAdresses || type == kEclair ||
-           type == kIsoles;
+    return type == kLigneDeVie || type == kAscendance || type == kDescendance || type == kAdresses ||
+           type == kEclair || type == kLivre || type == kIsoles;
 }
 
 std::string DossierExport(const Options& options, const std::string& fichierGedcom) {
@@ -185,6 +197,18 @@ void PreparerExport(OptionsExport& e, int type, const Base& base, std::int32_t p
         case kIsoles:
             e.TitreExport = TitreFenetreExport(type);
             break;
+        case kLivre: {
+            // Le livre porte le nom du fichier GEDCOM, sans son dossier ni son extension.
+            std::string livre = fs::path(fichierGedcom).filename().string();
+            if (livre.size() > 4) livre.resize(livre.size() - 4);
+            e.FichierExport = DossierExport(options, fichierGedcom) + livre + ".rtf";
+            std::string titre = Utf8VersCp1252(livre);
+            for (std::size_t i = 0; i < titre.size(); ++i)
+                if (i == 0 || titre[i - 1] == ' ')
+                    titre[i] = static_cast<char>(std::toupper(static_cast<unsigned char>(titre[i])));
+            e.TitreExport = "Livre des familles de " + titre;
+            break;
+        }
         default:
             break;
     }

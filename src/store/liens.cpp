@@ -264,7 +264,10 @@ void AccorderRetour(Base& base, char genre, std::int32_t numero, bool famille, s
     if (etaitPleine && r.PremierLibre() <= kMaxLiens) Completer(base, genre, numero);
 }
 
-void ReconstruireLiens(Base& base) {
+void ReconstruireLiens(Base& base, Progression* progression) {
+    const auto pompe = [progression](std::int32_t n) {
+        if (progression && n % 10000 == 0) progression->LaisserPasser();
+    };
     const auto vider = [](NoteExt& e) {
         e.LiensPersos.clear();
         e.LiensFamis.clear();
@@ -275,9 +278,11 @@ void ReconstruireLiens(Base& base) {
                                 [&](std::int32_t m) { base.Medias[m].LiensPersos.clear(); });
     // Seules les pages écrites : un numéro isolé très haut ne fait pas parcourir des millions de fiches.
     base.Persos.PourChaqueEcrit(1, std::min(base.NbPersos, base.Persos.Haut()), [&](std::int32_t p) {
+        pompe(p);
         if (PersonneExiste(base, p)) ReconstruirePersonne(base, p);
     });
     base.Familles.PourChaqueEcrit(1, std::min(base.NbFamis, base.Familles.Haut()), [&](std::int32_t f) {
+        pompe(f);
         const Fami& fa = std::as_const(base.Familles)[f];
         for (auto acte : kActesDeFami) {
             LierChamp(base, (fa.*acte).Notes, 'N', true, f);

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/dialogue.h"
+#include "platform/progression.h"
 #include "store/base.h"
 
 namespace arbolix {
@@ -80,7 +81,8 @@ std::int32_t Haut(const Base& base, char genre);
 // Retours de liens refaits en parcourant les champs de toutes les personnes et
 // familles : ceux des notes et sources, et les personnes des objets médias.
 // Chaque lien prend la première place libre ; au-delà de neuf, le lien reste sans retour.
-void ReconstruireLiens(Base& base);
+// La progression, quand il y en a une, laisse passer les évènements de temps en temps.
+void ReconstruireLiens(Base& base, Progression* progression = nullptr);
 
 // Pour l'objet média m, la personne p (ou la famille) prend ou rend sa place selon
 // qu'elle le cite encore. Interne aux liens médias, exposé pour eux.

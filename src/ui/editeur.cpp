@@ -1,6 +1,8 @@
 #include "ui/editeur.h"
 
 #include <QHBoxLayout>
+#include <QTextCursor>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "platform/qt_texte.h"
@@ -13,9 +15,12 @@ namespace {
 
 // Les textes de la base séparent les lignes par CR LF, le contrôle par LF.
 QString VersControle(std::string_view texte) {
-    QString t = VersQString(texte);
-    t.replace("\r\n", "\n");
-    return t;
+    // CR LF devient LF avant la conversion, en une passe : un journal fait des dizaines de Mo.
+    std::string lf;
+    lf.reserve(texte.size());
+    for (std::size_t i = 0; i < texte.size(); ++i)
+        if (texte[i] != '\r' || i + 1 >= texte.size() || texte[i + 1] != '\n') lf += texte[i];
+    return VersQString(lf);
 }
 
 std::string DepuisControle(const QString& texte) {
@@ -47,7 +52,9 @@ Editeur::Editeur(QWidget* parent)
       enreg_(NouveauBouton("BoutonEnreg", "Enregistrer", this)),
       liens_(NouveauBouton("BoutonLiens", "Liens vers", this)) {
     setObjectName("Editeur");
-    setWindowTitle(VersQString("\xC9" "diteur de notes"));
+    setWindowTitle(
+        VersQString("\xC9"
+                    "diteur de notes"));
     titre_->setObjectName("Titre");
     texte_->setObjectName("Texte");
     numNote_->setObjectName("NumNote");
@@ -82,27 +89,65 @@ Editeur::Editeur(QWidget* parent)
 }
 
 void Editeur::Preparer(Mode mode, Base* base, Dialogue* dialogue) {
+    reste_.clear();
+    suite_ = 0;
     mode_ = mode;
     base_ = base;
     dialogue_ = dialogue;
     const bool externe = mode == Mode::Externe;
     texte_->setReadOnly(mode == Mode::Journal);
-    for (QWidget* w : {static_cast<QWidget*>(titre_), static_cast<QWidget*>(labelTitre_),
-                       static_cast<QWidget*>(numNote_), static_cast<QWidget*>(labelNS_),
-                       static_cast<QWidget*>(liens_)})
+    for (QWidget* w :
+         {static_cast<QWidget*>(titre_), static_cast<QWidget*>(labelTitre_), static_cast<QWidget*>(numNote_),
+          static_cast<QWidget*>(labelNS_), static_cast<QWidget*>(liens_)})
         w->setVisible(externe);
     ouvrir_->setVisible(mode != Mode::Journal);
     enreg_->setVisible(mode != Mode::Journal);
     annuler_->setVisible(mode != Mode::Journal);
 }
 
+namespace {
+
+// Un morceau d'environ 256 000 caractères, coupé après une fin de ligne.
+qsizetype FinDeMorceau(const QString& texte, qsizetype debut) {
+    constexpr qsizetype kMorceau = 256 * 1024;
+    if (texte.size() - debut <= kMorceau) return texte.size();
+    const qsizetype ligne = texte.indexOf('\n', debut + kMorceau);
+    return ligne < 0 ? texte.size() : ligne + 1;
+}
+
+}  // namespace
+
+// Le journal d'un million de personnes tient des centaines de milliers de lignes, que le
+// contrôle met des secondes à mettre en page : le premier morceau se montre tout de suite, la
+// suite arrive pendant que la fiche répond déjà.
 void Editeur::Montrer(const QString& titre, std::string_view texte) {
     Preparer(Mode::Journal, nullptr, nullptr);
     setWindowTitle(titre);
     titre_->clear();
-    texte_->setPlainText(VersControle(texte));
+    reste_ = VersControle(texte);
+    suite_ = FinDeMorceau(reste_, 0);
+    texte_->setPlainText(reste_.left(suite_));
+    if (suite_ < reste_.size()) QTimer::singleShot(0, this, &Editeur::RemplirSuite);
     show();
     raise();
+}
+
+void Editeur::RemplirSuite() {
+    if (suite_ >= reste_.size()) return;  // fini, ou remplacé par un autre texte
+    const qsizetype fin = FinDeMorceau(reste_, suite_);
+    QTextCursor c(texte_->document());
+    c.movePosition(QTextCursor::End);
+    c.insertText(reste_.mid(suite_, fin - suite_));
+    suite_ = fin;
+    if (suite_ < reste_.size())
+        QTimer::singleShot(0, this, &Editeur::RemplirSuite);
+    else
+        reste_.clear();
+}
+
+// Avant de lire ou d'enregistrer le texte : tout ce qui reste, d'un coup.
+void Editeur::Completer() {
+    while (suite_ < reste_.size()) RemplirSuite();
 }
 
 void Editeur::MontrerTexteLibre(const QString& titre, std::string_view texte, Dialogue& dialogue) {
@@ -163,7 +208,8 @@ void Editeur::NumNoteChange() {
 
 void Editeur::BoutonOK() {
     if (mode_ == Mode::Externe)
-        ModifierNote(*base_, genre_, numero_, DepuisQString(titre_->text()), DepuisControle(texte_->toPlainText()));
+        ModifierNote(*base_, genre_, numero_, DepuisQString(titre_->text()),
+                     DepuisControle(texte_->toPlainText()));
     else if (mode_ == Mode::Champ)
         ChangerChamp(*base_, champ_, DepuisControle(texte_->toPlainText()), dialogue_);
     if (mode_ != Mode::Journal) base_->FichierModifie = kVrai;
@@ -171,20 +217,23 @@ void Editeur::BoutonOK() {
 }
 
 void Editeur::BoutonOuvrir() {
-    const auto chemin = dialogue_->ChoisirFichierOuvrir("Lire un fichier texte...", "Fichiers texte (*.txt)", "");
+    const auto chemin =
+        dialogue_->ChoisirFichierOuvrir("Lire un fichier texte...", "Fichiers texte (*.txt)", "");
     if (!chemin) return;
     if (const auto contenu = LireFichierTexte(*chemin)) texte_->setPlainText(VersControle(*contenu));
 }
 
 void Editeur::BoutonEnreg() {
     const std::string defaut = "note_" + std::to_string(numero_) + ".txt";
-    const auto chemin =
-        dialogue_->ChoisirFichierEnregistrer("Enregistrer un fichier texte...", "Fichiers texte (*.txt)", defaut);
-    if (chemin) EcrireFichierTexte(*chemin, DepuisControle(texte_->toPlainText()));
+    const auto chemin = dialogue_->ChoisirFichierEnregistrer("Enregistrer un fichier texte...",
+                                                             "Fichiers texte (*.txt)", defaut);
+    if (!chemin) return;
+    Completer();
+    EcrireFichierTexte(*chemin, DepuisControle(texte_->toPlainText()));
 }
 
-std::optional<std::string> ChoisirLienExterne(Base& base, char genre, const Choisir& choisir, Editeur& editeur,
-                                              Dialogue& dialogue) {
+std::optional<std::string> ChoisirLienExterne(Base& base, char genre, const Choisir& choisir,
+                                              Editeur& editeur, Dialogue& dialogue) {
     const std::vector<std::string> lignes = LignesChoixNotes(base, genre);
     const bool source = genre == 'S';
     const ListeCandidats liste{source ? "sources" : "notes",

@@ -1,4 +1,5 @@
-// L'éditeur de notes : une note ou source externe, la note du fichier, le texte d'un champ, le journal de lecture.
+// L'éditeur de notes : une note ou source externe, la note du fichier, le texte d'un champ, le journal de
+// lecture.
 #pragma once
 
 #include <QDialog>
@@ -6,7 +7,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -30,7 +30,10 @@ public:
     // Un texte libre (note 0, type 1) qu'on lit, retouche et peut enregistrer dans un fichier
     // texte : le rapport de vérification. Rien ne va dans la base.
     void MontrerTexteLibre(const QString& titre, std::string_view texte, Dialogue& dialogue);
-    QString Texte() const { return texte_->toPlainText(); }
+    QString Texte() {
+        Completer();
+        return texte_->toPlainText();
+    }
 
     // OuvrirNote : type 1 une note, 2 une source ; numéro -1 la note du fichier, sans
     // BoutonLiens ni BoutonOuvrir. Un autre type est refusé par un message. La base et
@@ -48,6 +51,9 @@ private:
     void BoutonOuvrir();
     void BoutonEnreg();
     void NumNoteChange();
+    // Un long journal se montre par morceaux, la boucle d'évènements tournant entre deux.
+    void RemplirSuite();
+    void Completer();
 
     QLineEdit* titre_;
     QPlainTextEdit* texte_;
@@ -66,13 +72,15 @@ private:
     char genre_ = 'N';
     std::int32_t numero_ = 0;
     ChampLien champ_;
+    QString reste_;  // ce que RemplirSuite doit encore ajouter, à partir de suite_
+    qsizetype suite_ = 0;
 };
 
 // Un blanc dans un champ de note ('N') ou de source ('S') vide : la liste des notes
 // ou sources externes, dont la première rangée en crée une nouvelle dans l'éditeur.
 // Rend le lien "@N12@" à écrire dans le champ ; rien si l'on renonce, ou si la
 // nouvelle fiche est laissée vide (elle disparaît alors).
-std::optional<std::string> ChoisirLienExterne(Base& base, char genre, const Choisir& choisir, Editeur& editeur,
-                                              Dialogue& dialogue);
+std::optional<std::string> ChoisirLienExterne(Base& base, char genre, const Choisir& choisir,
+                                              Editeur& editeur, Dialogue& dialogue);
 
 }  // namespace arbolix

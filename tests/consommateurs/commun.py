@@ -48,10 +48,13 @@ def bureautique_en_pdf(fichiers, dossier):
     return pdfs
 
 
-def pdf_en_texte(pdf):
-    """Le texte d'un PDF tel que pdftotext le lit (UTF-8)."""
+def pdf_en_texte(pdf, mise_en_page=False):
+    """Le texte d'un PDF tel que pdftotext le lit (UTF-8) ; avec mise_en_page, dans l'ordre des lignes
+    de la page (colonnes côte à côte, notes de bas de page en dernier). Les pages sont séparées par \\f."""
     exiger("pdftotext")
-    return subprocess.run(["pdftotext", "-enc", "UTF-8", pdf, "-"], check=True, capture_output=True).stdout.decode()
+    options = ["-layout"] if mise_en_page else []
+    return subprocess.run(["pdftotext", *options, "-enc", "UTF-8", pdf, "-"], check=True,
+                          capture_output=True).stdout.decode()
 
 
 def pdf_infos(pdf):

@@ -100,6 +100,23 @@ private slots:
         QVERIFY(Controle<QPlainTextEdit>(e, "Texte")->isReadOnly());
         QCOMPARE(e.Texte(), QString("Alerte ligne 3 : x\nfin"));
     }
+
+    // Un journal de plusieurs morceaux : le début tout de suite, puis la suite par la boucle
+    // d'évènements ; un autre texte montré entre-temps n'en reçoit rien.
+    void LongJournalParMorceaux() {
+        std::string journal;
+        for (int i = 0; i < 40000; ++i) journal += "Info ligne " + std::to_string(i) + " : \xE9t\xE9\r\n";
+        Editeur e(nullptr);
+        e.Montrer("Journal", journal);
+        auto* controle = Controle<QPlainTextEdit>(e, "Texte");
+        QVERIFY(controle->document()->blockCount() < 40000);
+        QTRY_VERIFY(controle->document()->blockCount() == 40001);
+        QCOMPARE(DepuisQString(controle->toPlainText()).size() + 40000, journal.size());
+        e.Montrer("Journal", journal);
+        e.Montrer("Journal", "court");
+        QCoreApplication::processEvents();
+        QCOMPARE(e.Texte(), QString("court"));
+    }
 };
 
 QTEST_MAIN(EssaiEditeur)

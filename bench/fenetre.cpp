@@ -1,0 +1,111 @@
+// L'ouverture d'un fichier de forme réelle dans la fenêtre (Qt hors écran) : du clic sur OK à la
+// fiche affichée, la plus longue pause de la pompe d'évènements (ce que l'utilisateur voit figé),
+// puis la liste des personnes.
+//
+// bench_fenetre [FICHIER.ged...]   (par défaut celui d'un million de personnes de gen_gedcom.py, graine 1)
+#include <QApplication>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QTimer>
+#include <algorithm>
+#include <cstdio>
+#include <string>
+
+#include "aides/dialogue_factice.h"
+#include "charger.h"
+#include "mesures.h"
+#include "platform/progression.h"
+#include "ui/fiche.h"
+#include "ui/gedcom.h"
+
+using namespace arbolix;
+
+namespace {
+
+// La progression du dialogue Gedcom, chronométrée : chaque passage par la pompe note le temps de
+// calcul depuis le précédent (sur une machine partagée le temps écoulé compte aussi les autres).
+class ProgressionChronometree : public Progression {
+public:
+    explicit ProgressionChronometree(Progression& dialogue) : dialogue_(dialogue) {}
+    void Compteur(std::string_view t) override {
+        dernier_ = t;
+        dialogue_.Compteur(t);
+    }
+    void Avancement(std::string_view t) override {
+        dernier_ = t;
+        dialogue_.Avancement(t);
+    }
+    void LaisserPasser() override {
+        Noter();
+        dialogue_.LaisserPasser();
+    }
+    // Une pause qu'on voit (plus d'un tiers de seconde) est dite avec le dernier texte montré.
+    void Noter() {
+        const double pause = processeur_();
+        if (pause > 0.3) {
+            std::replace(dernier_.begin(), dernier_.end(), '\r', ' ');
+            std::replace(dernier_.begin(), dernier_.end(), '\n', ' ');
+            std::printf("  pause de %.2f s apr\xC3\xA8s \u00AB %s \u00BB\n", pause, dernier_.c_str());
+        }
+        pauseMax_ = std::max(pauseMax_, pause);
+        ++passages_;
+    }
+    double PauseMax() const { return pauseMax_; }
+    int Passages() const { return passages_; }
+
+private:
+    Progression& dialogue_;
+    bench::Processeur processeur_;
+    std::string dernier_;
+    double pauseMax_ = 0;
+    int passages_ = 0;
+};
+
+void Mesurer(const std::string& chemin) {
+    Fiche fiche;
+    DialogueFactice d;
+    fiche.RemplacerDialogue(&d);
+    fiche.FormGedcom().RemplacerDialogue(&d);
+    fiche.show();
+    QApplication::processEvents();
+    fiche.gedcom().Fichier = chemin;
+
+    bench::Processeur processeur;
+    QElapsedTimer ok;
+    ok.start();
+    ProgressionChronometree progression(fiche.FormGedcom());
+    const bool lu = fiche.ChargerFichier(progression);
+    progression.Noter();  // de la dernière pompe à la fiche affichée
+    QApplication::processEvents();
+    const double ouverture = static_cast<double>(ok.elapsed()) / 1000.0;
+    const double calculOuverture = processeur();
+
+    // Au-delà de 5 000 personnes la liste demande d'abord un nom : OK garde celui de la fiche.
+    QTimer::singleShot(0, [] {
+        if (auto* invite = qobject_cast<QDialog*>(QApplication::activeModalWidget())) invite->accept();
+    });
+    QElapsedTimer liste;
+    liste.start();
+    fiche.MenuListePersos();
+    QApplication::processEvents();
+    const double secondesListe = static_cast<double>(liste.elapsed()) / 1000.0;
+    const double calculListe = processeur();
+
+    std::printf(
+        "%s : %s ; fiche affich\xC3\xA9"
+        "e en %.2f s (%.2f s de calcul), pause la plus longue "
+        "%.2f s de calcul sur %d passages ; liste des personnes %.2f s (%.2f s de calcul) ; pointe %.0f Mo\n",
+        chemin.c_str(), lu ? "lu" : "ERREUR", ouverture, calculOuverture, progression.PauseMax(),
+        progression.Passages(), secondesListe, calculListe, bench::MemoirePointeMo());
+    std::fflush(stdout);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    if (argc < 2) Mesurer(bench::FichierDuBanc(argc, argv));
+    for (int i = 1; i < argc; ++i) Mesurer(argv[i]);
+    return 0;
+}
