@@ -79,8 +79,8 @@ int CommandeArbre(const Arguments& arguments, Sorties& s) {
     const std::string& sortie = args[2];
     d.genre = genre->genre;
     d.mode = ModeDuFichier(sortie);
-    if (d.mode != kModeSvg && d.mode != kModeImprimante) {
-        s.erreurs << "Format de sortie non pris en charge : " << sortie << " (.svg ou .pdf attendu).\n";
+    if (d.mode < 0) {
+        s.erreurs << "Format de sortie non pris en charge : " << sortie << " (.svg, .rtf ou .pdf attendu).\n";
         return 2;
     }
     d.aujourdhui = Aujourdhui(date);
@@ -110,6 +110,10 @@ int CommandeArbre(const Arguments& arguments, Sorties& s) {
         }
         d.numero = liste.Rangees[1].valeur;
         d.titre = "ARBRE DE PARENTE";
+    } else if (d.genre == kDescendant) {
+        const Perso& p = std::as_const(base.Persos)[d.numero];
+        d.titre = "Arbre descendant de " + std::string(p.Nom) + " " + std::string(p.Prenoms) + " - " +
+                  FormatDateCourte(d.aujourdhui);
     } else {
         d.titre = TitreArbreAscendant(base, d.numero, d.aujourdhui);
     }
@@ -120,7 +124,7 @@ int CommandeArbre(const Arguments& arguments, Sorties& s) {
                   << "\n";
         return 2;
     }
-    const EtatFichier e = EcrireArbre(dessin, d.mode, sortie, options, mesure);
+    const EtatFichier e = EcrireArbre(dessin, d.mode, sortie, base, options, mesure);
     if (!e.Ok) {
         s.erreurs << Cp1252VersUtf8(e.Message) << "\n";
         return 1;

@@ -18,7 +18,8 @@ const std::string kCousins = std::string(ARBOLIX_DONNEES) + "/parente/cousins.ge
 TEST(CommandeArbre, EcritOuRefuse) {
     const auto dossier = essais::DossierEssai("arbre");
     std::filesystem::create_directories(dossier);
-    const std::string sortie = (dossier / "a.svg").string(), pdf = (dossier / "a.pdf").string();
+    const std::string sortie = (dossier / "a.svg").string(), pdf = (dossier / "a.pdf").string(),
+                      rtf = (dossier / "a.rtf").string();
     struct Cas {
         std::vector<std::string> args;
         int code;
@@ -29,6 +30,7 @@ TEST(CommandeArbre, EcritOuRefuse) {
         {{"ascendant", kFamille, sortie, "--generations", "6", "--page", "594x420"}, 0, ""},
         {{"etiquettes", kFamille, sortie, "--case", "60x25"}, 0, ""},
         {{"ascendant-a4", kFamille, pdf}, 0, ""},
+        {{"descendant", kFamille, rtf, "--personne", "4"}, 0, ""},
         {{"parente", kCousins, sortie, "--personne", "2", "--autre", "3"}, 0, ""},
         {{"parente", kCousins, sortie, "--personne", "7", "--autre", "8"}, 1, "0 branches en commun"},
         {{"ascendant", kFamille, sortie, "--generations", "31"}, 2, "Cases trop petites : "},
@@ -41,6 +43,7 @@ TEST(CommandeArbre, EcritOuRefuse) {
     for (const auto& c : cas) {
         std::filesystem::remove(sortie);
         std::filesystem::remove(pdf);
+        std::filesystem::remove(rtf);
         std::vector<std::string> args{"arbre"};
         args.insert(args.end(), c.args.begin(), c.args.end());
         const auto r = essai::Lancer(args);

@@ -4,9 +4,11 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
 #include "card/lignes_personne.h"
+#include "reports/descendance.h"
 #include "store/chaines.h"
 
 namespace arbolix {
@@ -41,11 +43,13 @@ std::string LigneActeCase(std::string_view symbole, const Acte& a) {
 
 class Mise {
 public:
-    Mise(const Base& b, const Options& o, const DemandeArbre& d, const MesureTexte& m)
+    Mise(Base& b, const Options& o, const DemandeArbre& d, const MesureTexte& m)
         : b_(b), o_(o), dem_(d), m_(m) {}
 
     DessinArbre Faire() {
         r_.Genre = dem_.genre;
+        r_.Titre = dem_.titre;
+        r_.Aujourdhui = dem_.aujourdhui;
         OuvrirListe(r_.Carte, "arbre", "", "", true);
         if (dem_.mode == kModeImprimante && !dem_.imprimanteExiste) {
             Boite(kTitreImpressionImpossible, kAucuneImprimante);
@@ -71,6 +75,9 @@ public:
                 break;
             case kArbreParente:
                 Parente();
+                break;
+            case kDescendant:
+                Descendant();
                 break;
             default:
                 Boite(kTitreErreurDimension, kErreurDimension);
@@ -266,11 +273,13 @@ private:
 
     // Le pied sous la case de la racine, la légende au-dessus : dans ces coins, les deux premières
     // colonnes n'ont ni case ni trait.
-    void Pied(double taille) {
+    // Sans yDebut, le pied finit au bas de la dernière page.
+    void Pied(double taille, double yDebut = -1) {
         const double lh = m_.HauteurLigne(taille);
+        const double largeur = r_.Genre == kDescendant ? r_.LF - 2 * r_.MF : 2.5 * r_.LC;
         std::vector<std::string> pied;
         const auto ajouter = [&](std::vector<std::string>& v, const std::string& t) {
-            for (auto& l : CouperLigne(t, 2.5 * r_.LC, taille, m_)) v.push_back(std::move(l));
+            for (auto& l : CouperLigne(t, largeur, taille, m_)) v.push_back(std::move(l));
         };
         ajouter(pied, "Le " + FormatDateCourte(dem_.aujourdhui) + " " + dem_.titre);
         const Perso& g = PersoLu(b_, -1);
@@ -287,6 +296,11 @@ private:
         if (!qui.empty()) ajouter(pied, qui);
         ajouter(pied, "imprim\xE9 avec Arbolix " ARBOLIX_VERSION ".");
         double y = r_.HF - r_.MF - lh * static_cast<double>(pied.size() - 1) - lh * 0.2;
+        if (yDebut >= 0 && yDebut + lh * static_cast<double>(pied.size()) > r_.HF - r_.MF) {
+            ++r_.Pages;
+            yDebut = r_.MF;
+        }
+        if (yDebut >= 0) y = yDebut + lh * 0.8;
         for (auto& l : pied) {
             r_.Textes.push_back({r_.Pages, r_.MF, y, std::move(l), taille});
             y += lh;
@@ -304,6 +318,85 @@ private:
             r_.Textes.push_back({1, r_.MF, y, std::move(l), taille});
             y += lh;
         }
+    }
+
+    // --- Arbre descendant ---
+
+    // Une case par descendant dans l'ordre du parcours, une par conjoint sous lui dans la même
+    // colonne ; les enfants d'une union suivent, une colonne plus loin.
+    struct Noeud {
+        int generation;
+        std::int32_t personne;
+        std::int32_t famille;  // non nul : la case du conjoint de cette union
+    };
+    class Collecte : public VisiteurDescendance {
+    public:
+        explicit Collecte(std::vector<Noeud>& v) : v_(v) {}
+        void Personne(std::int32_t p, std::string_view, int g) override { v_.push_back({g, p, 0}); }
+        void Union(const RangeeDescendance& r) override {
+            if (r.conjoint != 0) v_.push_back({r.generation, r.conjoint, r.famille});
+        }
+
+    private:
+        std::vector<Noeud>& v_;
+    };
+
+    void Descendant() {
+        const std::int32_t racine = dem_.numero;
+        r_.Taille = TaillePolice(m_, r_.HC, r_.MC);
+        if (r_.HC - 1.5 * r_.MC <= 0 || r_.LC > r_.LF - 2 * r_.MF || r_.HC > r_.HF - 2 * r_.MF) {
+            Boite(kTitreErreurDimension, kErreurDimension);
+            return;
+        }
+        if (!EstPersonne(b_, racine)) return;
+        std::vector<Noeud> noeuds;
+        Collecte collecte(noeuds);
+        ReglagesDescendance reglages;
+        reglages.ajouter = false;
+        reglages.visiteur = &collecte;
+        ParcourirDescendance(b_, o_, racine, reglages);
+        const int limite = r_.NbGen > 0 ? r_.NbGen : 1 << 30;
+        std::erase_if(noeuds, [&](const Noeud& n) {
+            return n.generation - dem_.decalage < 0 || n.generation >= limite;
+        });
+        int gMax = 0;
+        for (const auto& n : noeuds) gMax = std::max(gMax, n.generation - dem_.decalage);
+        // Le retrait d'une génération : assez pour le trait, jamais au-delà de la page.
+        const double pas =
+            gMax == 0 ? r_.LC : std::max(2.0, std::min(r_.LC * 0.6, (r_.LF - 2 * r_.MF - r_.LC) / gMax));
+        const double ecart = r_.HC / 4;
+        const auto parPage = static_cast<std::size_t>((r_.HF - 2 * r_.MF + ecart) / (r_.HC + ecart));
+        std::vector<std::size_t> ancre;  // par génération, la dernière case d'où partent les enfants
+        for (std::size_t i = 0; i < noeuds.size(); ++i) {
+            const Noeud& n = noeuds[i];
+            const int g = n.generation - dem_.decalage;
+            const int page = static_cast<int>(i / parPage) + 1;
+            const double x = r_.MF + g * pas;
+            const double y = r_.MF + static_cast<double>(i % parPage) * (r_.HC + ecart);
+            if (x + r_.LC > r_.LF - r_.MF + 1e-9) continue;
+            r_.Pages = page;
+            AjouterCase(n.personne, page, x, y, TexteCase(n.personne, "", n.famille), r_.Taille);
+            if (ancre.size() <= static_cast<std::size_t>(g)) ancre.resize(g + 1, SIZE_MAX);
+            if (n.famille != 0) {
+                // Le conjoint sous le descendant, joint par un trait.
+                const CaseArbre& dessus = r_.Cases[r_.Cases.size() - 2];
+                if (dessus.page == page) Trait(page, x + r_.LC / 2, dessus.y + r_.HC, x + r_.LC / 2, y);
+            } else if (g > 0 && ancre[g - 1] != SIZE_MAX) {
+                const CaseArbre& parent = r_.Cases[ancre[g - 1]];
+                const double xv = parent.x + pas / 2;
+                const double ym = y + r_.HC / 2;
+                if (parent.page == page)
+                    Trait(page, xv, parent.y + r_.HC, xv, ym);
+                else
+                    Trait(page, xv, r_.MF, xv, ym);
+                Trait(page, xv, ym, x, ym);
+            }
+            ancre[g] = r_.Cases.size() - 1;
+            ancre.resize(g + 1);
+        }
+        const std::size_t dernier = noeuds.empty() ? 0 : (r_.Cases.size() - 1);
+        const double bas = r_.Cases.empty() ? r_.MF : r_.Cases[dernier].y + r_.HC;
+        Pied(std::min(r_.Taille, 8.0), bas + ecart);
     }
 
     // --- Arbre de parenté ---
@@ -384,7 +477,7 @@ private:
         }
     }
 
-    const Base& b_;
+    Base& b_;
     const Options& o_;
     const DemandeArbre& dem_;
     const MesureTexte& m_;
@@ -410,7 +503,7 @@ std::string NomGenreArbre(int genre) {
     }
 }
 
-DessinArbre DessinerArbre(const Base& base, const Options& options, const DemandeArbre& demande,
+DessinArbre DessinerArbre(Base& base, const Options& options, const DemandeArbre& demande,
                           const MesureTexte& mesure) {
     return Mise(base, options, demande, mesure).Faire();
 }

@@ -92,6 +92,8 @@ struct DessinArbre {
     int NbGen = 0;
     int Pages = 1;
     double Taille = 0;  // LabelTaillePolice montre sa partie entière
+    std::string Titre;  // le titre de la demande, repris par l'en-tête RTF
+    DateCalendrier Aujourdhui{};
     std::vector<CaseArbre> Cases;
     std::vector<TraitArbre> Traits;
     std::vector<TexteArbre> Textes;
@@ -101,9 +103,10 @@ struct DessinArbre {
     bool Dessine() const { return TitreBoite.empty(); }
 };
 
-// DessinerArbre : contrôles, puis la mise en page du genre. La base n'est pas touchée : un arbre
-// tiré d'une autre racine numérote pour lui seul.
-DessinArbre DessinerArbre(const Base& base, const Options& options, const DemandeArbre& demande,
+// DessinerArbre : contrôles, puis la mise en page du genre. La numérotation principale n'est pas
+// touchée : l'ascendant numérote pour lui seul ; le descendant passe par le parcours des
+// descendants, qui écrit la numérotation 2 et Unions(0).
+DessinArbre DessinerArbre(Base& base, const Options& options, const DemandeArbre& demande,
                           const MesureTexte& mesure);
 
 // Une longueur tapée en millimètres ("20.5" ou "20,5") ; 0 pour un texte qui n'en est pas une.

@@ -10,6 +10,7 @@
 #include "gedcom/lecture_essai.h"
 #include "kinship/parente.h"
 #include "trees/sortie_arbre.h"
+#include "trees/sortie_rtf.h"
 
 namespace arbolix {
 namespace {
@@ -213,12 +214,38 @@ TEST_F(Arbre, SvgDeReference) {
     EXPECT_TRUE(essais::CommeReference(std::string(ARBOLIX_DONNEES) + "/arbres/ascendant-a4.svg", svg));
 }
 
+TEST_F(Arbre, DescendantParPagesEtRtf) {
+    d.genre = kDescendant;
+    d.numero = 4;
+    d.dims.NbGen = "";
+    l.options.SelTousDesc = true;        // les enfants d'une fille aussi
+    d.dims.HF = "80", d.dims.HC = "20";  // deux rangs par page
+    const DessinArbre a = Dessin();
+    ASSERT_TRUE(a.Dessine());
+    std::vector<std::int32_t> personnes;
+    for (const auto& c : a.Cases) personnes.push_back(c.personne);
+    // Le descendant, puis son conjoint sous lui, puis les enfants une colonne plus loin.
+    EXPECT_EQ(personnes, (std::vector<std::int32_t>{4, 5, 2, 3, 1, 6}));
+    EXPECT_GT(a.Cases[2].x, a.Cases[0].x);
+    EXPECT_EQ(a.Cases[1].x, a.Cases[0].x);
+    EXPECT_GE(a.Pages, 3);
+    VerifierPlacement(a);
+    EXPECT_NE(ArbreSvg(a, l.options, mesure).find("height=\"" + std::to_string(80 * a.Pages) + "mm\""),
+              std::string::npos);
+    const std::string rtf = ArbreRtf(a, l.base, l.options, mesure);
+    EXPECT_NE(rtf.find("\\fs"), std::string::npos);
+    EXPECT_NE(rtf.find("\\par \\page \\par "), std::string::npos);
+    EXPECT_TRUE(essais::CommeReference(std::string(ARBOLIX_DONNEES) + "/arbres/descendant.rtf", rtf));
+}
+
 TEST(NombreFichier, PointDecimalEtArrondi) {
     const std::pair<double, std::string_view> cas[] = {
         {12, "12"}, {12.5, "12.5"}, {34.625, "34.63"}, {-0.001, "0"}, {1e300 * 1e300, "0"}};
     for (const auto& [v, texte] : cas) EXPECT_EQ(NombreFichier(v), texte);
     EXPECT_EQ(LireMillimetres("20,5"), 20.5);
     EXPECT_EQ(LireMillimetres("20 mm"), 0);
+    EXPECT_EQ(Twips(10), "567");
+    EXPECT_EQ(Twips(0.01), "001");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "trees/sortie_arbre.h"
 #include "trees/sortie_pdf.h"
+#include "trees/sortie_rtf.h"
 
 namespace arbolix {
 
@@ -25,11 +26,13 @@ const MesureTexte& MesureDuMode(int mode) {
     return fixe;
 }
 
-EtatFichier EcrireArbre(const DessinArbre& d, int mode, const std::string& chemin, const Options& options,
-                        const MesureTexte& mesure) {
+EtatFichier EcrireArbre(const DessinArbre& d, int mode, const std::string& chemin, Base& base,
+                        const Options& options, const MesureTexte& mesure) {
     std::string contenu;
     if (mode == kModeSvg) {
         contenu = ArbreSvg(d, options, mesure);
+    } else if (mode == kModeRtf) {
+        contenu = ArbreRtf(d, base, options, mesure);
     } else if (mode == kModeImprimante) {
         contenu = ArbrePdf(d, options, mesure);
     } else {

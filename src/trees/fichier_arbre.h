@@ -17,7 +17,7 @@ int ModeDuFichier(const std::string& chemin);
 // (MesureDuMode). Un échec laisse l'ancien fichier tel
 // qu'il était ; le message nomme le fichier.
 const MesureTexte& MesureDuMode(int mode);
-EtatFichier EcrireArbre(const DessinArbre& d, int mode, const std::string& chemin, const Options& options,
-                        const MesureTexte& mesure);
+EtatFichier EcrireArbre(const DessinArbre& d, int mode, const std::string& chemin, Base& base,
+                        const Options& options, const MesureTexte& mesure);
 
 }  // namespace arbolix

@@ -40,8 +40,6 @@ FenetreArbre::FenetreArbre(Base& base, const Options& options, std::filesystem::
                               ui_->BoutonImprimer_3};
     for (int i = 0; i < 4; ++i)
         connect(boutons[i], &QPushButton::clicked, this, [this, i] { BoutonImprimer(i); });
-    // Le RTF attend l'en-tête de document des livres : le bouton reste éteint jusque-là.
-    ui_->BoutonImprimer_2->setEnabled(false);
     connect(ui_->BoutonFormat, &QPushButton::clicked, this, &FenetreArbre::BoutonFormat);
     connect(apercu_, &Pr::Recentrer, this, &FenetreArbre::Dessiner);
     connect(apercu_, &Pr::Imprimer, this, &FenetreArbre::Imprimer);
@@ -145,7 +143,7 @@ void FenetreArbre::Dessiner(std::int32_t numero, int decalage) {
 
 void FenetreArbre::Enregistrer(int mode) {
     const std::string nom = genre_ == kEtiquettes ? "etiquettes" : "arbre";
-    std::string filtre = "Fichier SVG (*.svg)|*.svg";
+    std::string filtre = "Fichier SVG (*.svg)|*.svg|Fichier RTF (*.rtf)|*.rtf";
     if (mode == kModeRtf) filtre = "Fichier RTF (*.rtf)|*.rtf";
     const auto chemin = dialogue_.ChoisirFichierEnregistrer(kTitreEnregistrer, filtre,
                                                             nom + (mode == kModeRtf ? ".rtf" : ".svg"));
@@ -158,7 +156,7 @@ void FenetreArbre::Enregistrer(int mode) {
         base_, options_, Demande(m, apercu_->isVisible() ? apercu_->Racine() : numero_, apercu_->Decalage()),
         mesure);
     if (!Accepter(d)) return;
-    const EtatFichier e = EcrireArbre(d, m, fichier, options_, mesure);
+    const EtatFichier e = EcrireArbre(d, m, fichier, base_, options_, mesure);
     if (!e.Ok) {
         dialogue_.Message(kTitreEnregistrer, e.Message, Icone::Stop);
         return;

@@ -40,8 +40,6 @@ void Fiche::BrancherArbres() {
     for (const auto& e : kEntrees) {
         QAction* a = menu->addAction(VersQString(e.legende));
         a->setObjectName(e.nom);
-        // Le descendant attend le parcours des descendants du livre.
-        a->setEnabled(e.genre != kDescendant);
         connect(a, &QAction::triggered, this,
                 [this, g = e.genre] { g == 0 ? MenuArbreVide() : MenuArbre(g); });
     }
