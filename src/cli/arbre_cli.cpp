@@ -68,6 +68,8 @@ int CommandeArbre(const Arguments& arguments, Sorties& s) {
         !ExtraireValeur(args, "--autre", autre, s.erreurs) || !ExtraireDate(args, date, s.erreurs) ||
         !LireDimensions(args, d.dims, s.erreurs))
         return 2;
+    // Comme la case SelTousDesc : les descendants qui ne portent pas le nom aussi.
+    const bool tousDescendants = RetirerDrapeau(args, "--tous-descendants");
     const GenreCli* genre = nullptr;
     for (const auto& g : kGenres)
         if (!args.empty() && args[0] == g.nom) genre = &g;
@@ -87,6 +89,7 @@ int CommandeArbre(const Arguments& arguments, Sorties& s) {
     Base base;
     Options options;
     if (!ChargerTout(entree, base, options, s)) return 2;
+    options.SelTousDesc = tousDescendants;
     d.numero = base.NumDeCujus;
     if (personne && !LirePersonne(base, *personne, entree, d.numero, s.erreurs)) return 2;
     ListePersonne etiquettes;

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Les arbres d'Arbolix relus par de vrais programmes : chaque SVG est du XML bien formé
 (xmllint) et se rend en une image qui n'est pas vide (rsvg-convert) ; l'arbre PDF se lit par
-pdftotext et porte les noms de ses cases.
+pdftotext, et les arbres RTF passent par LibreOffice : tous portent les noms de leurs cases.
 
 Usage : arbres.py ARBOLIX-CLI DOSSIER-TEMPORAIRE DONNEES
 (DONNEES : tests/donnees, d'où viennent les fichiers d'essai et les SVG de référence).
@@ -37,6 +37,7 @@ appels = {
     "ascendant-long": ["ascendant-a4", long_nom],
     "etiquettes": ["etiquettes", famille, "--case", "60x25", "--page", "210x60"],
     "parente": ["parente", cousins, "--personne", "2", "--autre", "3"],
+    "descendant": ["descendant", famille, "--personne", "4", "--page", "210x80", "--tous-descendants"],
 }
 svgs = []
 for nom, args in appels.items():
@@ -63,4 +64,20 @@ lu = commun.pdf_en_texte(pdf)
 for nom in ("LEFÈVRE Élise", "LEFÈVRE Henri", "MASSON Œdipe", "Légende :"):
     if nom not in lu:
         commun.echouer(f"« {nom} » manque au texte de {pdf}")
-print(f"{len(svgs)} SVG bien formés et rendus, PDF lu")
+# Les arbres RTF, convertis en un seul lancement de LibreOffice : les noms des cases se lisent.
+rtfs = []
+for nom in ("ascendant-a4", "descendant"):
+    rtf = os.path.join(dossier, nom + ".rtf")
+    args = appels[nom]
+    r = subprocess.run([cli, "arbre", args[0], args[1], rtf, *args[2:]], capture_output=True, text=True)
+    if r.returncode != 0:
+        commun.echouer(f"arbolix-cli arbre {nom} en RTF : {r.stderr}")
+    rtfs.append(rtf)
+for pdf_rtf, attendus in zip(commun.bureautique_en_pdf(rtfs, os.path.join(dossier, "rtf")),
+                             (("LEFÈVRE Élise", "MASSON Œdipe", "DUPONT & FILS"),
+                              ("LEFÈVRE Henri", "LEFÈVRE Paul", "Hippolyte"))):
+    lu = commun.pdf_en_texte(pdf_rtf)
+    for nom in attendus:
+        if nom not in lu:
+            commun.echouer(f"« {nom} » manque au texte de {pdf_rtf} :\n{lu[:1500]}")
+print(f"{len(svgs)} SVG bien formés et rendus, PDF lu, {len(rtfs)} RTF lus par LibreOffice")
