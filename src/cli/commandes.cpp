@@ -13,6 +13,7 @@
 #include "cli/mel_cli.h"
 #include "cli/parente_cli.h"
 #include "cli/sql_cli.h"
+#include "cli/stats_cli.h"
 #include "gedcom/enregistrement.h"
 #include "gedcom/journal_lecture.h"
 #include "gedcom/lecteur.h"
@@ -285,6 +286,8 @@ const std::vector<Commande>& Commandes() {
          "ce jointe",
          CommandeMel},
         {"arbre", kAideArbre, CommandeArbre},
+        {"stats", kAideStats, CommandeStats},
+        {"fiche-famille", kAideFicheFamille, CommandeFicheFamille},
     };
     return commandes;
 }

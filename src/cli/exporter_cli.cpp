@@ -27,7 +27,7 @@ struct Rapport {
 constexpr Rapport kRapports[] = {
     {"ligne-de-vie", kLigneDeVie}, {"ascendance", kAscendance}, {"descendance", kDescendance},
     {"adresses", kAdresses},       {"eclair", kEclair},         {"livre", kLivre},
-    {"isoles", kIsoles},
+    {"isoles", kIsoles},           {"site", kPagesHtml},
 };
 
 // Les cases du cadre RTF : colonnes du texte et des index, notes et sources en bas de page, unions.

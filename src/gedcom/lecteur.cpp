@@ -8,6 +8,7 @@
 
 #include "gedcom/lecteur_gedcom.h"
 #include "platform/cp1252.h"
+#include "platform/memoire.h"
 #include "platform/progression.h"
 #include "store/chaines.h"
 
@@ -219,7 +220,10 @@ void LecteurGedcom::LigneSuivante() {
     Lus += static_cast<std::int64_t>(ligne.size()) + 2;
     pos_ = fin + 2;
     LigneCourante.assign(SansBlancs(ligne));
-    if ((++NumLigne & 0x3FFF) == 0) PompeSiDue();
+    if ((++NumLigne & 0xFFF) == 0) {
+        PompeSiDue();
+        RendreLu();
+    }
     // Balises d'utilisateur : 1 _OCCU x se lit comme OCCU.
     if (LigneCourante.size() >= 3 && LigneCourante[2] == '_' &&
         LigneCourante.find(" FILE ") == std::string::npos)
@@ -278,18 +282,20 @@ std::int64_t NumeroBrut(std::string_view s) {
 
 }  // namespace
 
-std::int32_t LecteurGedcom::NumeroTraduit(std::string_view identifiant) {
-    if (ProchainTraduit == 0) {
-        // Premier identifiant sans numéro : on cherche une fois le plus grand numéro utilisable.
-        std::int64_t plusGrand = 0;
-        for (std::size_t a = tampon_.find('@'); a != std::string::npos; a = tampon_.find('@', a + 1)) {
-            const std::size_t b = tampon_.find_first_of("@ \r\n", a + 1);
-            if (b == std::string::npos || tampon_[b] != '@') continue;
-            plusGrand = std::max(plusGrand, NumeroBrut(std::string_view(tampon_).substr(a + 1, b - a - 1)));
-            a = b;
-        }
-        ProchainTraduit = plusGrand + 1;
+// Premier identifiant sans numéro : on cherche une fois le plus grand numéro utilisable.
+void LecteurGedcom::ChercherPlusGrandNumero() {
+    std::int64_t plusGrand = 0;
+    for (std::size_t a = tampon_.find('@'); a != std::string::npos; a = tampon_.find('@', a + 1)) {
+        const std::size_t b = tampon_.find_first_of("@ \r\n", a + 1);
+        if (b == std::string::npos || tampon_[b] != '@') continue;
+        plusGrand = std::max(plusGrand, NumeroBrut(std::string_view(tampon_).substr(a + 1, b - a - 1)));
+        a = b;
     }
+    ProchainTraduit = plusGrand + 1;
+}
+
+std::int32_t LecteurGedcom::NumeroTraduit(std::string_view identifiant) {
+    if (ProchainTraduit == 0) ChercherPlusGrandNumero();
     auto [it, nouveau] = Traduits.try_emplace(std::string(identifiant), 0);
     if (nouveau) {
         if (ProchainTraduit > kNumeroMaximal) throw ErreurExecution(6, "D\xE9passement de capacit\xE9");
@@ -351,6 +357,19 @@ void LecteurGedcom::PompeSiDue() {
     if (maintenant < prochainePompe_) return;
     prochainePompe_ = maintenant + std::chrono::milliseconds(100);
     MontrerProgression();
+}
+
+void LecteurGedcom::RendreLu() {
+    const std::size_t pas = contexte_.pasRendu;
+    if (pos_ < rendu_ + pas) return;
+    if (rendu_ == 0) {
+        if (!DepotsParcourus) ParcourirDepots(*this);
+        if (ProchainTraduit == 0) ChercherPlusGrandNumero();
+    }
+    // On rend ce qui est bien derrière la ligne courante.
+    const std::size_t jusque = pos_ - pas / 2;
+    RendrePages(tampon_.data() + rendu_, jusque - rendu_);
+    rendu_ = jusque;
 }
 
 void LecteurGedcom::JournaliserErreur(int numero, std::string_view texte) {

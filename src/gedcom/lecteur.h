@@ -1,6 +1,7 @@
 // Lecture d'un fichier GEDCOM dans la base : LireGedcom.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -67,6 +68,9 @@ struct ContexteLecture {
     TextesLecture textes{};
     bool remplirListes = true;    // noms, prénoms, métiers, lieux, sources vers les listes de saisie
     bool fenetreVisible = false;  // la fenêtre principale est montrée
+    // Le tampon déjà lu se rend au système par pas de cette taille (un grand fichier ne tient
+    // pas tout entier en mémoire à côté de la base qu'il remplit).
+    std::size_t pasRendu = std::size_t{64} << 20;
 };
 
 // Ce que sont les octets d'un fichier qu'on ouvre. UTF-16 (avec ou sans marque) et

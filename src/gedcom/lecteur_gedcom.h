@@ -97,6 +97,11 @@ public:
     // Entre deux fiches comptées (une longue suite de sources, de notes), la fenêtre doit
     // encore répondre : la progression se montre au plus tard tous les dixièmes de seconde.
     void PompeSiDue();
+    // Ce qui est lu du tampon ne se relit plus : un grand fichier en rend les pages au fur et à
+    // mesure, pour que le tampon et la base ne tiennent pas ensemble toute la mémoire. Les deux
+    // parcours du fichier entier (dépôts, plus grand numéro) se font avant la première fois.
+    void RendreLu();
+    void ChercherPlusGrandNumero();
     bool Annule() const { return base_.Chargement != 0 || contexte_.progression.Annule(); }
     // Lance le traitement d'une balise sous le piège : une défaillance va au journal et la lecture continue.
     template <typename Traitement>
@@ -125,6 +130,7 @@ public:
     std::int64_t Lus = 0;
     std::int64_t TailleFichier = 0;
     std::chrono::steady_clock::time_point prochainePompe_{};
+    std::size_t rendu_ = 0;  // le tampon jusque-là a été rendu au système
     bool ProduitOmega = false;
     bool Renumeroter = false;
     // Numéro du fichier → numéro renuméroté, par genre : une note @N66@ ne doit pas prendre
@@ -259,5 +265,7 @@ bool LecteurGedcom::LignesDeFiche(std::string_view alerteFin, Traitement&& trait
 void NormaliserFinsDeLigne(std::string& tampon);
 // Chaque passe sur le tampon entier est suivie d'un passage par la pompe d'évènements.
 void ReparationsGlobales(std::string& tampon, Progression* progression = nullptr);
+// Les noms des dépôts, relevés une fois dans tout le fichier : la fiche REPO peut venir après la source.
+void ParcourirDepots(LecteurGedcom& l);
 
 }  // namespace arbolix

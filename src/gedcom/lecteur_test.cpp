@@ -19,9 +19,11 @@ struct Lecture {
     OptionsGedcom cases;
     Progression progression;
     ResultatLecture resultat;
+    std::size_t pasRendu = ContexteLecture{options, cases, progression}.pasRendu;
 
     ResultatLecture& Lire(std::string texte) {
         ContexteLecture ctx{options, cases, progression};
+        ctx.pasRendu = pasRendu;
         resultat = LireGedcomTexte(base, ctx, std::move(texte));
         return resultat;
     }
@@ -402,6 +404,26 @@ TEST(Lecteur, IdentifiantsSansNumeroUtilisable) {
     EXPECT_EQ(l.P(-1).Nom,
               "G\xE9n\xE9"
               "alogiste");
+}
+
+// Un grand fichier rend son tampon au fur et à mesure : le dépôt nommé au début et le plus grand
+// numéro vu au début servent encore à la source et à l'identifiant sans numéro de la fin.
+TEST(Lecteur, TamponRenduEnCheminLitLaMemeBase) {
+    std::string corps;
+    for (int i = 1; i <= 1500; ++i) {
+        corps += "0 @I" + std::to_string(i) + "@ INDI|1 NAME Jean /Dupont/|1 BIRT|2 DATE 1 JAN 1800|";
+        if (i == 200) corps += "0 @R1@ REPO|1 NAME Archives de Metz|0 @I9000@ INDI|1 NAME Max /Haut/|";
+    }
+    corps += "0 @S1@ SOUR|1 TITL Registres|1 REPO @R1@|0 @Abraham@ INDI|1 NAME Abraham /Simpson/|1 SOUR @S1@";
+    Lecture entier, rendu;
+    rendu.pasRendu = 16 * 1024;
+    entier.Lire(Fichier("0 HEAD|" + corps + "|0 TRLR|"));
+    rendu.Lire(Fichier("0 HEAD|" + corps + "|0 TRLR|"));
+    EXPECT_EQ(rendu.resultat.Journal, entier.resultat.Journal);
+    EXPECT_EQ(DecrireBase(rendu.base), DecrireBase(entier.base));
+    EXPECT_EQ(rendu.P(9001).Prenoms, "Abraham");
+    EXPECT_EQ(rendu.base.NbPersosReels, 1502);
+    EXPECT_NE(DecrireBase(rendu.base).find("Archives de Metz"), std::string::npos);
 }
 
 }  // namespace

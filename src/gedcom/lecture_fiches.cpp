@@ -44,6 +44,27 @@ void LecteurGedcom::SectionNote(bool source) {
     }
 }
 
+void ParcourirDepots(LecteurGedcom& l) {
+    l.DepotsParcourus = true;
+    const std::string_view t = l.tampon_;
+    for (std::size_t a = Chercher(t, "\r\n0 @"); a != std::string_view::npos;
+         a = Chercher(t, "\r\n0 @", a + 2)) {
+        std::size_t fin = std::min(t.find("\r\n", a + 2), t.size());
+        const std::string_view ligne = SansBlancs(t.substr(a + 2, fin - a - 2));
+        if (Droite(ligne, 5) != " REPO") continue;
+        const std::string id(ligne.substr(3, ligne.find('@', 3) - 3));
+        while (fin + 2 < t.size() && t[fin + 2] != '0') {
+            const std::size_t suivante = std::min(t.find("\r\n", fin + 2), t.size());
+            const std::string_view sous = SansBlancs(t.substr(fin + 2, suivante - fin - 2));
+            if (sous.starts_with("1 NAME ")) {
+                l.NomsDepots.try_emplace(id, SansBlancs(sous.substr(7)));
+                break;
+            }
+            fin = suivante;
+        }
+    }
+}
+
 namespace {
 
 // Ce qu'une source porte sans champ pour le garder : une ligne de son texte, derrière un libellé.
@@ -86,27 +107,6 @@ std::string_view Libelle(std::string_view balise, int niveau, std::string_view p
 void NouvelleLigne(Texte& texte, std::string_view ligne) {
     if (!texte.empty()) texte += " \r\n";
     texte += ligne;
-}
-
-// Les noms des dépôts, relevés une fois dans tout le fichier : la fiche REPO peut venir après la source.
-void ParcourirDepots(LecteurGedcom& l) {
-    l.DepotsParcourus = true;
-    const std::string_view t = l.tampon_;
-    for (std::size_t a = t.find("\r\n0 @"); a != std::string_view::npos; a = t.find("\r\n0 @", a + 2)) {
-        std::size_t fin = std::min(t.find("\r\n", a + 2), t.size());
-        const std::string_view ligne = SansBlancs(t.substr(a + 2, fin - a - 2));
-        if (Droite(ligne, 5) != " REPO") continue;
-        const std::string id(ligne.substr(3, ligne.find('@', 3) - 3));
-        while (fin + 2 < t.size() && t[fin + 2] != '0') {
-            const std::size_t suivante = std::min(t.find("\r\n", fin + 2), t.size());
-            const std::string_view sous = SansBlancs(t.substr(fin + 2, suivante - fin - 2));
-            if (sous.starts_with("1 NAME ")) {
-                l.NomsDepots.try_emplace(id, SansBlancs(sous.substr(7)));
-                break;
-            }
-            fin = suivante;
-        }
-    }
 }
 
 // « Dépôt : » prend le nom de la fiche REPO que désigne le pointeur ; vide quand il n'y en a pas.

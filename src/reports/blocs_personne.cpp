@@ -8,7 +8,9 @@
 #include "dates/calendrier_republicain.h"
 #include "dates/reconnaissance.h"
 #include "reports/date_confidentielle.h"
+#include "reports/html.h"
 #include "reports/rtf.h"
+#include "reports/site.h"
 #include "store/aides_texte.h"
 #include "store/chaines.h"
 
@@ -26,9 +28,29 @@ bool FinitPar(std::string_view s, std::string_view fin) {
     return s.size() >= fin.size() && s.substr(s.size() - fin.size()) == fin;
 }
 
-// Le texte d'une fiche tel que le fichier l'écrit : échappé dans un document RTF.
+// Le texte d'une fiche tel que le fichier l'écrit : échappé dans un document RTF, et dans une page
+// HTML où il ne devient jamais balise.
 std::string Fiche(const TexteRapport& f, std::string_view t) {
+    if (f.Fichier() == kFichierHtml) return EchapperHtml(t);
     return f.Fichier() == kFichierRtf ? EchapperRTF(t) : std::string(t);
+}
+
+// Dans une page, chaque adresse "http..." d'une source devient un lien ; une source qui commence
+// par son adresse reste telle quelle.
+std::string LiensWebHtml(std::string_view source) {
+    const std::size_t http = source.find("http");
+    if (http == std::string_view::npos || http < 2) return EchapperHtml(source);
+    std::string t(source);
+    if (Comme(t, "* http*") || Comme(t, "*;http*")) std::replace(t.begin(), t.end(), ' ', ';');
+    std::string r;
+    for (std::size_t debut = 0; debut <= t.size();) {
+        const std::size_t fin = std::min(t.find(';', debut), t.size());
+        const std::string e = EchapperHtml(std::string_view(t).substr(debut, fin - debut));
+        if (!r.empty()) r += ' ';
+        r += e.starts_with("http") ? "<a href=\"" + e + "\" target=\"_blank\">" + e + "</a>" : e;
+        debut = fin + 1;
+    }
+    return r;
 }
 
 // Un évènement du calendrier républicain : date complète entre l'an II et la fin de la table,
@@ -101,12 +123,13 @@ void EcrireNotesEtSource(const ContexteExport& ctx, const Acte& a, const ActeImp
                          std::string_view avant, std::string_view apres) {
     if (f.Fichier() == kFichierRtf) return NotesEtSourceRtf(ctx, a, imp, f, avant, apres);
     if (!imp.notes.empty()) {
-        const std::string t = LignesDeNote(TexteLie(ctx.base, imp.notes, 'N'), avant);
+        const std::string t = LignesDeNote(Fiche(f, TexteLie(ctx.base, imp.notes, 'N')), avant);
         if (!t.empty()) f.Texte(std::string(apres) + t);
     }
     if (!a.Source.empty()) {
         const bool lien = LienExterne(a.Source.vue(), 'S') > 0;
         std::string t = TexteLie(ctx.base, a.Source.vue(), 'S');
+        if (f.Fichier() == kFichierHtml) t = lien ? EchapperHtml(t) : LiensWebHtml(t);
         if (lien) t = LignesDeNote(std::move(t), avant);
         if (!t.empty()) f.Texte(std::string(apres) + "source : " + t);
     }
@@ -297,9 +320,11 @@ void BlocActes(const ContexteExport& ctx, std::int32_t numero, const Perso& p, T
                const FormePersonne& forme) {
     const bool confidentiel = forme.saufDecede && !MarqueDecede(ctx, numero, DateDuRapport(ctx)).empty();
     const Options& o = ctx.options;
-    EcrireActes(ctx, p.Naissance, o.SymbNais, p.Bapteme, o.SymbBapt, f, forme.fin, forme.fin, forme.avecNotes,
+    // Dans une page, l'évènement va à la ligne comme les autres blocs.
+    const std::string& a = f.Fichier() == kFichierHtml ? forme.sep : forme.fin;
+    EcrireActes(ctx, p.Naissance, o.SymbNais, p.Bapteme, o.SymbBapt, f, a, forme.fin, forme.avecNotes,
                 confidentiel);
-    EcrireActes(ctx, p.Deces, o.SymbDece, p.Sepulture, o.SymbSepu, f, forme.fin, forme.fin, forme.avecNotes,
+    EcrireActes(ctx, p.Deces, o.SymbDece, p.Sepulture, o.SymbSepu, f, a, forme.fin, forme.avecNotes,
                 confidentiel);
 }
 
@@ -311,7 +336,36 @@ void BlocNote(const ContexteExport& ctx, const Perso& p, TexteRapport& f, const 
                                      : EchapperRTF(TexteLie(ctx.base, p.Notes.vue(), 'N'));
         return f.Texte(forme.sep + LignesDeNote(t, forme.sep));
     }
-    f.Texte(forme.sep + LignesDeNote(TexteLie(ctx.base, p.Notes.vue(), 'N'), forme.sep));
+    f.Texte(forme.sep + LignesDeNote(Fiche(f, TexteLie(ctx.base, p.Notes.vue(), 'N')), forme.sep));
+}
+
+// Adresse et fichiers liés d'une personne, dans les pages quand « Toutes » est coché.
+void BlocAdresseHtml(const ContexteExport& ctx, const Perso& p, TexteRapport& f, const FormePersonne& forme) {
+    if (!ctx.exports.Toutes || !forme.avecNotes) return;
+    const PersoSuite& s = p.Suite();
+    if (!s.URL.empty() || !s.EMail.empty() || !s.Telephone.empty() || !s.Ville.empty() ||
+        !s.Adresse1.empty()) {
+        std::string ville = s.Etat.empty() ? std::string() : s.Etat + " ";
+        ville += s.CP + " " + s.Ville;
+        for (const std::string& t : {s.Adresse1.str(), s.Adresse2.str(), ville, s.Pays.str()})
+            if (!SansBlancs(t).empty()) f.Texte(forme.sep + EchapperHtml(t));
+        if (!s.EMail.empty())
+            f.Texte(forme.sep + "<a href=\"mailto:" + EchapperHtml(s.EMail.vue()) + "\">" +
+                    EchapperHtml(s.EMail.vue()) + "</a>");
+        if (!s.URL.empty())
+            f.Texte(forme.sep + "<a href=\"" + EchapperHtml(s.URL.vue()) + "\" target=\"_blank\">" +
+                    EchapperHtml(s.URL.vue()) + "</a>");
+        if (!s.Telephone.empty()) f.Texte(forme.sep + "T\xE9l : " + EchapperHtml(s.Telephone.vue()));
+    }
+    for (int i = 1; i <= kMaxLiens; ++i)
+        if (!s.Fichiers(i).empty()) EcrireFichierLie(ctx, f, s.Fichiers(i).vue(), forme.sep);
+    for (int i = 1; i <= kMaxLiens; ++i) {
+        const std::int32_t m = s.ObjetsMedia(i);
+        if (m <= 0 || m > ctx.base.Medias.Haut()) continue;
+        const ObjetMedia& o = std::as_const(ctx.base.Medias)[m];
+        for (int j = 1; j <= kMaxLiens && !o.Fichiers(j).empty(); ++j)
+            EcrireFichierLie(ctx, f, o.Fichiers(j).vue(), forme.sep);
+    }
 }
 
 // L'adresse de la personne, dernière de ses données, dans un document RTF.
@@ -359,6 +413,7 @@ void EcrirePersonne(const ContexteExport& ctx, std::int32_t numero, TexteRapport
             note(), parents(), actes();
     }
     if (f.Fichier() == kFichierRtf) AdresseRtf(p, f, forme);
+    if (f.Fichier() == kFichierHtml) BlocAdresseHtml(ctx, p, f, forme);
 }
 
 std::string PhraseDate(const ContexteExport& ctx, const Acte& acte, bool avecLe, bool avecA) {

@@ -75,5 +75,24 @@ TEST_F(Famille, BoucleDansLesLiensEtRacineAbsente) {
     EXPECT_EQ(NettoyerNumero(".10.01b.100"), "10.1b.100");
 }
 
+// En phrases, un père seul « a eu » ses enfants ; le texte compte les descendants parcourus.
+TEST(ChroniqueDescendance, PereSeulEtCompte) {
+    Base b;
+    Options o;
+    OptionsExport e;
+    e.Toutes = true;
+    AjouterPersonne(b, 1, "MARTIN", "Louis", 'M');
+    AjouterPersonne(b, 2, "MARTIN", "Jules", 'M');
+    AjouterPersonne(b, 3, "MARTIN", "Rose", 'F');
+    AjouterFamille(b, 1, 1, 0, "", {2, 3});
+    ContexteExport ctx{b, o, e, {23, 11, 2026}};
+    ctx.NumPerso = 1;
+    const std::string rtf = RtfDescendance(ctx);
+    EXPECT_NE(rtf.find("\\line Il a eu 2 enfants :\\line \\tab 1{\\b  MARTIN Jules}"), std::string::npos)
+        << rtf;
+    EXPECT_TRUE(rtf.ends_with("\\par 0 descendants.}\r\n"));
+    EXPECT_TRUE(TexteDescendance(ctx).ends_with("\r\n MARTIN Louis\r\n\r\n0 descendants.\r\n"));
+}
+
 }  // namespace
 }  // namespace arbolix

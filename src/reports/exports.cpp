@@ -13,6 +13,7 @@
 #include "reports/ligne_de_vie.h"
 #include "reports/liste_eclair.h"
 #include "reports/livre.h"
+#include "reports/site.h"
 #include "store/chaines.h"
 
 namespace arbolix {
@@ -130,6 +131,24 @@ std::optional<std::string> Produire(const ContexteExport& ctx, Dialogue& dialogu
     }
 }
 
+// Le site écrit ses pages lui-même ; le navigateur ouvre la page d'accueil.
+ResultatExport LancerSite(const ContexteExport& ctx, Dialogue& dialogue, bool lancer) {
+    ResultatExport r;
+    // Comme le livre : un tri par lettre quand toute la base ou les actes sont sélectionnés.
+    const ResultatSite s = ExportHTML(ctx, ctx.livre.selCochee == 0 || ctx.livre.selCochee == 4);
+    if (s.Annule) {
+        r.Annule = true;
+        return r;
+    }
+    if (!s.Ok) {
+        dialogue.Message(kTitreExportImpossible, s.Message, Icone::Stop);
+        return r;
+    }
+    r.Ecrit = true;
+    if (lancer && ctx.options.LanceFicherExporte) dialogue.OuvrirDansProgramme(ctx.exports.FichierExport);
+    return r;
+}
+
 }  // namespace
 
 const GenreExport* TrouverGenre(int type) {
@@ -159,7 +178,7 @@ VisibiliteExports Visibilite(int type) {
 
 bool RapportDisponible(int type) {
     return type == kLigneDeVie || type == kAscendance || type == kDescendance || type == kAdresses ||
-           type == kEclair || type == kLivre || type == kIsoles;
+           type == kEclair || type == kLivre || type == kIsoles || type == kPagesHtml;
 }
 
 std::string DossierExport(const Options& options, const std::string& fichierGedcom) {
@@ -207,6 +226,12 @@ void PreparerExport(OptionsExport& e, int type, const Base& base, std::int32_t p
                 if (i == 0 || titre[i - 1] == ' ')
                     titre[i] = static_cast<char>(std::toupper(static_cast<unsigned char>(titre[i])));
             e.TitreExport = "Livre des familles de " + titre;
+            break;
+        }
+        case kPagesHtml: {
+            const Perso& auteur = PersoLu(base, -1);
+            e.TitreExport =
+                "Le site de " + (auteur.Prenoms.empty() ? std::string() : auteur.Prenoms + " ") + auteur.Nom;
             break;
         }
         default:
@@ -268,6 +293,7 @@ ResultatExport LancerExport(const ContexteExport& ctx, Dialogue& dialogue, const
         r.CheminIncomplet = r.Annule = true;
         return r;
     }
+    if (ctx.TypeExport == kPagesHtml) return LancerSite(ctx, dialogue, lancer);
     try {
         const std::optional<std::string> texte = Produire(ctx, dialogue, liste);
         if (!texte) return r;

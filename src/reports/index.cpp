@@ -143,7 +143,8 @@ std::vector<std::string> Metiers(std::string_view metier) {
     return r;
 }
 
-void Professions(const ContexteExport& ctx, const NumerotationLivre& n, TexteRapport& f) {
+// Une personne isolée compte sous son entrée (NumLivre), les autres sous leurs familles du livre.
+void Professions(const ContexteExport& ctx, TexteRapport& f) {
     const Base& b = ctx.base;
     std::vector<LigneIndex> lignes;
     Compteur(ctx, "Index des professions");
@@ -159,7 +160,6 @@ void Professions(const ContexteExport& ctx, const NumerotationLivre& n, TexteRap
         for (const std::string& m : Metiers(q.Metier.vue()))
             for (const std::int32_t k : numeros) lignes.push_back({m, k});
     });
-    (void)n;
     EcrireLignesIndex(std::move(lignes), f);
 }
 
@@ -226,7 +226,7 @@ void EcrireFinDeLivre(const ContexteExport& ctx, const NumerotationLivre& n, Tex
     f.Texte(Section("Index des localit\\'e9s", c1));
     Localites(ctx, n, f);
     f.Texte(Section("Index des professions", c1));
-    Professions(ctx, n, f);
+    Professions(ctx, f);
 }
 
 }  // namespace arbolix

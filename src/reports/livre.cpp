@@ -278,7 +278,9 @@ void EcrireFamille(const ContexteExport& ctx, TexteRapport& f, std::int32_t fami
         const bool c = forme.saufDecede && !MarqueDecede(ctx, fa.Mari, date).empty() &&
                        !MarqueDecede(ctx, fa.Femme, date).empty();
         const Options& o = ctx.options;
-        EcrireActes(ctx, fa.Mariage, o.SymbMari, fa.Contrat, o.SymbCoMa, f, forme.sep, forme.sep, true, c);
+        // Le mari tu (unions sous un même numéro), le mariage ouvre le paragraphe.
+        const std::string_view avant = f.Octets().size() > debut ? std::string_view(forme.sep) : "";
+        EcrireActes(ctx, fa.Mariage, o.SymbMari, fa.Contrat, o.SymbCoMa, f, avant, forme.sep, true, c);
         EcrireActes(ctx, fa.Divorce, o.SymbDivo, Acte{}, o.SymbMari, f, forme.sep, forme.sep, true, c);
     }
     if (femme > 0) {

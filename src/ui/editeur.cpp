@@ -50,7 +50,8 @@ Editeur::Editeur(QWidget* parent)
       annuler_(NouveauBouton("BoutonAnnuler", "Annuler", this)),
       ouvrir_(NouveauBouton("BoutonOuvrir", "Ouvrir...", this)),
       enreg_(NouveauBouton("BoutonEnreg", "Enregistrer", this)),
-      liens_(NouveauBouton("BoutonLiens", "Liens vers", this)) {
+      liens_(NouveauBouton("BoutonLiens", "Liens vers", this)),
+      milieu_(new QSplitter(this)) {
     setObjectName("Editeur");
     setWindowTitle(
         VersQString("\xC9"
@@ -77,7 +78,8 @@ Editeur::Editeur(QWidget* parent)
     bas->addWidget(annuler_);
     auto* disposition = new QVBoxLayout(this);
     disposition->addLayout(haut);
-    disposition->addWidget(texte_, 1);
+    milieu_->addWidget(texte_);
+    disposition->addWidget(milieu_, 1);
     disposition->addLayout(bas);
     resize(760, 480);
 
@@ -88,7 +90,14 @@ Editeur::Editeur(QWidget* parent)
     connect(numNote_, &QLineEdit::editingFinished, this, &Editeur::NumNoteChange);
 }
 
+void Editeur::Cote(QWidget* w) {
+    delete cote_;
+    cote_ = w;
+    if (w) milieu_->addWidget(w);
+}
+
 void Editeur::Preparer(Mode mode, Base* base, Dialogue* dialogue) {
+    Cote(nullptr);
     reste_.clear();
     suite_ = 0;
     mode_ = mode;

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSplitter>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -34,6 +35,9 @@ public:
         Completer();
         return texte_->toPlainText();
     }
+    // Un contrôle à côté du texte (les graphiques des statistiques), que l'éditeur prend en charge ;
+    // le suivant le remplace, et tout autre texte montré le retire.
+    void Cote(QWidget* w);
 
     // OuvrirNote : type 1 une note, 2 une source ; numéro -1 la note du fichier, sans
     // BoutonLiens ni BoutonOuvrir. Un autre type est refusé par un message. La base et
@@ -65,6 +69,8 @@ private:
     QPushButton* ouvrir_;
     QPushButton* enreg_;
     QPushButton* liens_;
+    QSplitter* milieu_;
+    QWidget* cote_ = nullptr;
 
     Mode mode_ = Mode::Journal;
     Base* base_ = nullptr;

@@ -168,6 +168,9 @@ void FenetreExports::LancerExport() {
     ctx.NumPerso = personne_;
     ctx.FichierGedcom = DepuisQString(QString::fromStdString(fichierGedcom_));
     ctx.LibelleSel = libelleSel_;
+    ctx.livre = livre_;
+    ctx.heure = QTime::currentTime().hour();
+    ctx.minute = QTime::currentTime().minute();
     if (!exports_.FichierExport.empty() && exports_.FichierExport[0] == '/' && !ini_.empty())
         EnregistrerOptionsExport(ini_, exports_, type_);
     QApplication::setOverrideCursor(Qt::WaitCursor);

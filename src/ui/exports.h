@@ -31,6 +31,8 @@ public:
 
     // MenuExport(type) : titre, cadres visibles, réglages retenus, fichier et titre proposés.
     // liste : la liste remplie avant (ligne de vie, isolés), qui doit survivre à la fenêtre.
+    // L'ordre du livre (tri de la recherche d'actes) et l'entrée cochée du menu Sélection.
+    void ReglerLivre(const ReglagesLivre& livre) { livre_ = livre; }
     void Ouvrir(int type, std::int32_t personne, const std::string& fichierGedcom, std::string libelleSel,
                 const ListePersonne* liste);
     int TypeExport() const { return type_; }
@@ -53,6 +55,7 @@ signals:
     void Exporte(const QString& fichier);
 
 private:
+    ReglagesLivre livre_{};
     void AfficherValeurs();
     void LireControles();
     void AppliquerVisibilite();

@@ -105,6 +105,7 @@ Fiche::Fiche(QWidget* parent)
     BrancherActes();
     BrancherExports();
     BrancherArbres();
+    BrancherStats();
     BrancherOutils();
     connect(ui_->MenuEnregistrer, &QAction::triggered, this, &Fiche::MenuEnregistrer);
     connect(ui_->MenuNotesFichier, &QAction::triggered, this, &Fiche::MenuNotesFichier);

@@ -114,6 +114,8 @@ public slots:
     void MenuExport(int i);
     // Petits outils (fiche_outils.cpp).
     void MenuEnvoyerMel();
+    void MenuStats();         // fiche_stats.cpp
+    void MenuFicheFamille();  // fiche_stats.cpp
     void VerifierMiseAJour();
     void VerifierMiseAJourAuDemarrage();
     void BoutonAnnuaire();
@@ -158,6 +160,7 @@ private:
     void ReagirArbre(const Reaction& r);
     void ArbreDeParente(std::int32_t ancetre);
     void ArbreDepuisEnfant(std::int32_t enfant);
+    void BrancherStats();    // fiche_stats.cpp
     // La liste d'adresses des options : une ligne prise d'emblée, sinon choisie dans la liste "web".
     void RechercherSurLeWeb(const std::string& liste, const QString& legende, const ValeursWeb& valeurs);
     void CreerMenuImage();

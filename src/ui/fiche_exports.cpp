@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "lists/recherche_actes.h"
 #include "platform/qt_texte.h"
 #include "reports/exports.h"
 #include "reports/isoles.h"
@@ -11,6 +12,7 @@
 #include "ui/exports.h"
 #include "ui/fiche.h"
 #include "ui/personne.h"
+#include "ui/rech_acte.h"
 #include "ui_fiche.h"
 
 namespace arbolix {
@@ -61,6 +63,10 @@ void Fiche::MenuExport(int i) {
         personne_->Montrer();
         liste = &l;
     }
+    ReglagesLivre livre{.selCochee = etatSel_.Cochee};
+    if (rechActe_) livre.ListeTri = rechActe_->Recherche().ListeTri;
+    if (triSosa) livre.ListeTri[0] = kTriNumero;
+    fenetre->ReglerLivre(livre);
     fenetre->Ouvrir(i, personne, gedcom_.Fichier,
                     etatSel_.Libelle.empty() ? "Toute la base" : etatSel_.Libelle, liste);
     fenetre->open();

@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -102,6 +103,30 @@ private slots:
         QVERIFY(f->isVisible());
         QTest::keyClick(f, Qt::Key_Escape);
         QVERIFY(!f->isVisible());
+    }
+
+    void LeLivreEtLaDescendanceSEcrivent() {
+        FicheEssai e(dossier_ / "arbolix.ini");
+        FenetreExports* f = e.Ouvrir(8);
+        QVERIFY(e.C<QGroupBox>("CadreRTF")->isVisibleTo(f));
+        QVERIFY(e.C<QLineEdit>("TitreExport")->text().startsWith("Livre des familles de "));
+        e.C<QComboBox>("ComboColRTF_0")->setCurrentText("2");
+        e.C<QCheckBox>("OptionBasPage_0")->setChecked(true);
+        const fs::path livre = dossier_ / "livre.rtf";
+        e.C<QLineEdit>("FichierExport")->setText(QString::fromStdString(livre.string()));
+        e.C<QPushButton>("LancerExport")->click();
+        QVERIFY(!f->isVisible());
+        const std::string t = Lire(livre);
+        QVERIFY(t.starts_with("{\\rtf1\\ansi"));
+        QVERIFY(t.find("\\cols2\\colsx567") != std::string::npos);
+        QVERIFY(t.find("Index des patronymes") != std::string::npos);
+
+        f = e.Ouvrir(3);
+        const fs::path texte = dossier_ / "descendants.txt";
+        e.C<QLineEdit>("FichierExport")->setText(QString::fromStdString(texte.string()));
+        e.C<QPushButton>("LancerExport")->click();
+        QVERIFY(!f->isVisible());
+        QVERIFY(Lire(texte).starts_with("Liste de descendance de "));
     }
 
     void AnnulerPendantUnLongRapportGardeLAncienFichier() {

@@ -1,0 +1,13 @@
+// Rendre au système la mémoire d'une lecture déjà faite, sans rien déplacer.
+#pragma once
+
+#include <cstddef>
+
+namespace arbolix {
+
+// Les pages entièrement comprises dans [debut, debut + taille) sont rendues au système : leur
+// contenu est perdu (il se relit en zéros) mais la zone reste à nous et se libère comme avant.
+// Sans effet là où le système ne le permet pas.
+void RendrePages(char* debut, std::size_t taille);
+
+}  // namespace arbolix
