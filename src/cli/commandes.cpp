@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/actes_cli.h"
+#include "cli/arbre_cli.h"
 #include "cli/communs.h"
 #include "cli/exporter_cli.h"
 #include "cli/fusion_cli.h"
@@ -285,6 +286,7 @@ const std::vector<Commande>& Commandes() {
          "mel [--frontiere CHIFFRES] FICHIER.ged [SORTIE.eml] : le message qui porte le fichier en pi\xC3\xA8"
          "ce jointe",
          CommandeMel},
+        {"arbre", kAideArbre, CommandeArbre},
         {"stats", kAideStats, CommandeStats},
         {"fiche-famille", kAideFicheFamille, CommandeFicheFamille},
         {"tmao", kAideTmao, CommandeTmao},

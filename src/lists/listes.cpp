@@ -483,8 +483,13 @@ Reaction DoubleClic(const Base& base, const Options& o, const ListePersonne& lis
     if (g == "interech") return {ActionListe::Afficher, q.numero, {}, true};
     if (g == "domicile") return tete ? Reaction{} : Reaction{ActionListe::Afficher, q.numero, {}, true};
     if (g == "anccom") return {ActionListe::ListeParente, q.numero, {}, false};
-    // Tant que l'arbre de parenté n'existe pas, la rangée montre l'ancêtre ; la liste reste ouverte.
-    if (g == "parente") return tete ? Reaction{} : Reaction{ActionListe::Afficher, q.numero, {}, false};
+    // La liste reste ouverte : d'autres branches peuvent être dessinées.
+    if (g == "parente") return tete ? Reaction{} : Reaction{ActionListe::ArbreParente, q.numero, {}, false};
+    if (g == "etiquettes") {
+        if (tete) return {ActionListe::ImprimerEtiquettes, 0, {}, true};
+        return {ActionListe::RetirerEtiquette, static_cast<std::int32_t>(rangee), {}, false};
+    }
+    if (g == "enfants-arbre") return {ActionListe::DecalerArbre, q.numero, {}, true};
     if (g == "notes" || g == "sources") {
         if (q.genre == 'N') return {ActionListe::OuvrirNote, q.numero, {}, true};
         if (q.genre == 'S') return {ActionListe::OuvrirSource, q.numero, {}, true};

@@ -86,6 +86,10 @@ enum class ActionListe {
     EstimerActesVides,  // numero 0 : les naissances, 1 : les mariages
     ListeParente,       // "anccom" : la liste de parenté avec la personne numero
     RemplacerValeur,    // liste de valeurs à remplacer : la rangée numero
+    ArbreParente,       // "parente" : l'arbre de parenté depuis l'ancêtre commun numero
+    ImprimerEtiquettes,  // "etiquettes", ligne de tête : la fenêtre Arbre
+    RetirerEtiquette,    // "etiquettes" : la rangée numero sort de la liste
+    DecalerArbre,        // "enfants-arbre" : l'aperçu repart de l'enfant numero
 };
 struct Reaction {
     ActionListe action = ActionListe::Rien;

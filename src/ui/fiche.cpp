@@ -105,6 +105,7 @@ Fiche::Fiche(QWidget* parent)
     BrancherSelection();
     BrancherActes();
     BrancherExports();
+    BrancherArbres();
     BrancherStats();
     BrancherOutils();
     BrancherTmao();

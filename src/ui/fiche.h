@@ -37,6 +37,7 @@ class Editeur;
 struct ValeursWeb;
 class Gedcom;
 class InputMsgBox;
+class FenetreArbre;
 class FormListeChoix;
 class Personne;
 class RechActe;
@@ -126,6 +127,10 @@ public slots:
     void MenuTMAO2();
     void MenuTXT2TM();
     void MenuExportUCGL(int index);
+    // Les arbres (fiche_arbres.cpp).
+    void MenuArbre(int genre);
+    void MenuArbreVide();
+    void RemonterArbre(std::int32_t racine);
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -157,6 +162,11 @@ private:
     void MontrerApresCommande(std::int32_t n);
     void BrancherExports();  // fiche_exports.cpp
     void BrancherOutils();   // fiche_outils.cpp
+    void BrancherArbres();   // fiche_arbres.cpp
+    FenetreArbre& FormArbre();
+    void ReagirArbre(const Reaction& r);
+    void ArbreDeParente(std::int32_t ancetre);
+    void ArbreDepuisEnfant(std::int32_t enfant);
     void BrancherStats();    // fiche_stats.cpp
     void BrancherTmao();     // fiche_tmao.cpp
     void ConvertirLigneCommande();
@@ -269,6 +279,7 @@ private:
     std::int32_t nbAncetres_ = 0;
     FormListeChoix* listeChoix_ = nullptr;
     RechActe* rechActe_ = nullptr;
+    FenetreArbre* arbre_ = nullptr;
 };
 
 }  // namespace arbolix

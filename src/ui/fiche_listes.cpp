@@ -119,6 +119,12 @@ void Fiche::ReagirListe(const Reaction& r) {
         case ActionListe::RemplacerValeur:
             RemplacerDepuisListe(r.numero);
             break;
+        case ActionListe::ArbreParente:
+        case ActionListe::ImprimerEtiquettes:
+        case ActionListe::RetirerEtiquette:
+        case ActionListe::DecalerArbre:
+            ReagirArbre(r);
+            break;
     }
 }
 

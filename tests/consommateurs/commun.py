@@ -84,3 +84,48 @@ def chromium_lancer(url, *options, dossier):
     if r.returncode != 0:
         echouer(f"Chromium a échoué sur {url} : {r.stderr.decode(errors='replace')[-2000:]}")
     return r.stdout.decode(errors="replace")
+
+
+def xml_bien_forme(fichier):
+    """xmllint --noout : le fichier est du XML bien formé, sinon le test échoue avec son message."""
+    exiger("xmllint")
+    r = subprocess.run(["xmllint", "--noout", fichier], capture_output=True, text=True, errors="replace")
+    if r.returncode != 0:
+        echouer(f"xmllint refuse {fichier} :\n{r.stderr[-2000:]}")
+
+
+def svg_en_png(svg, png):
+    """Rend un SVG en PNG par rsvg-convert, fond transparent."""
+    exiger("rsvg-convert")
+    r = subprocess.run(["rsvg-convert", "-o", png, svg], capture_output=True, text=True, errors="replace")
+    if r.returncode != 0 or not os.path.exists(png):
+        echouer(f"rsvg-convert ne rend pas {svg} :\n{r.stderr[-2000:]}")
+
+
+def part_encree_png(png):
+    """La part des octets d'image non nuls d'un PNG sur fond transparent (0 : image vide).
+
+    Les filtres du PNG prédisent à partir des octets voisins : une image toute à zéro reste à
+    zéro une fois filtrée, et un seul pixel encré laisse un octet non nul. Il suffit donc de
+    décompresser, sans défaire les filtres, en sautant l'octet de filtre de chaque rang.
+    """
+    import struct
+    import zlib
+    with open(png, "rb") as f:
+        donnees = f.read()
+    if donnees[:8] != b"\x89PNG\r\n\x1a\n":
+        echouer(f"{png} n'est pas un PNG")
+    pos, idat, largeur, hauteur, profondeur, couleur = 8, b"", 0, 0, 8, 6
+    while pos < len(donnees):
+        longueur, genre = struct.unpack(">I4s", donnees[pos:pos + 8])
+        corps = donnees[pos + 8:pos + 8 + longueur]
+        if genre == b"IHDR":
+            largeur, hauteur, profondeur, couleur = struct.unpack(">IIBB", corps[:10])
+        elif genre == b"IDAT":
+            idat += corps
+        pos += 12 + longueur
+    canaux = {0: 1, 2: 3, 4: 2, 6: 4}.get(couleur, 4)
+    rang = 1 + largeur * canaux * profondeur // 8
+    brut = zlib.decompress(idat)
+    encres = sum(1 for i, o in enumerate(brut) if o and i % rang)
+    return encres / max(1, len(brut) - hauteur)
