@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "gedcom/lecteur.h"
+#include "mesures.h"
 #include "platform/progression.h"
 #include "store/selection.h"
 
@@ -20,6 +21,13 @@ bool ChargerFichier(Base& base, const std::string& chemin, bool remplirListes) {
         return false;
     }
     ToutSelectionner(base);
+    return true;
+}
+
+bool ChargerEtAnnoncer(Base& base, const std::string& chemin) {
+    Chrono lecture;
+    if (!ChargerFichier(base, chemin)) return false;
+    std::printf("%s : %d personnes lues en %.1f s\n", chemin.c_str(), base.NbPersosReels, lecture.Secondes());
     return true;
 }
 

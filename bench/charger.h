@@ -16,5 +16,7 @@ inline std::string FichierDuBanc(int argc, char** argv) {
 
 // Faux, avec un mot sur la sortie, quand le fichier ne se lit pas.
 bool ChargerFichier(Base& base, const std::string& chemin, bool remplirListes = false);
+// La même, qui dit combien de personnes ont été lues et en combien de temps.
+bool ChargerEtAnnoncer(Base& base, const std::string& chemin);
 
 }  // namespace arbolix::bench

@@ -78,9 +78,7 @@ void DescendanceSynthetique(Base& base, std::int32_t n) {
 }
 
 bool Charger(Base& base, const std::string& chemin) {
-    bench::Chrono lecture;
-    if (!bench::ChargerFichier(base, chemin)) return false;
-    std::printf("%s : %d personnes lues en %.1f s\n", chemin.c_str(), base.NbPersosReels, lecture.Secondes());
+    if (!bench::ChargerEtAnnoncer(base, chemin)) return false;
     return true;
 }
 

@@ -20,9 +20,7 @@ namespace {
 
 void GrandFichier(const std::string& chemin) {
     Base base;
-    bench::Chrono lecture;
-    if (!bench::ChargerFichier(base, chemin)) return;
-    std::printf("%s : %d personnes lues en %.1f s\n", chemin.c_str(), base.NbPersosReels, lecture.Secondes());
+    if (!bench::ChargerEtAnnoncer(base, chemin)) return;
     const std::int32_t racine = PremierePersonne(base, 1);
     bench::Chrono c;
     const Ascendance a = NumeroterAscendants(base, {racine});

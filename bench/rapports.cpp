@@ -16,9 +16,7 @@ using namespace arbolix;
 int main(int argc, char** argv) {
     const std::string chemin = bench::FichierDuBanc(argc, argv);
     Base base;
-    bench::Chrono lecture;
-    if (!bench::ChargerFichier(base, chemin)) return 1;
-    std::printf("%s : %d personnes lues en %.1f s\n", chemin.c_str(), base.NbPersosReels, lecture.Secondes());
+    if (!bench::ChargerEtAnnoncer(base, chemin)) return 1;
     Options options;
     OptionsExport exports;
     ContexteExport ctx{base, options, exports, {23, 11, 2026}};

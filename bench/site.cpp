@@ -18,9 +18,7 @@ int main(int argc, char** argv) {
     const std::string chemin = argc > 1 ? argv[1] : "/tmp/arbolix-reel-100000.ged";
     const std::filesystem::path dossier = argc > 2 ? argv[2] : "/tmp/arbolix-banc-site";
     Base base;
-    bench::Chrono lecture;
-    if (!bench::ChargerFichier(base, chemin)) return 1;
-    std::printf("%s : %d personnes lues en %.1f s\n", chemin.c_str(), base.NbPersosReels, lecture.Secondes());
+    if (!bench::ChargerEtAnnoncer(base, chemin)) return 1;
     Options options;
     OptionsExport exports;
     exports.FichierExport = (dossier / "index.html").string();

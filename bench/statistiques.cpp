@@ -16,9 +16,7 @@ using namespace arbolix;
 int main(int argc, char** argv) {
     const std::string chemin = bench::FichierDuBanc(argc, argv);
     Base base;
-    bench::Chrono lecture;
-    if (!bench::ChargerFichier(base, chemin)) return 1;
-    std::printf("%s : %d personnes lues en %.1f s\n", chemin.c_str(), base.NbPersosReels, lecture.Secondes());
+    if (!bench::ChargerEtAnnoncer(base, chemin)) return 1;
     Options options;
     const ContexteStatistiques ctx{base, options, "grand.ged", "Arbolix", "/usr/bin", 2026};
     const std::vector<int> toutes{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10};

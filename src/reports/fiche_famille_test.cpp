@@ -9,10 +9,7 @@ namespace arbolix {
 namespace {
 
 std::string Fixture(const char* nom) {
-    std::ifstream f(std::string(ARBOLIX_DONNEES) + "/stats/" + nom, std::ios::binary);
-    std::ostringstream o;
-    o << f.rdbuf();
-    return o.str();
+    return essais::LireOctets(std::string(ARBOLIX_DONNEES) + "/stats/" + nom);
 }
 
 const std::string M(10, ' ');

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "gedcom/comparaison_test.h"
 #include "gedcom/lecture_essai.h"
 #include "store/selection.h"
 
@@ -9,10 +10,7 @@ namespace arbolix {
 namespace {
 
 std::string Fixture(const char* nom) {
-    std::ifstream f(std::string(ARBOLIX_DONNEES) + "/stats/" + nom, std::ios::binary);
-    std::ostringstream o;
-    o << f.rdbuf();
-    return o.str();
+    return essais::LireOctets(std::string(ARBOLIX_DONNEES) + "/stats/" + nom);
 }
 
 // "|" pour CR LF et "^" pour la tabulation : les blocs attendus tiennent sur une ligne.
@@ -89,7 +87,8 @@ TEST(Statistiques, ChaqueBlocSurLaFamilleDEssai) {
     for (const auto& c : cas) EXPECT_EQ(Bloc(l, c.choix), Attendu(c.bloc)) << "choix " << c.choix;
 
     const Statistiques tout = Etablir(l, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
-    EXPECT_EQ(tout.texte.rfind(Attendu("Statistiques du fichier famille.ged||7 personnes||Pour exploiter"), 0), 0u);
+    EXPECT_EQ(
+        tout.texte.rfind(Attendu("Statistiques du fichier famille.ged||7 personnes||Pour exploiter"), 0), 0u);
     EXPECT_NE(tout.texte.find("de Arbolix : /opt/arbolix et copiez-collez"), std::string::npos);
     // Les graphiques : sexe, âges au décès, mois, décennies, signes, signes chinois.
     ASSERT_EQ(tout.repartitions.size(), 6u);

@@ -16,10 +16,7 @@ namespace arbolix {
 namespace {
 
 std::string Fichier(const std::string& chemin) {
-    std::ifstream f(std::string(ARBOLIX_DONNEES) + "/" + chemin, std::ios::binary);
-    std::ostringstream o;
-    o << f.rdbuf();
-    return o.str();
+    return essais::LireOctets(std::string(ARBOLIX_DONNEES) + "/" + chemin);
 }
 
 struct Arbre : testing::Test {

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "aides/base_essai.h"
+#include "gedcom/comparaison_test.h"
 #include "gedcom/ecrivain.h"
 #include "gedcom/lecture_essai.h"
 #include "store/selection.h"
@@ -14,10 +15,7 @@ namespace arbolix {
 namespace {
 
 std::string Fichier(const std::string& nom) {
-    std::ifstream f(std::string(ARBOLIX_DONNEES) + "/verification/" + nom, std::ios::binary);
-    std::ostringstream o;
-    o << f.rdbuf();
-    return o.str();
+    return essais::LireOctets(std::string(ARBOLIX_DONNEES) + "/verification/" + nom);
 }
 
 std::string Verifier(Base& b, const Options& o = {}) {
