@@ -37,8 +37,9 @@ void AttendUneDate(LecteurGedcom& l, std::string_view deQuoi) {
                        " attend une date de " + std::string(deQuoi) + ".");
 }
 
+// Le lieu garde ses capitales accentuées : « Épinal » relu « Epinal » serait une perte.
 Texte LieuLu(LecteurGedcom& l, std::string_view v) {
-    std::string lieu(SansBlancs(Remplacer(v, "\xC9", "E")));
+    std::string lieu(SansBlancs(v));
     if (l.contexte_.remplirListes && lieu != l.DernierLieu) {
         l.base_.Listes.Lieu.Ajouter(lieu);
         l.DernierLieu = lieu;

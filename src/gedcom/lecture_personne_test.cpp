@@ -92,7 +92,7 @@ TEST(LecturePersonne, EvenementsDatesEtLieux) {
         "0 @I1@ INDI|1 NAME A /B/|1 BIRT|2 DATE 12 MAR 1750|2 PLAC  \xC9pinal |1 BAPM|2 DATE 13 MAR 1750"
         "|1 EVEN|2 DATE 1780|2 PLAC Metz|1 CHAN|2 DATE 2 JAN 1900|3 TIME 10:00");
     EXPECT_EQ(l.P(1),
-              "Nom=B; Prenoms=A; Naissance.Date=12/03/1750; Naissance.Lieu=Epinal; Bapteme.Date=13/03/1750; "
+              "Nom=B; Prenoms=A; Naissance.Date=12/03/1750; Naissance.Lieu=\xC9pinal; Bapteme.Date=13/03/1750; "
               "Notes= 1780 r\xE9side \xE0 Metz; DateModif=3");
     EXPECT_TRUE(l.Journal().empty()) << l.Journal();
 }
