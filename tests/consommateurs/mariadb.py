@@ -113,8 +113,8 @@ EVENEMENTS = {"BIRT", "CHR", "BAPM", "DEAT", "BURI", "MARR", "MARC", "DIV"}
 
 def textes_accentues(ged):
     """Lieux des évènements exportés et noms de famille du fichier (page 1252) qui portent une
-    lettre hors ASCII, tels que le script doit les porter : la lecture change « É » d'un lieu en
-    « E », et le script change chaque « \\ » en « / »."""
+    lettre hors ASCII, tels que le script doit les porter : le script change chaque « \\ » en
+    « / »."""
     textes, evenement = set(), None
     with open(ged, encoding="cp1252") as f:
         for ligne in f:
@@ -124,7 +124,7 @@ def textes_accentues(ged):
             lieu = re.match(r"2 PLAC (.+)$", ligne)
             nom = re.match(r"1 NAME [^/]*/([^/]+)/", ligne)
             if lieu and evenement in EVENEMENTS:
-                texte = lieu.group(1).replace("É", "E")
+                texte = lieu.group(1)
             elif nom:
                 texte = nom.group(1)
             else:
