@@ -212,10 +212,7 @@ std::string TexteAscendance(const ContexteExport& ctx, int generationsMax) {
     f.Ligne("Liste d'ascendance \xE9tablie le " + DateDuRapport(ctx));
     f.Ligne(std::to_string(a.NbAncetres) + " anc\xEAtres de " + p.Nom + " " + p.Prenoms);
     f.Ligne();
-    if (!ctx.exports.TexteComp.empty()) {
-        f.Ligne(ctx.exports.TexteComp);
-        f.Ligne();
-    }
+    EcrireTexteComp(ctx, f);
     if (ctx.exports.Toutes)
         Blocs(ctx, a, f);
     else

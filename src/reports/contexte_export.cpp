@@ -13,4 +13,10 @@ std::string DateDuRapport(const ContexteExport& ctx) {
     return FormatDateCourte(ctx.aujourdhui);
 }
 
+void EcrireTexteComp(const ContexteExport& ctx, TexteRapport& f) {
+    if (ctx.exports.TexteComp.empty()) return;
+    f.Ligne(ctx.exports.TexteComp);
+    f.Ligne();
+}
+
 }  // namespace arbolix

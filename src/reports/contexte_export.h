@@ -96,4 +96,7 @@ private:
 // La date du jour sous la forme courte "jj/mm/aaaa" des en-têtes.
 std::string DateDuRapport(const ContexteExport& ctx);
 
+// Le texte complémentaire du dialogue, suivi d'une ligne vide, quand il y en a un.
+void EcrireTexteComp(const ContexteExport& ctx, TexteRapport& f);
+
 }  // namespace arbolix

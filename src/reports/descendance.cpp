@@ -369,10 +369,7 @@ std::string TexteDescendance(const ContexteExport& ctx) {
     const Perso& p = PersoLu(ctx.base, ctx.NumPerso);
     f.Ligne("Liste de descendance de " + p.Nom + " " + p.Prenoms + " \xE9tablie le " + DateDuRapport(ctx));
     f.Ligne();
-    if (!ctx.exports.TexteComp.empty()) {
-        f.Ligne(ctx.exports.TexteComp);
-        f.Ligne();
-    }
+    EcrireTexteComp(ctx, f);
     for (const char* l : {"n\xB0 d'Abboville. NOM, Prenoms, profession", "naissance : date, lieu",
                           "d\xE9"
                           "c\xE8s : date, lieu",

@@ -101,10 +101,7 @@ std::string TexteLigneDeVie(const ContexteExport& ctx, const ListePersonne& list
     const Perso& p = PersoLu(ctx.base, ctx.NumPerso);
     f.Ligne("Ligne de vie de " + p.Nom + " " + p.Prenoms + " \xE9tablie le " + DateDuRapport(ctx));
     f.Ligne();
-    if (!ctx.exports.TexteComp.empty()) {
-        f.Ligne(ctx.exports.TexteComp);
-        f.Ligne();
-    }
+    EcrireTexteComp(ctx, f);
     for (std::size_t i = 1; i < liste.Rangees.size(); ++i) {
         TourDeBoucle(ctx, static_cast<std::uint32_t>(i));
         const std::string& t = liste.Rangees[i].texte;
