@@ -255,11 +255,25 @@ void LecteurGedcom::PreparerTampon(std::string contenu) {
     ReparationsGlobales(tampon_, &contexte_.progression);
 }
 
+std::size_t LecteurGedcom::FinDeLigne(std::size_t depuis) const {
+    // memchr sur CR seul : find("\r\n") compare deux octets par un appel à chaque candidat.
+    const char* const d = tampon_.data();
+    const std::size_t n = tampon_.size();
+    while (depuis < n) {
+        const auto* cr = static_cast<const char*>(std::memchr(d + depuis, '\r', n - depuis));
+        if (!cr) break;
+        const auto i = static_cast<std::size_t>(cr - d);
+        if (i + 1 < n && d[i + 1] == '\n') return i;
+        depuis = i + 1;
+    }
+    return std::string::npos;
+}
+
 void LecteurGedcom::LigneSuivante() {
-    std::size_t fin = tampon_.find("\r\n", pos_);
+    std::size_t fin = FinDeLigne(pos_);
     if (fin == pos_) {  // une ligne vide est sautée, une seule
         pos_ += 2;
-        fin = tampon_.find("\r\n", pos_);
+        fin = FinDeLigne(pos_);
     }
     if (fin == std::string::npos) {
         aucuneLigne_ = true;
@@ -303,14 +317,19 @@ void LecteurGedcom::Decouper() {
             LigneCourante.erase(2, fin);
         }
     }
-    // La balise va jusqu'au premier blanc à partir du quatrième caractère, la ligne
-    // étant prolongée de quatre blancs ; la valeur commence deux caractères plus loin.
+    // La balise va jusqu'au premier blanc à partir du quatrième caractère, la ligne étant
+    // prolongée de quatre blancs (une balise de moins de trois lettres en garde), sans ses
+    // blancs de tête ; la valeur commence deux caractères plus loin.
     const std::string_view ligne = Depuis(LigneCourante, 3);
-    std::size_t blanc = ligne.find(' ', 3);
-    if (blanc == std::string_view::npos) blanc = std::max<std::size_t>(ligne.size(), 3);
-    Balise.assign(ligne.substr(0, std::min(blanc, ligne.size())));
-    Balise.append(blanc > ligne.size() ? blanc - ligne.size() : 0, ' ');
-    Balise.erase(0, std::min(Balise.find_first_not_of(' '), Balise.size()));
+    const std::size_t blanc = ligne.find(' ', 3);
+    const std::string_view balise = ligne.substr(0, blanc);
+    const std::size_t tete = balise.find_first_not_of(' ');
+    if (tete == std::string_view::npos) {
+        Balise.clear();
+    } else {
+        Balise.assign(balise.substr(tete));
+        if (blanc == std::string_view::npos && ligne.size() < 3) Balise.append(3 - ligne.size(), ' ');
+    }
     LigneCourante.erase(0, std::min(LigneCourante.size(), 2 + Balise.size() + 1));
 }
 

@@ -227,6 +227,8 @@ public:
 
 private:
     void PreparerTampon(std::string contenu);
+    // Début du prochain CR LF à partir de depuis, npos s'il n'y en a plus.
+    std::size_t FinDeLigne(std::size_t depuis) const;
     void BouclePrincipale();
     // Retient les lignes debut..(ligne courante - 1) comme une fiche sans numéro de personne.
     void NoterFiche(std::int32_t debut, std::string nom);
