@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 #include "gedcom/lecteur_gedcom.h"
 #include "gedcom/lecture_liens.h"
@@ -31,9 +30,9 @@ using IndexBalises = IndexDeBalises<RegleBalise<Fiche>>;
 // balise : à l'appelant de le dire ou non.
 template <typename Fiche, typename Prendre>
 bool AppliquerRegle(LecteurGedcom& l, const IndexBalises<Fiche>& index, Prendre&& fiche) {
-    const auto it = index.find(l.Balise);
-    if (it == index.end()) return false;
-    const RegleBalise<Fiche>& r = *it->second;
+    const RegleBalise<Fiche>* const regle = index.Chercher(l.Balise);
+    if (!regle) return false;
+    const RegleBalise<Fiche>& r = *regle;
     if (r.garde && !(l.cases_.*r.garde)) return true;
     if (r.traiter) r.traiter(l, fiche(), l.LigneCourante);
     return true;

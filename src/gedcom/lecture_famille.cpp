@@ -278,7 +278,7 @@ constexpr RegleBalise<Fami> kBalisesFamille[] = {
 }  // namespace
 
 void LecteurGedcom::LigneFamille() {
-    static const IndexBalises<Fami> index = IndexerBalises(kBalisesFamille);
+    static const IndexBalises<Fami> index(kBalisesFamille);
     AppliquerRegle(*this, index, [this]() -> Fami& { return base_.Familles[NbFamisLues]; });
 }
 

@@ -2,11 +2,11 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 #include "store/base.h"
 #include "store/liens.h"
@@ -45,27 +45,39 @@ std::int32_t MediaDuPointeur(LecteurGedcom& l, std::string_view pointeur);
 // plus haut numéro vu. Rend son numéro.
 std::int32_t NouvelObjetLocal(LecteurGedcom& l, std::string_view chemin);
 
-// Une balise fait quelques lettres : ses huit premiers octets et sa longueur suffisent à la
-// disperser, sans le hachage complet de la bibliothèque, payé sinon à chaque ligne lue.
-struct HacheBalise {
-    std::size_t operator()(std::string_view b) const noexcept {
+// Table des balises d'une fiche (lignes { balise, ... }), consultée à chaque ligne lue :
+// adressage ouvert sur une puissance de deux, sans division ni nœud à suivre. Une balise fait
+// quelques lettres : ses huit premiers octets et sa longueur suffisent à la disperser. La
+// première ligne d'une balise l'emporte.
+template <typename Regle>
+class IndexDeBalises {
+public:
+    template <std::size_t N>
+    explicit IndexDeBalises(const Regle (&regles)[N]) {
+        static_assert(N <= kCases / 2, "table des balises trop petite");
+        for (const Regle& r : regles) {
+            std::size_t i = Case(r.balise);
+            while (cases_[i] && cases_[i]->balise != r.balise) i = (i + 1) % kCases;
+            if (!cases_[i]) cases_[i] = &r;
+        }
+    }
+    // La règle de cette balise, nul si la table ne la connaît pas.
+    const Regle* Chercher(std::string_view balise) const noexcept {
+        for (std::size_t i = Case(balise);; i = (i + 1) % kCases) {
+            if (!cases_[i] || cases_[i]->balise == balise) return cases_[i];
+        }
+    }
+
+private:
+    static constexpr std::size_t kCases = 256;
+    static std::size_t Case(std::string_view b) noexcept {
         std::uint64_t v = 0;
         std::memcpy(&v, b.data(), std::min<std::size_t>(b.size(), sizeof v));
         const std::uint64_t h = (v ^ b.size()) * 0x9E3779B97F4A7C15ull;
-        return static_cast<std::size_t>(h ^ (h >> 32));
+        return static_cast<std::size_t>(h >> 56);  // les octets hauts sont les mieux mêlés
     }
+    std::array<const Regle*, kCases> cases_{};
 };
-template <typename Regle>
-using IndexDeBalises = std::unordered_map<std::string_view, const Regle*, HacheBalise>;
-
-// Index d'une table de balises (lignes { balise, ... }) : la première ligne d'une balise l'emporte.
-// Une recherche par ligne lue au lieu d'une chaîne de comparaisons.
-template <typename Regle, std::size_t N>
-IndexDeBalises<Regle> IndexerBalises(const Regle (&regles)[N]) {
-    IndexDeBalises<Regle> index;
-    for (const Regle& r : regles) index.try_emplace(r.balise, &r);
-    return index;
-}
 
 // Une fiche de plus dans les tableaux quand un numéro dépasse la borne.
 void AssurerPlace(Base& base, std::int64_t numero);

@@ -564,7 +564,7 @@ bool SuiteDUneNote(std::string_view balise) {
 }  // namespace
 
 void LecteurGedcom::LignePersonne() {
-    static const IndexBalises<Perso> index = IndexerBalises(kBalisesPersonne);
+    static const IndexBalises<Perso> index(kBalisesPersonne);
     Perso& p = base_.Persos[base_.NumCourant];
     if (!AppliquerRegle(*this, index, [&p]() -> Perso& { return p; }) && !LigneCourante.empty() &&
         !Comme(Balise, "@*@"))
