@@ -173,14 +173,12 @@ void Note(LecteurGedcom& l, Fami& f, std::string& v) {
     if (EstPointeur(v)) v = LienLu(l, v, 'N');
     Acte& a = ActeOuMariage(f, l.Contexte1());
     AjouterNoteActe(a, v);
-    LierRetour(l, v, 'N', l.NbFamisLues, true);
 }
 
 void Source(LecteurGedcom& l, Fami& f, std::string& v) {
     if (EstPointeur(v)) v = LienLu(l, v, 'S');
     ActeOuMariage(f, l.Contexte1()).Source += v;
     if (l.contexte_.remplirListes) l.base_.Listes.Source.Ajouter(v);
-    LierRetour(l, v, 'S', l.NbFamisLues, true);
 }
 
 void Temoin(LecteurGedcom& l, Fami& f, std::string& v) {

@@ -70,13 +70,6 @@ std::int32_t ObjetDeLaPersonneAuChemin(const Base& b, const Perso& p, std::strin
     return m;
 }
 
-void LierRetour(LecteurGedcom& l, std::string_view lien, char genre, std::int32_t numero, bool famille) {
-    const std::int32_t g = NumeroDuLien(lien, genre);
-    if (g <= 0 || g > l.base_.MaxFiches) return;
-    NoteExt& cible = genre == 'N' ? l.base_.Notes[g] : l.base_.Sources[g];
-    PlacerPremierLibre(famille ? cible.LiensFamis : cible.LiensPersos, numero);
-}
-
 namespace {
 
 template <typename E>
