@@ -4,6 +4,7 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -141,13 +142,12 @@ public:
     };
     std::array<Renumerotation, static_cast<std::size_t>(Genre::Nombre)> ConvNumeros;
     std::int64_t PlafondConv = 0;
-    std::string DernierLieu;
-    // Chaque lieu distinct n'est gardé qu'une fois : les fiches en partagent le texte.
-    struct HacheTexte {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view s) const noexcept { return std::hash<std::string_view>{}(s); }
-    };
-    std::unordered_set<Texte, HacheTexte, std::equal_to<>> Lieux;
+    // Chaque lieu distinct n'est gardé qu'une fois : les fiches en partagent le texte. L'index
+    // est vu sur les textes gardés (une deque ne les déplace pas) : std::hash<string_view> y
+    // garde le haché de chaque lieu, une recherche ne rehache pas toute une alvéole.
+    std::deque<Texte> Lieux;
+    std::unordered_map<std::string_view, const Texte*> IndexLieux;
+    const Texte* DernierLieu = nullptr;  // le dernier lieu lu, parmi Lieux
     std::int32_t PremierePerso = 0;
 
     std::int32_t MaxPersos = 0;    // maximum de travail des numéros de personnes

@@ -39,13 +39,18 @@ void AttendUneDate(LecteurGedcom& l, std::string_view deQuoi) {
 
 // Le lieu garde ses capitales accentuées : « Épinal » relu « Epinal » serait une perte.
 Texte LieuLu(LecteurGedcom& l, std::string_view v) {
-    std::string lieu(SansBlancs(v));
-    if (l.contexte_.remplirListes && lieu != l.DernierLieu) {
-        l.base_.Listes.Lieu.Ajouter(lieu);
-        l.DernierLieu = lieu;
+    const std::string_view lieu = SansBlancs(v);
+    // Un lieu suit souvent le même (naissance et baptême au village) : la recherche est évitée.
+    if (l.DernierLieu && *l.DernierLieu == lieu) return *l.DernierLieu;
+    if (const auto it = l.IndexLieux.find(lieu); it != l.IndexLieux.end()) {
+        l.DernierLieu = it->second;
+    } else {
+        // Un lieu encore jamais lu : c'est la seule fois qu'il peut manquer à la liste de saisie.
+        if (l.contexte_.remplirListes) l.base_.Listes.Lieu.Ajouter(lieu);
+        l.DernierLieu = &l.Lieux.emplace_back(lieu);
+        l.IndexLieux.emplace(l.DernierLieu->vue(), l.DernierLieu);
     }
-    if (const auto it = l.Lieux.find(std::string_view(lieu)); it != l.Lieux.end()) return *it;
-    return *l.Lieux.emplace(lieu).first;
+    return *l.DernierLieu;
 }
 
 void DateDeModification(LecteurGedcom& l, std::string_view v, double& dateModif) {
