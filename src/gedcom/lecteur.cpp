@@ -1,10 +1,13 @@
 #include "gedcom/lecteur.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <new>
+#include <vector>
 
 #include "gedcom/lecteur_gedcom.h"
 #include "platform/cp1252.h"
@@ -43,13 +46,15 @@ bool LireFichierEntier(const std::string& chemin, std::string& contenu, std::str
         erreur = "Impossible d'ouvrir le fichier " + nom + " (droits insuffisants ?).";
         return false;
     }
-    // D'un seul bloc, avec la place de la fin de ligne que le lecteur ajoute.
+    // D'un seul bloc, avec la place de la fin de ligne que le lecteur ajoute et de ce que les
+    // réparations globales insèrent : sans elle, chacune réallouait et recopiait tout le tampon.
+    // Cette réserve n'est que virtuelle tant que rien n'y est écrit.
     const auto taille = std::filesystem::file_size(chemin, ec);
     if (ec) {
         erreur = "Erreur de lecture du fichier " + nom + ".";
         return false;
     }
-    contenu.reserve(static_cast<std::size_t>(taille) + 2);
+    contenu.reserve(static_cast<std::size_t>(taille) + static_cast<std::size_t>(taille) / 32 + 2);
     contenu.resize(static_cast<std::size_t>(taille));
     f.read(contenu.data(), static_cast<std::streamsize>(taille));
     if (f.gcount() != static_cast<std::streamsize>(taille)) {
@@ -123,6 +128,19 @@ NatureFichier ExaminerFichier(std::string_view octets) {
 
 // --- Tampon : fins de ligne et réparations globales ---
 
+namespace {
+
+// Un LF qui ne suit pas un CR ? Une boucle sans branche que le compilateur vectorise : le cas
+// courant d'un fichier tout en CR LF se vérifie sans un appel par ligne.
+bool LfSeul(std::string_view t) {
+    if (t.empty()) return false;
+    std::size_t seuls = t[0] == '\n';
+    for (std::size_t i = 1; i < t.size(); ++i) seuls += (t[i] == '\n') & (t[i - 1] != '\r');
+    return seuls > 0;
+}
+
+}  // namespace
+
 void NormaliserFinsDeLigne(std::string& tampon) {
     // La fin de la ligne d'en-tête dit la convention du fichier. On garde la
     // lecture des règles (CR, LF, CR LF) et on y ajoute ce que les fichiers
@@ -148,6 +166,7 @@ void NormaliserFinsDeLigne(std::string& tampon) {
     const auto suivant = [&](std::size_t depuis) {
         return crSeul ? tampon.find_first_of("\r\n", depuis) : tampon.find('\n', depuis);
     };
+    if (!crSeul && !LfSeul(tampon)) return;
     std::size_t i = suivant(0);
     while (i != std::string::npos && !seule(i)) i = suivant(i + 1);
     if (i == std::string::npos) return;
@@ -164,6 +183,31 @@ void NormaliserFinsDeLigne(std::string& tampon) {
     tampon.swap(r);
 }
 
+namespace {
+
+// Les trois réparations de pointeurs tiennent à un « @ ». Un fichier en a des millions : un
+// seul parcours relève les places de chacune, au lieu d'un par réparation.
+using PlacesArobase = std::array<std::vector<std::size_t>, 3>;
+PlacesArobase MotifsArobase(std::string_view t, const std::array<std::string_view, 3>& motifs) {
+    PlacesArobase places;
+    const char* const debut = t.data();
+    const char* const fin = debut + t.size();
+    for (const char* q = debut;
+         (q = static_cast<const char*>(std::memchr(q, '@', static_cast<std::size_t>(fin - q)))); ++q) {
+        const auto ici = static_cast<std::size_t>(q - debut);
+        for (std::size_t k = 0; k < motifs.size(); ++k) {
+            const std::size_t avant = motifs[k].find('@');
+            auto& v = places[k];
+            // Comme un remplacement : une occurrence ne chevauche pas la précédente.
+            if (ici < avant || (!v.empty() && ici - avant < v.back() + motifs[k].size())) continue;
+            if (t.substr(ici - avant).starts_with(motifs[k])) v.push_back(ici - avant);
+        }
+    }
+    return places;
+}
+
+}  // namespace
+
 void ReparationsGlobales(std::string& tampon, Progression* progression) {
     static constexpr std::pair<std::string_view, std::string_view> kReparations[] = {
         {" @INDI", " @"},
@@ -174,8 +218,15 @@ void ReparationsGlobales(std::string& tampon, Progression* progression) {
         {"\r\n1 NOTE \\\r\n", "\r\n"},
         {"\t", ""},
     };
-    for (const auto& [de, vers] : kReparations) {
-        RemplacerTout(tampon, de, vers);
+    const auto places =
+        MotifsArobase(tampon, {kReparations[0].first, kReparations[1].first, kReparations[2].first});
+    // Les places relevées valent tant que rien n'a bougé ; après un remplacement, on cherche.
+    bool remplace = false;
+    for (std::size_t k = 0; k < std::size(kReparations); ++k) {
+        const auto& [de, vers] = kReparations[k];
+        const std::size_t n = k < places.size() && !remplace ? RemplacerAux(tampon, places[k], de, vers)
+                                                             : RemplacerTout(tampon, de, vers);
+        remplace = remplace || n > 0;
         if (progression) progression->LaisserPasser();
     }
     if (tampon.find("\\rtf") != std::string::npos) {
@@ -204,11 +255,25 @@ void LecteurGedcom::PreparerTampon(std::string contenu) {
     ReparationsGlobales(tampon_, &contexte_.progression);
 }
 
+std::size_t LecteurGedcom::FinDeLigne(std::size_t depuis) const {
+    // memchr sur CR seul : find("\r\n") compare deux octets par un appel à chaque candidat.
+    const char* const d = tampon_.data();
+    const std::size_t n = tampon_.size();
+    while (depuis < n) {
+        const auto* cr = static_cast<const char*>(std::memchr(d + depuis, '\r', n - depuis));
+        if (!cr) break;
+        const auto i = static_cast<std::size_t>(cr - d);
+        if (i + 1 < n && d[i + 1] == '\n') return i;
+        depuis = i + 1;
+    }
+    return std::string::npos;
+}
+
 void LecteurGedcom::LigneSuivante() {
-    std::size_t fin = tampon_.find("\r\n", pos_);
+    std::size_t fin = FinDeLigne(pos_);
     if (fin == pos_) {  // une ligne vide est sautée, une seule
         pos_ += 2;
-        fin = tampon_.find("\r\n", pos_);
+        fin = FinDeLigne(pos_);
     }
     if (fin == std::string::npos) {
         aucuneLigne_ = true;
@@ -252,14 +317,19 @@ void LecteurGedcom::Decouper() {
             LigneCourante.erase(2, fin);
         }
     }
-    // La balise va jusqu'au premier blanc à partir du quatrième caractère, la ligne
-    // étant prolongée de quatre blancs ; la valeur commence deux caractères plus loin.
+    // La balise va jusqu'au premier blanc à partir du quatrième caractère, la ligne étant
+    // prolongée de quatre blancs (une balise de moins de trois lettres en garde), sans ses
+    // blancs de tête ; la valeur commence deux caractères plus loin.
     const std::string_view ligne = Depuis(LigneCourante, 3);
-    std::size_t blanc = ligne.find(' ', 3);
-    if (blanc == std::string_view::npos) blanc = std::max<std::size_t>(ligne.size(), 3);
-    Balise.assign(ligne.substr(0, std::min(blanc, ligne.size())));
-    Balise.append(blanc > ligne.size() ? blanc - ligne.size() : 0, ' ');
-    Balise.erase(0, std::min(Balise.find_first_not_of(' '), Balise.size()));
+    const std::size_t blanc = ligne.find(' ', 3);
+    const std::string_view balise = ligne.substr(0, blanc);
+    const std::size_t tete = balise.find_first_not_of(' ');
+    if (tete == std::string_view::npos) {
+        Balise.clear();
+    } else {
+        Balise.assign(balise.substr(tete));
+        if (blanc == std::string_view::npos && ligne.size() < 3) Balise.append(3 - ligne.size(), ' ');
+    }
     LigneCourante.erase(0, std::min(LigneCourante.size(), 2 + Balise.size() + 1));
 }
 

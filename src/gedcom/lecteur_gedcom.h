@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <initializer_list>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -92,6 +93,12 @@ public:
     void Journaliser(std::string_view texte) { resultat_.Journal.append(texte); }
     void JournaliserLigne(std::string_view texte) {
         resultat_.Journal.append(texte);
+        resultat_.Journal.append("\r\n");
+    }
+    // Une ligne faite de morceaux, écrits à la suite dans le journal : les messages fréquents
+    // (des centaines de milliers dans un grand fichier) ne passent pas par des chaînes de travail.
+    void JournaliserLigne(std::initializer_list<std::string_view> morceaux) {
+        for (const std::string_view m : morceaux) resultat_.Journal.append(m);
         resultat_.Journal.append("\r\n");
     }
     void MontrerProgression();
@@ -220,6 +227,8 @@ public:
 
 private:
     void PreparerTampon(std::string contenu);
+    // Début du prochain CR LF à partir de depuis, npos s'il n'y en a plus.
+    std::size_t FinDeLigne(std::size_t depuis) const;
     void BouclePrincipale();
     // Retient les lignes debut..(ligne courante - 1) comme une fiche sans numéro de personne.
     void NoterFiche(std::int32_t debut, std::string nom);

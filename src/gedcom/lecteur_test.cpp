@@ -9,6 +9,7 @@
 #include "gedcom/lecteur_gedcom.h"
 #include "gedcom/lecture_essai.h"
 #include "platform/progression.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 namespace {
@@ -72,6 +73,22 @@ TEST(Lecteur, ReparationsGlobales) {
     EXPECT_EQ(t,
               "0 @5@ INDI\r\n0 @N1@ NOTE\r\n1 TEXT Texte de note\r\n1 TITL\r\n2 TYPE Notaire\r\n"
               "2 DATE ABT 1750\r\n1SEX M\r\n0 @S3@ SOUR\r\n");
+    // Un remplacement peut en créer un suivant : le résultat est celui des remplacements faits
+    // l'un après l'autre, quel que soit le raccourci pris.
+    for (std::string_view cas : {" @INDISOUR4@ FAMC\r\n", " @INDI@ NOTE x\r\n", "0 @N2@ NOTE @ NOTE a\r\n",
+                                 "1 TITL 1 TITL \r\n1 NOTE \\\r\n1 NOTE \\\r\n", "@@ NOTE \t@ NOTE "}) {
+        std::string attendu(cas), obtenu(cas);
+        for (auto [de, vers] : {std::pair{" @INDI", " @"},
+                                {" @SOUR", " @S"},
+                                {"@ NOTE ", "@ NOTE\r\n1 TEXT "},
+                                {"1 TITL ", "1 TITL\r\n2 TYPE "},
+                                {"2 DATE CA.", "2 DATE ABT "},
+                                {"\r\n1 NOTE \\\r\n", "\r\n"},
+                                {"\t", ""}})
+            RemplacerTout(attendu, de, vers);
+        ReparationsGlobales(obtenu);
+        EXPECT_EQ(obtenu, attendu) << cas;
+    }
     std::string rtf = "1 NOTE {\\rtf1 gras}\r\n";
     ReparationsGlobales(rtf);
     EXPECT_EQ(rtf, "1 NOTE [/rtf1 gras]\r\n");

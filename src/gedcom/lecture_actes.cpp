@@ -19,11 +19,11 @@ void DonneeNonTraitee(LecteurGedcom& l, std::string_view qui) {
 
 void DonneeNonTraitee(LecteurGedcom& l, std::string_view qui, std::string_view balise,
                       std::string_view valeur) {
-    l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + ", " + std::string(qui) +
-                       ", donn\xE9"
-                       "e non trait\xE9"
-                       "e : " +
-                       std::string(balise) + " " + std::string(valeur));
+    l.JournaliserLigne({"Erreur ligne ", NumLigneTexte(l), ", ", qui,
+                        ", donn\xE9"
+                        "e non trait\xE9"
+                        "e : ",
+                        balise, " ", valeur});
 }
 
 void LienVersUneFamille(LecteurGedcom& l, std::string_view v, std::string_view deQui) {

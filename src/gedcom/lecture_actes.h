@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "gedcom/lecteur_gedcom.h"
+#include "gedcom/lecture_liens.h"
 #include "store/base.h"
 
 namespace arbolix {
@@ -23,7 +24,7 @@ struct RegleBalise {
 };
 
 template <typename Fiche>
-using IndexBalises = std::unordered_map<std::string_view, const RegleBalise<Fiche>*>;
+using IndexBalises = IndexDeBalises<RegleBalise<Fiche>>;
 
 // Traite la ligne courante par la règle de sa balise, si sa case est cochée ; la fiche
 // n'est prise (fiche()) que pour être traitée. Faux quand la table ne connaît pas la

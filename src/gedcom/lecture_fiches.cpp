@@ -47,9 +47,13 @@ void LecteurGedcom::SectionNote(bool source) {
 void ParcourirDepots(LecteurGedcom& l) {
     l.DepotsParcourus = true;
     const std::string_view t = l.tampon_;
-    for (std::size_t a = Chercher(t, "\r\n0 @"); a != std::string_view::npos;
-         a = Chercher(t, "\r\n0 @", a + 2)) {
-        std::size_t fin = std::min(t.find("\r\n", a + 2), t.size());
+    // On cherche « REPO » plutôt que chaque ligne 0 : un fichier a des millions de fiches et
+    // peu de dépôts, ou aucun.
+    for (std::size_t r = Chercher(t, " REPO"); r != std::string_view::npos;) {
+        const std::size_t a = t.rfind("\r\n", r);
+        std::size_t fin = std::min(t.find("\r\n", r), t.size());
+        r = fin < t.size() ? Chercher(t, " REPO", fin) : std::string_view::npos;
+        if (a == std::string_view::npos || t.substr(a + 2, 3) != "0 @") continue;
         const std::string_view ligne = SansBlancs(t.substr(a + 2, fin - a - 2));
         if (Droite(ligne, 5) != " REPO") continue;
         const std::string id(ligne.substr(3, ligne.find('@', 3) - 3));

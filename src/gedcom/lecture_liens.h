@@ -1,7 +1,9 @@
 // Liens lus dans les fiches : pointeurs du fichier, notes et sources externes, objets médias.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -41,11 +43,24 @@ std::int32_t MediaDuPointeur(LecteurGedcom& l, std::string_view pointeur);
 // plus haut numéro vu. Rend son numéro.
 std::int32_t NouvelObjetLocal(LecteurGedcom& l, std::string_view chemin);
 
+// Une balise fait quelques lettres : ses huit premiers octets et sa longueur suffisent à la
+// disperser, sans le hachage complet de la bibliothèque, payé sinon à chaque ligne lue.
+struct HacheBalise {
+    std::size_t operator()(std::string_view b) const noexcept {
+        std::uint64_t v = 0;
+        std::memcpy(&v, b.data(), std::min<std::size_t>(b.size(), sizeof v));
+        const std::uint64_t h = (v ^ b.size()) * 0x9E3779B97F4A7C15ull;
+        return static_cast<std::size_t>(h ^ (h >> 32));
+    }
+};
+template <typename Regle>
+using IndexDeBalises = std::unordered_map<std::string_view, const Regle*, HacheBalise>;
+
 // Index d'une table de balises (lignes { balise, ... }) : la première ligne d'une balise l'emporte.
 // Une recherche par ligne lue au lieu d'une chaîne de comparaisons.
 template <typename Regle, std::size_t N>
-std::unordered_map<std::string_view, const Regle*> IndexerBalises(const Regle (&regles)[N]) {
-    std::unordered_map<std::string_view, const Regle*> index;
+IndexDeBalises<Regle> IndexerBalises(const Regle (&regles)[N]) {
+    IndexDeBalises<Regle> index;
     for (const Regle& r : regles) index.try_emplace(r.balise, &r);
     return index;
 }

@@ -48,9 +48,9 @@ std::string_view Depuis(std::string_view s, std::size_t debut) {
 std::size_t Chercher(std::string_view s, std::string_view motif, std::size_t depuis) {
     if (depuis > s.size() || motif.empty() || motif.size() > s.size() - depuis) return std::string_view::npos;
     if (s.size() - depuis < 256) return s.find(motif, depuis);  // un texte court : find suffit
-    // Un octet rare du motif (« @ » d'un pointeur, tabulation, barre inverse) : memchr saute
-    // d'une occurrence à l'autre bien plus vite que memmem, chaque candidat vérifié en entier.
-    const std::size_t rare = motif.find_first_of("\\\t@");
+    // Un octet rare du motif (« @ » d'un pointeur, tabulation, barre inverse, point) : memchr
+    // saute d'une occurrence à l'autre bien plus vite que memmem, chaque candidat vérifié en entier.
+    const std::size_t rare = motif.find_first_of("\\\t@.");
     if (rare != std::string_view::npos && motif.size() > 1) {
         const char* const fin = s.data() + s.size();
         for (const char* q = s.data() + depuis + rare;
@@ -69,23 +69,20 @@ std::size_t Chercher(std::string_view s, std::string_view motif, std::size_t dep
     return p ? static_cast<std::size_t>(static_cast<const char*>(p) - s.data()) : std::string_view::npos;
 }
 
-std::size_t RemplacerTout(std::string& s, std::string_view de, std::string_view vers, std::size_t depuis) {
-    if (de.empty() || depuis >= s.size()) return 0;
-    std::size_t p = Chercher(s, de, depuis);
-    if (p == std::string::npos) return 0;
-    std::size_t n = 0;
+std::size_t RemplacerAux(std::string& s, const std::vector<std::size_t>& places, std::string_view de,
+                         std::string_view vers) {
+    const std::size_t n = places.size();
+    if (n == 0) return 0;
+    char* d = s.data();
     if (vers.size() > de.size()) {
-        // Le texte grandit : les places relevées d'abord, puis une seule mise à la taille finale
-        // et un remplissage depuis la fin, sur place quand la capacité suffit. Une chaîne neuve
-        // allongée au fil des ajouts recopiait plusieurs fois un tampon de centaines de mégaoctets.
-        std::vector<std::size_t> places;
-        for (; p != std::string::npos; p = Chercher(s, de, p + de.size())) places.push_back(p);
-        n = places.size();
+        // Le texte grandit : une seule mise à la taille finale et un remplissage depuis la fin, sur
+        // place quand la capacité suffit. Une chaîne neuve allongée au fil des ajouts recopiait
+        // plusieurs fois un tampon de centaines de mégaoctets.
         const std::size_t ancienne = s.size();
         const std::size_t ajout = n * (vers.size() - de.size());
         if (s.capacity() < ancienne + ajout) s.reserve(ancienne + ajout);
         s.resize(ancienne + ajout);
-        char* const d = s.data();
+        d = s.data();
         std::size_t r = ancienne;  // fin du morceau d'origine encore à placer
         std::size_t w = s.size();  // fin de l'écriture
         for (std::size_t k = n; k-- > 0;) {
@@ -99,10 +96,9 @@ std::size_t RemplacerTout(std::string& s, std::string_view de, std::string_view 
         return n;
     }
     // Le texte ne grandit pas : on tasse sur place, l'écriture derrière la lecture.
-    char* const d = s.data();
-    std::size_t r = p;
-    std::size_t w = p;
-    for (; p != std::string::npos; p = Chercher(s, de, r), ++n) {
+    std::size_t r = places[0];
+    std::size_t w = places[0];
+    for (const std::size_t p : places) {
         if (w != r) std::memmove(d + w, d + r, p - r);
         w += p - r;
         std::memcpy(d + w, vers.data(), vers.size());
@@ -112,6 +108,14 @@ std::size_t RemplacerTout(std::string& s, std::string_view de, std::string_view 
     if (w != r) std::memmove(d + w, d + r, s.size() - r);
     s.resize(w + (s.size() - r));
     return n;
+}
+
+std::size_t RemplacerTout(std::string& s, std::string_view de, std::string_view vers, std::size_t depuis) {
+    if (de.empty() || depuis >= s.size()) return 0;
+    std::vector<std::size_t> places;
+    for (std::size_t p = Chercher(s, de, depuis); p != std::string::npos; p = Chercher(s, de, p + de.size()))
+        places.push_back(p);
+    return RemplacerAux(s, places, de, vers);
 }
 
 std::string Remplacer(std::string_view s, std::string_view de, std::string_view vers) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace arbolix {
 
@@ -29,6 +30,9 @@ std::size_t Chercher(std::string_view s, std::string_view motif, std::size_t dep
 // Remplace toutes les occurrences de de par vers, à partir de la position depuis.
 // Rend le nombre de remplacements. Un seul passage : linéaire dans la taille.
 std::size_t RemplacerTout(std::string& s, std::string_view de, std::string_view vers, std::size_t depuis = 0);
+// La même chose aux places déjà relevées de de, croissantes et sans chevauchement.
+std::size_t RemplacerAux(std::string& s, const std::vector<std::size_t>& places, std::string_view de,
+                         std::string_view vers);
 std::string Remplacer(std::string_view s, std::string_view de, std::string_view vers);
 
 // Motif à la manière des listes de l'utilisateur : "*" toute suite, "?" un caractère,
