@@ -4,7 +4,6 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <initializer_list>
 #include <stdexcept>
@@ -15,6 +14,7 @@
 #include <vector>
 
 #include "dates/parse_date.h"
+#include "gedcom/index_lieux.h"
 #include "gedcom/jeux_caracteres.h"
 #include "gedcom/lecteur.h"
 #include "platform/progression.h"
@@ -149,11 +149,8 @@ public:
     };
     std::array<Renumerotation, static_cast<std::size_t>(Genre::Nombre)> ConvNumeros;
     std::int64_t PlafondConv = 0;
-    // Chaque lieu distinct n'est gardé qu'une fois : les fiches en partagent le texte. L'index
-    // est vu sur les textes gardés (une deque ne les déplace pas) : std::hash<string_view> y
-    // garde le haché de chaque lieu, une recherche ne rehache pas toute une alvéole.
-    std::deque<Texte> Lieux;
-    std::unordered_map<std::string_view, const Texte*> IndexLieux;
+    // Chaque lieu distinct n'est gardé qu'une fois : les fiches en partagent le texte.
+    IndexLieux Lieux;
     const Texte* DernierLieu = nullptr;  // le dernier lieu lu, parmi Lieux
     std::int32_t PremierePerso = 0;
 

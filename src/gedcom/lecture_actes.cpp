@@ -42,14 +42,10 @@ Texte LieuLu(LecteurGedcom& l, std::string_view v) {
     const std::string_view lieu = SansBlancs(v);
     // Un lieu suit souvent le même (naissance et baptême au village) : la recherche est évitée.
     if (l.DernierLieu && *l.DernierLieu == lieu) return *l.DernierLieu;
-    if (const auto it = l.IndexLieux.find(lieu); it != l.IndexLieux.end()) {
-        l.DernierLieu = it->second;
-    } else {
-        // Un lieu encore jamais lu : c'est la seule fois qu'il peut manquer à la liste de saisie.
-        if (l.contexte_.remplirListes) l.base_.Listes.Lieu.Ajouter(lieu);
-        l.DernierLieu = &l.Lieux.emplace_back(lieu);
-        l.IndexLieux.emplace(l.DernierLieu->vue(), l.DernierLieu);
-    }
+    bool nouveau = false;
+    l.DernierLieu = &l.Lieux.Garder(lieu, nouveau);
+    // Un lieu encore jamais lu : c'est la seule fois qu'il peut manquer à la liste de saisie.
+    if (nouveau && l.contexte_.remplirListes) l.base_.Listes.Lieu.Ajouter(lieu);
     return *l.DernierLieu;
 }
 
