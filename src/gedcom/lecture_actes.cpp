@@ -90,11 +90,11 @@ bool RoleEnAttente(const LecteurGedcom& l) {
     return l.Contexte2() == "ASSO" && l.TemoinEnAttente > 0;
 }
 
-void AjouterTemoin(LecteurGedcom& l, Acte& a, std::int32_t w, std::string_view aQui) {
+void AjouterTemoin(LecteurGedcom& l, Acte& a, std::int32_t w, const std::function<std::string()>& aQui) {
     const int i = a.Liens().Temoins.PremierLibre(1);
     if (i > kMaxTemoins) {
         l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible d'ajouter le t\xE9moin " +
-                           std::to_string(w) + std::string(aQui) + " car il y a d\xE9j\xE0 " +
+                           std::to_string(w) + aQui() + " car il y a d\xE9j\xE0 " +
                            std::to_string(kMaxTemoins) + " t\xE9moins.");
         l.TemoinEnAttente = kMaxTemoins + 1;
         return;

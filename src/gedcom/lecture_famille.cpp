@@ -185,7 +185,7 @@ void Temoin(LecteurGedcom& l, Fami& f, std::string& v) {
     l.TemoinEnAttente = 0;
     if (!PointeurDePersonne(l, v)) return;
     const std::int32_t w = l.PersonneDuPointeur(v);
-    AjouterTemoin(l, ActeOuMariage(f, l.Contexte1()), w, " \xE0 la famille " + NumFamille(l));
+    AjouterTemoin(l, ActeOuMariage(f, l.Contexte1()), w, [&] { return " \xE0 la famille " + NumFamille(l); });
 }
 
 // Le parrain d'une famille n'a pas de sexe à chercher : le contexte est celui d'un mariage.

@@ -346,7 +346,7 @@ void Temoin(LecteurGedcom& l, Perso& p, std::string& v) {
         return;
     }
     const std::int32_t w = l.PersonneDuPointeur(v);
-    AjouterTemoin(l, *a, w, " \xE0 la personne " + Numero(l) + " " + p.Nom + " " + p.Prenoms);
+    AjouterTemoin(l, *a, w, [&] { return " \xE0 la personne " + Numero(l) + " " + p.Nom + " " + p.Prenoms; });
 }
 
 void Role(LecteurGedcom& l, Perso& p, std::string& v) {
