@@ -94,10 +94,13 @@ int CommandeLire(const Arguments& args, Sorties& s) {
     Options options;
     ResultatLecture resultat;
     if (!Charger(fichiers[0], cases, base, options, resultat, s)) return 2;
+    // La base n'a plus à servir une fois résumée : le journal en mots se fait sans elle à côté.
+    const std::string resume = JournalUtf8(Resume(base));
+    base = Base{};
     const std::string lisible = JournalLisible(resultat.Journal, resultat.Reperes);
     resultat.Journal = {};
     EcrireUtf8(s.sortie, lisible);
-    s.sortie << JournalUtf8(Resume(base)) << "\n";
+    s.sortie << resume << "\n";
     return 0;
 }
 

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "dates/calendrier_gregorien.h"
+
 namespace arbolix {
 
 // "yyyy/MM/dd" pour une date ; sinon l'année des 4 derniers caractères suivie
@@ -12,5 +14,8 @@ namespace arbolix {
 // avant < vers < année < daté de janvier à septembre < après < octobre à
 // décembre. Cette place de "après" est voulue et gardée.
 std::string CleDate(std::string_view s);
+
+// La clé d'une date reconnue ("yyyy/MM/dd"), celle que CleDate donne à son texte.
+std::string CleDuJour(const DateCalendrier& d);
 
 }  // namespace arbolix

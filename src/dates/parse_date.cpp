@@ -252,9 +252,144 @@ bool Lire(Lecture& l, const ContexteDate& ctx) {
     return true;
 }
 
+// --- Formes courantes ---
+// Un gros fichier écrit presque toutes ses dates sous quelques formes, lues ici sans les copies
+// ni les recherches de la lecture complète, avec exactement son résultat. Le moindre écart
+// (blanc doublé, lettre accentuée, année de 3 chiffres, jour impossible...) la laisse faire.
+
+char MinusculeAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool MemeMot(std::string_view mot, std::string_view minuscules) {
+    return mot.size() == minuscules.size() &&
+           std::equal(mot.begin(), mot.end(), minuscules.begin(),
+                      [](char c, char m) { return MinusculeAscii(c) == m; });
+}
+
+// 1 à 12 pour un mois GEDCOM, 0 sinon.
+int MoisDuMot(std::string_view mot) {
+    if (mot.size() != 3) return 0;
+    const char bas[] = {MinusculeAscii(mot[0]), MinusculeAscii(mot[1]), MinusculeAscii(mot[2])};
+    const std::string_view minuscules(bas, 3);
+    for (std::size_t i = 1; i < MoisGedcom.size(); ++i)
+        if (minuscules == MoisGedcom[i]) return static_cast<int>(i);
+    return 0;
+}
+
+bool Annee4(std::string_view mot) {
+    return mot.size() == 4 && EstNumerique(mot);
+}
+
+// Valeur d'un mot de chiffres (vérifié avant).
+int Valeur(std::string_view chiffres) {
+    int v = 0;
+    for (const char c : chiffres) v = v * 10 + (c - '0');
+    return v;
+}
+
+// Le préfixe d'un mot admis devant une année ("ABT 1790"). Un mot qui commence par un signe
+// recevrait un blanc de plus à la lecture complète : il n'est pas pris ici.
+std::optional<std::string_view> PrefixeDuMot(std::string_view mot) {
+    if (mot.empty() || MinusculeAscii(mot[0]) < 'a' || MinusculeAscii(mot[0]) > 'z') return std::nullopt;
+    for (const auto& r : kMotsPrefixes)
+        if (MemeMot(mot, r.mot)) return r.prefixe;
+    return std::nullopt;
+}
+
+// Texte de date d'au plus quelques dizaines d'octets, assemblé sans allocation.
+struct Assemblage {
+    std::array<char, 32> octets{};
+    std::size_t taille = 0;
+    Assemblage& operator<<(std::string_view s) {
+        std::copy(s.begin(), s.end(), octets.begin() + static_cast<std::ptrdiff_t>(taille));
+        taille += s.size();
+        return *this;
+    }
+    std::string_view vue() const { return {octets.data(), taille}; }
+};
+
+constexpr std::string_view kMoisEnChiffres[] = {"",   "01", "02", "03", "04", "05", "06",
+                                                "07", "08", "09", "10", "11", "12"};
+
+// "12 MAR 1845" et "3 MAR 1845" deviennent "12/03/1845" et "03/03/1845" ; "MAR 1845" (jour
+// vide) devient "03/1845", le premier du mois. Comme à la reconnaissance de ces textes, le
+// jour doit exister et l'année valoir au moins 100 ; sinon rien n'est écrit.
+std::optional<DateCalendrier> JourMoisAnnee(std::string_view jour, std::string_view mois,
+                                            std::string_view annee, Assemblage& date) {
+    const int m = MoisDuMot(mois);
+    if (m == 0 || !Annee4(annee) || jour.size() > 2 || (!jour.empty() && !EstNumerique(jour)))
+        return std::nullopt;
+    const DateCalendrier d{jour.empty() ? 1 : Valeur(jour), m, Valeur(annee)};
+    if (d.annee < kAnneeMin || d.jour < 1 || d.jour > JoursDuMois(d.mois, d.annee)) return std::nullopt;
+    if (!jour.empty()) date << (jour.size() == 1 ? "0" : "") << jour << "/";
+    date << kMoisEnChiffres[m] << "/" << annee;
+    return d;
+}
+
+// Vrai quand le texte a une forme courante ; a reçoit alors ce que la lecture complète y
+// mettrait. Faux sans rien toucher sinon.
+bool LireFormeCourante(std::string_view texte, Acte& a, const ContexteDate& ctx) {
+    // Case Dates décochée : il ne reste que l'année, cas rare laissé à la lecture complète.
+    if (ctx.GedcomVisible && !ctx.Dates) return false;
+    const std::string_view s = SansBlancs(texte);
+    std::array<std::string_view, 4> mots;
+    std::size_t n = 0;
+    for (std::size_t k = 0, debut = 0; k <= s.size(); ++k) {
+        if (k < s.size() && s[k] != ' ') continue;
+        if (k == debut || n == mots.size()) return false;  // blanc doublé, texte vide, trop de mots
+        mots[n++] = s.substr(debut, k - debut);
+        debut = k + 1;
+    }
+    // L'échappement de calendrier est un mot inconnu, jeté : reste une date sans préfixe.
+    std::size_t i = 0;
+    if (n >= 2 && (mots[0] == "@#DJULIAN@" || mots[0] == "@#DGREGORIAN@")) i = 1;
+    const std::size_t reste = n - i;
+
+    Assemblage date;
+    std::optional<DateCalendrier> jour;  // la date reconnue, pour sa clé et sa note républicaine
+    if (reste == 1 && Annee4(mots[i])) {
+        date << mots[i];  // "1790"
+    } else if (reste == 2 && (jour = JourMoisAnnee({}, mots[i], mots[i + 1], date))) {
+        // "MAR 1845"
+    } else if (reste == 3 && (jour = JourMoisAnnee(mots[i], mots[i + 1], mots[i + 2], date))) {
+        // "12 MAR 1845"
+    } else if (i == 0 && n == 2 && Annee4(mots[1])) {
+        // "ABT 1790"
+        const auto prefixe = PrefixeDuMot(mots[0]);
+        if (!prefixe) return false;
+        date << *prefixe << mots[1];
+    } else if (i == 0 && n == 4 && MemeMot(mots[0], "bet") && MemeMot(mots[2], "and") && Annee4(mots[1]) &&
+               mots[1][0] <= '3' && Annee4(mots[3])) {
+        // "BET 1700 AND 1710" ; une première année au-delà de 3999 recevrait un zéro de tête.
+        date << "entre " << mots[1] << " et " << mots[3];
+    } else {
+        return false;
+    }
+
+    // Tout est calculé avant d'écrire : le texte lu peut être la date de l'évènement.
+    std::string notes;
+    if (jour && reste == 3 && ctx.ConvCalRep && a.Notes.vue().find('/') == std::string_view::npos)
+        notes = DateRepublicaine(NumeroJour(*jour));
+    a.Annee = static_cast<std::int16_t>(Valeur(mots[n - 1]));
+    a.DateTri = jour ? CleDuJour(*jour) : CleDate(date.vue());
+    a.Date = date.vue();
+    if (!notes.empty()) a.Notes = notes;
+    return true;
+}
+
 }  // namespace
 
 const Texte& ParseDate(std::string_view texte, Acte& a, const ContexteDate& ctx) {
+    if (LireFormeCourante(texte, a, ctx)) return a.Date;
+    return ParseDateComplete(texte, a, ctx);
+}
+
+bool ParseDateCourante(std::string_view texte, Acte& a, const ContexteDate& ctx) {
+    return LireFormeCourante(texte, a, ctx);
+}
+
+const Texte& ParseDateComplete(std::string_view texte, Acte& a, const ContexteDate& ctx) {
     Lecture l;
     // Des blancs autour de la date (« 2 DATE        1831 ») deviendraient des "/" : on les ôte.
     l.t = std::string(SansBlancs(texte));

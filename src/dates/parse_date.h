@@ -33,4 +33,10 @@ struct ContexteDate {
 // quand le formulaire Gedcom est affiché, comme le ferait le piège du lecteur.
 const Texte& ParseDate(std::string_view texte, Acte& a, const ContexteDate& ctx);
 
+// Les deux chemins de ParseDate, que les essais comparent. ParseDateCourante ne lit que les
+// formes les plus fréquentes ("12 MAR 1845", "ABT 1790", "BET 1700 AND 1710"...) et rend
+// faux, sans toucher a, pour toute autre ; ParseDateComplete lit tout.
+bool ParseDateCourante(std::string_view texte, Acte& a, const ContexteDate& ctx);
+const Texte& ParseDateComplete(std::string_view texte, Acte& a, const ContexteDate& ctx);
+
 }  // namespace arbolix

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace arbolix {
 namespace {
@@ -293,6 +294,83 @@ TEST(ParseDate, TextesDemesures) {
         Acte a;
         ParseDate(s, a, ctx);
         EXPECT_TRUE(a.DateTri.empty() || a.DateTri.size() == 10u);
+    }
+}
+
+// Textes des formes courantes et de leurs voisines : jours et années limites, mois mal écrits,
+// mots de préfixe, échappements de calendrier, blancs en trop.
+std::vector<std::string> TextesVoisins() {
+    const char* jours[] = {"0", "1", "5", "9", "01", "09", "29", "30", "31", "32", "39", "40", "123"};
+    const char* mois[] = {"JAN", "Feb", "mar", "SEP", "DEC", "MARS", "Ma", "XYZ"};
+    const char* annees[] = {"1845", "0050", "0100", "1794",  "1800", "1900",
+                            "2024", "9999", "845",  "18450", "18a5"};
+    const char* mots[] = {"ABT",          "abt", "BEF", "AFT",  "EST",   "CAL", "CA.",        "FROM",
+                          "TO",           "INT", "BET", "VERS", "AVANT", "XYZ", "@#DJULIAN@", "@#DGREGORIAN@",
+                          "@#DFRENCH R@", "-",   "~"};
+    std::vector<std::string> dates;
+    for (const char* an : annees) {
+        dates.push_back(an);
+        for (const char* m : mois) {
+            dates.push_back(std::string(m) + " " + an);
+            for (const char* j : jours) dates.push_back(std::string(j) + " " + m + " " + an);
+        }
+    }
+    std::vector<std::string> textes = dates;
+    for (const char* mot : mots)
+        for (const auto& d : dates) textes.push_back(std::string(mot) + " " + d);
+    for (const char* autre :
+         {"BET 1700 AND 1710", "bet 0990 And 1010", "BET 3999 AND 4000", "BET 4000 AND 4010", "BET 1700 AND",
+          "BET 1700 OR 1710", "  12 MAR 1845 ", "12  MAR 1845", "12 MAR 1845 (?)", "12\tMAR 1845",
+          "ABT  1790", "\xC0 1790", "APR\xC8S 1790", "apr\xE8s 1790", "1716/17", "29 FEB 1900", "29 FEB 2000",
+          "31 APR 1845"})
+        textes.push_back(autre);
+    return textes;
+}
+
+// Une forme courante lue d'un coup donne octet pour octet ce que donne la lecture complète,
+// journal compris, dans chaque réglage ; toute autre forme est laissée sans toucher l'évènement.
+TEST(ParseDate, FormesCourantesCommeLaLectureComplete) {
+    struct Reglage {
+        ContexteDate ctx;
+        const char* notes;  // notes de l'évènement avant la lecture
+    };
+    std::vector<Reglage> reglages(6, {Fichier(), ""});
+    for (int i = 1; i <= 3; ++i) reglages[i].ctx.ConvCalRep = true;
+    reglages[2].notes = "acte 12/3";  // une barre : pas de note républicaine
+    reglages[3].notes = "bapt\xEAme";
+    reglages[4].ctx.Dates = false;
+    reglages[5].ctx = ContexteDate{};
+    int lues = 0;
+    for (const auto& texte : TextesVoisins()) {
+        for (auto [ctx, notes] : reglages) {
+            SCOPED_TRACE(texte + " | " + notes);
+            ctx.LigneCourante = texte;
+            std::string journalRapide, journalComplet;
+            Acte rapide, complet, avant;
+            rapide.Notes = complet.Notes = avant.Notes = notes;
+            ctx.Journal = &journalRapide;
+            if (!ParseDateCourante(texte, rapide, ctx)) {
+                EXPECT_TRUE(rapide == avant);
+                continue;
+            }
+            ++lues;
+            ctx.Journal = &journalComplet;
+            ParseDateComplete(texte, complet, ctx);
+            EXPECT_EQ(rapide.Date.vue(), complet.Date.vue());
+            EXPECT_EQ(rapide.DateTri.vue(), complet.DateTri.vue());
+            EXPECT_EQ(rapide.Annee, complet.Annee);
+            EXPECT_EQ(rapide.Notes.vue(), complet.Notes.vue());
+            EXPECT_TRUE(rapide == complet);
+            EXPECT_EQ(journalRapide, journalComplet);
+        }
+    }
+    EXPECT_GT(lues, 3000);
+    // Les formes qu'un fichier écrit le plus souvent passent toutes par le raccourci.
+    for (const char* texte :
+         {"12 MAR 1845", "3 may 1845", "MAR 1845", "ABT 1790", "BEF 1790", "AFT 1790", "EST 1790", "CAL 1790",
+          "1790", "BET 1700 AND 1710", "@#DJULIAN@ 12 MAR 1645"}) {
+        Acte a;
+        EXPECT_TRUE(ParseDateCourante(texte, a, Fichier())) << texte;
     }
 }
 

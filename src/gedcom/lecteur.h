@@ -70,7 +70,7 @@ struct ContexteLecture {
     bool fenetreVisible = false;  // la fenêtre principale est montrée
     // Le tampon déjà lu se rend au système par pas de cette taille (un grand fichier ne tient
     // pas tout entier en mémoire à côté de la base qu'il remplit).
-    std::size_t pasRendu = std::size_t{64} << 20;
+    std::size_t pasRendu = std::size_t{16} << 20;
 };
 
 // Ce que sont les octets d'un fichier qu'on ouvre. UTF-16 (avec ou sans marque) et
