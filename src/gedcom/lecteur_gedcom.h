@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "dates/parse_date.h"
+#include "gedcom/index_lieux.h"
 #include "gedcom/jeux_caracteres.h"
 #include "gedcom/lecteur.h"
 #include "platform/progression.h"
@@ -148,13 +149,9 @@ public:
     };
     std::array<Renumerotation, static_cast<std::size_t>(Genre::Nombre)> ConvNumeros;
     std::int64_t PlafondConv = 0;
-    std::string DernierLieu;
     // Chaque lieu distinct n'est gardé qu'une fois : les fiches en partagent le texte.
-    struct HacheTexte {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view s) const noexcept { return std::hash<std::string_view>{}(s); }
-    };
-    std::unordered_set<Texte, HacheTexte, std::equal_to<>> Lieux;
+    IndexLieux Lieux;
+    const Texte* DernierLieu = nullptr;  // le dernier lieu lu, parmi Lieux
     std::int32_t PremierePerso = 0;
 
     std::int32_t MaxPersos = 0;    // maximum de travail des numéros de personnes

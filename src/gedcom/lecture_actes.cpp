@@ -39,13 +39,14 @@ void AttendUneDate(LecteurGedcom& l, std::string_view deQuoi) {
 
 // Le lieu garde ses capitales accentuées : « Épinal » relu « Epinal » serait une perte.
 Texte LieuLu(LecteurGedcom& l, std::string_view v) {
-    std::string lieu(SansBlancs(v));
-    if (l.contexte_.remplirListes && lieu != l.DernierLieu) {
-        l.base_.Listes.Lieu.Ajouter(lieu);
-        l.DernierLieu = lieu;
-    }
-    if (const auto it = l.Lieux.find(std::string_view(lieu)); it != l.Lieux.end()) return *it;
-    return *l.Lieux.emplace(lieu).first;
+    const std::string_view lieu = SansBlancs(v);
+    // Un lieu suit souvent le même (naissance et baptême au village) : la recherche est évitée.
+    if (l.DernierLieu && *l.DernierLieu == lieu) return *l.DernierLieu;
+    bool nouveau = false;
+    l.DernierLieu = &l.Lieux.Garder(lieu, nouveau);
+    // Un lieu encore jamais lu : c'est la seule fois qu'il peut manquer à la liste de saisie.
+    if (nouveau && l.contexte_.remplirListes) l.base_.Listes.Lieu.Ajouter(lieu);
+    return *l.DernierLieu;
 }
 
 void DateDeModification(LecteurGedcom& l, std::string_view v, double& dateModif) {
@@ -89,11 +90,11 @@ bool RoleEnAttente(const LecteurGedcom& l) {
     return l.Contexte2() == "ASSO" && l.TemoinEnAttente > 0;
 }
 
-void AjouterTemoin(LecteurGedcom& l, Acte& a, std::int32_t w, std::string_view aQui) {
+void AjouterTemoin(LecteurGedcom& l, Acte& a, std::int32_t w, const std::function<std::string()>& aQui) {
     const int i = a.Liens().Temoins.PremierLibre(1);
     if (i > kMaxTemoins) {
         l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible d'ajouter le t\xE9moin " +
-                           std::to_string(w) + std::string(aQui) + " car il y a d\xE9j\xE0 " +
+                           std::to_string(w) + aQui() + " car il y a d\xE9j\xE0 " +
                            std::to_string(kMaxTemoins) + " t\xE9moins.");
         l.TemoinEnAttente = kMaxTemoins + 1;
         return;

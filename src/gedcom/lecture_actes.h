@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -96,8 +97,9 @@ bool NoteALire(const LecteurGedcom& l, std::string_view v);
 bool RoleEnAttente(const LecteurGedcom& l);
 
 // Témoin w à la première place libre de l'évènement, retenu pour le rôle qui suit.
-// Quand les 20 places sont prises, le journal le dit ; aQui : " à la famille 2".
-void AjouterTemoin(LecteurGedcom& l, Acte& a, std::int32_t w, std::string_view aQui);
+// Quand les 20 places sont prises, le journal le dit ; aQui : " à la famille 2", fait pour le
+// journal seulement (des centaines de milliers de témoins n'en ont pas besoin).
+void AjouterTemoin(LecteurGedcom& l, Acte& a, std::int32_t w, const std::function<std::string()>& aQui);
 
 // Rôle du témoin retenu, traduit ; "Témoin" ne s'écrit pas. contexte : celui où la
 // traduction cherche le sexe d'un parrain. a nul : aucun évènement ne porte le témoin.

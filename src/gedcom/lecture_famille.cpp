@@ -173,21 +173,19 @@ void Note(LecteurGedcom& l, Fami& f, std::string& v) {
     if (EstPointeur(v)) v = LienLu(l, v, 'N');
     Acte& a = ActeOuMariage(f, l.Contexte1());
     AjouterNoteActe(a, v);
-    LierRetour(l, v, 'N', l.NbFamisLues, true);
 }
 
 void Source(LecteurGedcom& l, Fami& f, std::string& v) {
     if (EstPointeur(v)) v = LienLu(l, v, 'S');
     ActeOuMariage(f, l.Contexte1()).Source += v;
     if (l.contexte_.remplirListes) l.base_.Listes.Source.Ajouter(v);
-    LierRetour(l, v, 'S', l.NbFamisLues, true);
 }
 
 void Temoin(LecteurGedcom& l, Fami& f, std::string& v) {
     l.TemoinEnAttente = 0;
     if (!PointeurDePersonne(l, v)) return;
     const std::int32_t w = l.PersonneDuPointeur(v);
-    AjouterTemoin(l, ActeOuMariage(f, l.Contexte1()), w, " \xE0 la famille " + NumFamille(l));
+    AjouterTemoin(l, ActeOuMariage(f, l.Contexte1()), w, [&] { return " \xE0 la famille " + NumFamille(l); });
 }
 
 // Le parrain d'une famille n'a pas de sexe à chercher : le contexte est celui d'un mariage.

@@ -28,6 +28,18 @@ TEST(LectureFamille, FamilleLueAvantSesMembres) {
     EXPECT_EQ(l.base.NbFamisReels, 3);
 }
 
+TEST(LectureFamille, VingtEtUniemeTemoinRefuse) {
+    std::string lignes = "0 @F1@ FAM|1 MARR";
+    for (int i = 2; i <= 22; ++i) lignes += "|2 ASSO @I" + std::to_string(i) + "@";
+    Lecture l;
+    l.Lire(lignes);
+    EXPECT_EQ(l.Fa(1).Mariage.Liens().Temoins.Nombre(), 20u);
+    EXPECT_TRUE(
+        l.Journalise("Erreur ligne 24 : impossible d'ajouter le t\xE9moin 22 \xE0 la famille 1 car il "
+                     "y a d\xE9j\xE0 20 t\xE9moins."))
+        << l.Journal();
+}
+
 TEST(LectureFamille, NoteRepublicaineRelueSansGrossir) {
     Lecture l;
     l.Lire("0 @I1@ INDI|1 NAME A /B/|0 @F1@ FAM|1 HUSB @I1@|1 MARR|2 DATE 16 OCT 1793|2 NOTE 25/vend/2");

@@ -70,13 +70,6 @@ std::int32_t ObjetDeLaPersonneAuChemin(const Base& b, const Perso& p, std::strin
     return m;
 }
 
-void LierRetour(LecteurGedcom& l, std::string_view lien, char genre, std::int32_t numero, bool famille) {
-    const std::int32_t g = NumeroDuLien(lien, genre);
-    if (g <= 0 || g > l.base_.MaxFiches) return;
-    NoteExt& cible = genre == 'N' ? l.base_.Notes[g] : l.base_.Sources[g];
-    PlacerPremierLibre(famille ? cible.LiensFamis : cible.LiensPersos, numero);
-}
-
 namespace {
 
 template <typename E>
@@ -220,8 +213,13 @@ void LecteurGedcom::NoterPrefixe(std::string_view identifiant, bool famille) {
 void LecteurGedcom::ParcourirPrefixes() {
     PrefixesParcourus = true;
     // Les fiches déjà lues ont laissé leur préfixe ; le reste du fichier est parcouru une fois.
-    for (std::size_t a = tampon_.find("\r\n0 @", pos_ >= 2 ? pos_ - 2 : 0); a != std::string::npos;
-         a = tampon_.find("\r\n0 @", a + 2)) {
+    // Une fiche commence par « \r\n0 @ » : on va d'arobase en arobase, deux fois plus rares que
+    // les fins de ligne, et on regarde ce qui les précède.
+    const std::string_view t = tampon_;
+    for (std::size_t q = t.find('@', (pos_ >= 2 ? pos_ - 2 : 0) + 4); q != std::string_view::npos;
+         q = t.find('@', q + 1)) {
+        if (t.substr(q - 4, 4) != "\r\n0 ") continue;
+        const std::size_t a = q - 4;
         const std::size_t fin = tampon_.find("\r\n", a + 2);
         const std::string_view ligne = std::string_view(tampon_).substr(a + 2, fin - a - 2);
         const std::string_view id = Depuis(ligne, 4);

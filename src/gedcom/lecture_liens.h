@@ -32,11 +32,9 @@ void Ajouter(Texte& champ, std::string_view sep, std::string_view valeur);
 
 // Pointeur du fichier vers sa forme dans la base : "@NOTE7@" donne "@N7@" (décalé
 // comme les fiches de notes lues dans une base non vide).
+// Le retour de lien ne se pose pas ici : la fin de lecture refait tous les retours d'après
+// les textes gardés, une seule fois.
 std::string LienLu(LecteurGedcom& l, std::string_view pointeur, char genre);
-
-// Retour de lien d'une note ou source vers une personne (ou une famille). Quand
-// les neuf places sont prises, rien n'est ajouté : le texte du lien reste.
-void LierRetour(LecteurGedcom& l, std::string_view lien, char genre, std::int32_t numero, bool famille);
 
 // Numéro d'un objet média désigné par un pointeur @M..@. Un objet local créé
 // plus tôt qui occupait ce numéro part plus haut : le numéro est celui du fichier.

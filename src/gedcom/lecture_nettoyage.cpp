@@ -147,6 +147,8 @@ void LecteurGedcom::NormaliserCasse() {
 // Codes phonétiques et clés de tri de tous les noms, et ce qu'un lien 0 a pu écrire.
 void LecteurGedcom::CoderNoms() {
     Base& b = base_;
+    // Des fiches qui se suivent portent souvent le même nom (une fratrie) : ses codes resservent.
+    const Perso* precedent = nullptr;
     for (std::int32_t n = 1; n <= b.NbPersos; ++n) {
         if (b.Persos.PageVierge(n)) {
             n = b.Persos.FinDePage(n);
@@ -158,8 +160,14 @@ void LecteurGedcom::CoderNoms() {
         }
         Perso& p = b.Persos[n];
         if (p.Prenoms.empty()) continue;
-        p.CodeNom = CodeSon(p.Nom);
-        p.NomTri = NomTri(p.Nom);
+        if (precedent && precedent->Nom == p.Nom) {
+            p.CodeNom = precedent->CodeNom;
+            p.NomTri = precedent->NomTri;
+        } else {
+            p.CodeNom = CodeSon(p.Nom);
+            p.NomTri = NomTri(p.Nom);
+        }
+        precedent = &p;
     }
 }
 

@@ -271,11 +271,9 @@ void NoteOuSemblable(LecteurGedcom& l, Perso& p, std::string& v) {
         AjouterNoteActe(*a, v);
     } else if (ctx == "NOTE" || ctx == "EVEN") {
         Ajouter(p.Notes, "\r\n", v);
-    } else {
-        if (note) DonneeNonTraitee(l);  // 2 NOTE d'un métier, d'un nom... : aucun champ ne la garde
-        return;
+    } else if (note) {
+        DonneeNonTraitee(l);  // 2 NOTE d'un métier, d'un nom... : aucun champ ne la garde
     }
-    if (l.base_.NumCourant > 0) LierRetour(l, v, 'N', l.base_.NumCourant, false);
 }
 
 void Source(LecteurGedcom& l, Perso& p, std::string& v) {
@@ -290,7 +288,6 @@ void Source(LecteurGedcom& l, Perso& p, std::string& v) {
     } else if (ctx == "SOUR") {
         Ajouter(p.Notes, "\r\n", s);
     }
-    if (l.base_.NumCourant > 0) LierRetour(l, s, 'S', l.base_.NumCourant, false);
 }
 
 // --- Métiers ---
@@ -349,7 +346,7 @@ void Temoin(LecteurGedcom& l, Perso& p, std::string& v) {
         return;
     }
     const std::int32_t w = l.PersonneDuPointeur(v);
-    AjouterTemoin(l, *a, w, " \xE0 la personne " + Numero(l) + " " + p.Nom + " " + p.Prenoms);
+    AjouterTemoin(l, *a, w, [&] { return " \xE0 la personne " + Numero(l) + " " + p.Nom + " " + p.Prenoms; });
 }
 
 void Role(LecteurGedcom& l, Perso& p, std::string& v) {

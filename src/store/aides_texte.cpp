@@ -1,9 +1,9 @@
 #include "store/aides_texte.h"
 
-#include "store/chaines.h"
-
 #include <array>
 #include <cstring>
+
+#include "store/chaines.h"
 
 namespace arbolix {
 namespace {
@@ -54,11 +54,18 @@ constexpr std::array<ChiffreSon, 7> kChiffresSon{{
     {"*", '*'},
 }};
 
-char Chiffre(char c) {
-    if (c == '\0') return 0;
+// Le chiffre de chaque octet, tiré une fois de la règle : la lecture code un million de noms.
+// Une lettre de deux lignes garde celle de la première ; 0 pour les autres octets.
+constexpr std::array<char, 256> kChiffreDeOctet = [] {
+    std::array<char, 256> t{};
     for (const auto& r : kChiffresSon)
-        if (std::strchr(r.lettres, c)) return r.chiffre;
-    return 0;
+        for (const char* l = r.lettres; *l != '\0'; ++l)
+            if (t[static_cast<unsigned char>(*l)] == 0) t[static_cast<unsigned char>(*l)] = r.chiffre;
+    return t;
+}();
+
+char Chiffre(char c) {
+    return kChiffreDeOctet[Octet(c)];
 }
 
 // Séparateurs de mots du titre à la manière de l'ancienne boîte à outils, plus

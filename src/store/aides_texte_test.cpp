@@ -1,8 +1,8 @@
 #include "store/aides_texte.h"
 
-#include "store/chaines.h"
-
 #include <gtest/gtest.h>
+
+#include "store/chaines.h"
 
 namespace arbolix {
 namespace {
@@ -35,7 +35,11 @@ TEST(CodeSon, Table) {
          "\xC9"
          "420"},  // é passe en É
         {"TEST", "T230"},
-        {"LLOYD", "L430"},  // la première lettre n'est pas un chiffre : le L suivant compte
+        {"LLOYD", "L430"},          // la première lettre n'est pas un chiffre : le L suivant compte
+        {"A\xDF\xD0\xD1", "A235"},  // ß, Ð et Ñ ont leur chiffre
+        {"A-\xC9H\xB0"
+         "B",
+         "A100"},  // signes et voyelles n'en ont pas
     };
     for (const auto& c : cas) EXPECT_EQ(CodeSon(c.entree), c.attendu) << c.entree;
 }
@@ -164,9 +168,6 @@ TEST(SexeDuPrenom, ExceptionsPuisDerniereLettre) {
     };
     for (const auto& c : cas) EXPECT_EQ(SexeDuPrenom(c.entree), c.attendu) << c.entree;
 }
-
-
-
 
 TEST(EchapperSQL, Table) {
     const Cas cas[] = {

@@ -119,6 +119,7 @@ bool EstLien(std::string_view v, char genre) {
 }
 
 std::int32_t NumeroDuLien(std::string_view v, char genre) {
+    if (v.size() < 4) return 0;  // la plupart des champs, vides ou courts : pas de blancs à ôter
     v = SansBlancs(v);
     if (v.size() < 4 || v[0] != '@' || v[1] != genre || v.back() != '@') return 0;
     const std::string_view chiffres = v.substr(2, v.size() - 3);
@@ -198,9 +199,28 @@ void PourChaqueFiche(Tableau<NoteExt>& t, std::int32_t fin, F&& f) {
     t.PourChaqueEcrit(1, fin, [&](std::int32_t i) { f(t[i]); });
 }
 
-void LierChamp(Base& base, std::string_view texte, char genre, bool famille, std::int32_t qui) {
+// Retours posés par note et par source depuis que leurs listes ont été vidées. Une source citée
+// des milliers de fois est vite pleine : ce compte serré en mémoire le dit sans relire sa fiche
+// à chaque citation. Il ne couvre que les fiches comptées ; un lien plus haut va par sa fiche.
+struct Poses {
+    explicit Poses(const Base& base)
+        : notes(Taille(base.NbNotes, base.Notes)), sources(Taille(base.NbSources, base.Sources)) {}
+    static std::size_t Taille(std::int32_t nombre, const Tableau<NoteExt>& t) {
+        return static_cast<std::size_t>(std::clamp(nombre, 0, std::max(t.Haut(), 0))) + 1;
+    }
+    std::vector<std::uint8_t> notes, sources;
+};
+
+void LierChamp(Base& base, std::string_view texte, char genre, bool famille, std::int32_t qui, Poses& poses) {
     const std::int32_t g = NumeroDuLien(texte, genre);
-    if (DansTableau(g, Haut(base, genre))) PlacerPremierLibre(RetoursDe(base, genre, g, famille), qui);
+    if (!DansTableau(g, Haut(base, genre))) return;
+    std::vector<std::uint8_t>& compte = genre == 'S' ? poses.sources : poses.notes;
+    const auto i = static_cast<std::size_t>(g);
+    if (i >= compte.size()) {
+        PlacerPremierLibre(RetoursDe(base, genre, g, famille), qui);
+    } else if (compte[i] < kMaxLiens && PlacerPremierLibre(RetoursDe(base, genre, g, famille), qui)) {
+        ++compte[i];
+    }
 }
 
 void LierMediasActe(Base& base, const Acte& a, std::int32_t qui) {
@@ -211,12 +231,12 @@ void LierMediasActe(Base& base, const Acte& a, std::int32_t qui) {
     }
 }
 
-void ReconstruirePersonne(Base& base, std::int32_t p) {
+void ReconstruirePersonne(Base& base, std::int32_t p, Poses& poses) {
     const Perso& pe = std::as_const(base.Persos)[p];
-    LierChamp(base, pe.Notes, 'N', false, p);
+    LierChamp(base, pe.Notes, 'N', false, p, poses);
     for (auto acte : kActesDePerso) {
-        LierChamp(base, (pe.*acte).Notes, 'N', false, p);
-        LierChamp(base, (pe.*acte).Source, 'S', false, p);
+        LierChamp(base, (pe.*acte).Notes, 'N', false, p, poses);
+        LierChamp(base, (pe.*acte).Source, 'S', false, p, poses);
     }
     for (const auto& [i, m] : pe.Suite().ObjetsMedia) {
         if (!DansTableau(m, base.Medias.Haut())) continue;
@@ -276,17 +296,19 @@ void ReconstruireLiens(Base& base, Progression* progression) {
     PourChaqueFiche(base.Sources, base.Sources.Haut(), vider);
     base.Medias.PourChaqueEcrit(1, base.Medias.Haut(),
                                 [&](std::int32_t m) { base.Medias[m].LiensPersos.clear(); });
+    Poses personnes(base);
     // Seules les pages écrites : un numéro isolé très haut ne fait pas parcourir des millions de fiches.
     base.Persos.PourChaqueEcrit(1, std::min(base.NbPersos, base.Persos.Haut()), [&](std::int32_t p) {
         pompe(p);
-        if (PersonneExiste(base, p)) ReconstruirePersonne(base, p);
+        if (PersonneExiste(base, p)) ReconstruirePersonne(base, p, personnes);
     });
+    Poses familles(base);  // les familles ont leurs propres listes de retours
     base.Familles.PourChaqueEcrit(1, std::min(base.NbFamis, base.Familles.Haut()), [&](std::int32_t f) {
         pompe(f);
         const Fami& fa = std::as_const(base.Familles)[f];
         for (auto acte : kActesDeFami) {
-            LierChamp(base, (fa.*acte).Notes, 'N', true, f);
-            LierChamp(base, (fa.*acte).Source, 'S', true, f);
+            LierChamp(base, (fa.*acte).Notes, 'N', true, f, familles);
+            LierChamp(base, (fa.*acte).Source, 'S', true, f, familles);
         }
     });
 }
