@@ -259,7 +259,7 @@ bool LecteurGedcom::LignesDeFiche(std::string_view alerteFin, Traitement&& trait
     while (Niveau() != 0 && !aucuneLigne_) {
         if (Annule()) return false;
         PreparerLigne();
-        if (Balise == "TRLR") break;
+        if (std::string_view(Balise) == "TRLR") break;  // en vue : la longueur d'abord, sans appel
         SousPiege(traiter);
         Avancer(alerteFin);
     }

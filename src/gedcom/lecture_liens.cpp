@@ -153,8 +153,10 @@ void LecteurGedcom::PreparerLigne() {
     if (NiveauLigne == 3) Balise3 = Balise;
     // Seule la suite directe d'une source de niveau 2 en est le texte : plus bas, elle continue
     // une ligne de la citation (3 NOTE, 3 DATA...).
-    if ((Balise == "CONT" || Balise == "CONC") && NiveauLigne == 3 && Contexte2() == "SOUR") {
-        if (Balise == "CONT") LigneCourante.insert(LigneCourante.begin(), ' ');
+    // Comparée en vue, la balise l'est d'abord par sa longueur : pas d'appel à chaque ligne.
+    const std::string_view balise = Balise;
+    if ((balise == "CONT" || balise == "CONC") && NiveauLigne == 3 && Contexte2() == "SOUR") {
+        if (balise == "CONT") LigneCourante.insert(LigneCourante.begin(), ' ');
         Balise = "TEXT";
     }
 }
