@@ -1,6 +1,7 @@
 #include "lists/rangees.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace arbolix {
 
@@ -27,9 +28,44 @@ std::size_t AjouterTriee(ListePersonne& liste, std::string texte, std::int32_t v
     return static_cast<std::size_t>(insere - liste.Rangees.begin());
 }
 
+namespace {
+
+// Huit octets d'un texte à partir de debut, en nombre (zéros au-delà de la fin) : deux têtes
+// différentes se comparent comme les textes, octets sans signe.
+std::uint64_t Octets(const std::string& texte, std::size_t debut) {
+    std::uint64_t t = 0;
+    for (std::size_t i = debut; i < debut + 8; ++i)
+        t = t << 8 | (i < texte.size() ? static_cast<unsigned char>(texte[i]) : 0u);
+    return t;
+}
+
+}  // namespace
+
+void TrierParTexte(std::vector<Rangee>& rangees) {
+    // Les seize premiers octets de chaque texte (un nom et le début d'une date) sont rangés à
+    // côté de son rang : le tri ne court après les textes en mémoire qu'à égalité de tête. Le
+    // rang départage les égales, dans leur ordre d'arrivée.
+    struct Cle {
+        std::uint64_t tete, suite;
+        std::uint32_t rang;
+    };
+    std::vector<Cle> cles(rangees.size());
+    for (std::size_t i = 0; i < rangees.size(); ++i)
+        cles[i] = {Octets(rangees[i].texte, 0), Octets(rangees[i].texte, 8), static_cast<std::uint32_t>(i)};
+    std::sort(cles.begin(), cles.end(), [&rangees](const Cle& a, const Cle& b) {
+        if (a.tete != b.tete) return a.tete < b.tete;
+        if (a.suite != b.suite) return a.suite < b.suite;
+        const int c = rangees[a.rang].texte.compare(rangees[b.rang].texte);
+        return c != 0 ? c < 0 : a.rang < b.rang;
+    });
+    std::vector<Rangee> triees;
+    triees.reserve(rangees.size());
+    for (const Cle& c : cles) triees.push_back(std::move(rangees[c.rang]));
+    rangees.swap(triees);
+}
+
 void AjouterTriees(ListePersonne& liste, std::vector<Rangee> rangees) {
-    std::stable_sort(rangees.begin(), rangees.end(),
-                     [](const Rangee& a, const Rangee& b) { return a.texte < b.texte; });
+    TrierParTexte(rangees);
     const std::size_t tete = liste.LigneDeTete ? 1 : 0;
     if (liste.Rangees.size() > tete) {
         for (auto& r : rangees) AjouterTriee(liste, std::move(r.texte), r.valeur);
@@ -41,9 +77,8 @@ void AjouterTriees(ListePersonne& liste, std::vector<Rangee> rangees) {
 
 void RemplissageTrie::Terminer(ListePersonne& liste,
                                const std::function<std::string(std::int32_t)>& affichage) {
-    // std::string compare les octets sans signe : l'ordre « simple » des caractères 1252.
-    std::stable_sort(cles_.begin(), cles_.end(),
-                     [](const Rangee& a, const Rangee& b) { return a.texte < b.texte; });
+    // Les octets sans signe : l'ordre « simple » des caractères 1252.
+    TrierParTexte(cles_);
     const std::size_t tete = liste.LigneDeTete ? 1 : 0;
     if (liste.Rangees.size() > tete) {
         // Liste non vidée : chaque clé prend sa place parmi les textes déjà là, comme

@@ -37,6 +37,9 @@ void OuvrirListe(ListePersonne& liste, std::string_view genre, std::string_view 
 // La ligne de tête reste en tête. Rend la place prise.
 std::size_t AjouterTriee(ListePersonne& liste, std::string texte, std::int32_t valeur);
 
+// Trie par texte, octets sans signe ; les égales gardent leur ordre d'arrivée.
+void TrierParTexte(std::vector<Rangee>& rangees);
+
 // Ajoute des rangées dont le texte de tri est le texte affiché : un seul tri à la
 // fin plutôt qu'une insertion triée par rangée (les égales gardent leur ordre d'arrivée).
 void AjouterTriees(ListePersonne& liste, std::vector<Rangee> rangees);

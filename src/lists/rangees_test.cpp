@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace arbolix {
 namespace {
 
@@ -50,6 +52,31 @@ TEST(RemplissageTrie, ListeNonVideeLesRangeesPrennentLeurPlace) {
     std::vector<std::int32_t> valeurs;
     for (const auto& r : l.Rangees) valeurs.push_back(r.valeur);
     EXPECT_EQ(valeurs, (std::vector<std::int32_t>{4, 1, 3, 2}));
+}
+
+// Le tri par têtes rend l'ordre du tri stable sur les textes entiers : têtes égales sur seize
+// octets, textes préfixes l'un de l'autre, octet nul, octets hauts (1252), égaux dans l'ordre
+// d'arrivée.
+TEST(TrierParTexte, CommeLeTriStableDesTextes) {
+    std::vector<Rangee> rangees;
+    const std::string bases[] = {"DUPONT1845/03/12000007",
+                                 "DUPONT1845/03/12000003",
+                                 "DUPONT",
+                                 "DUPONTEL",
+                                 std::string("AB\0", 3),
+                                 "AB",
+                                 "\xC9TIENNE",
+                                 "ETIENNE",
+                                 "",
+                                 "DUPONT Jean",
+                                 "Z",
+                                 "DUPONT1845/03/1"};
+    for (int k = 0; k < 60; ++k) rangees.push_back({bases[(k * 7) % std::size(bases)], k});
+    std::vector<Rangee> attendu = rangees;
+    std::stable_sort(attendu.begin(), attendu.end(),
+                     [](const Rangee& a, const Rangee& b) { return a.texte < b.texte; });
+    TrierParTexte(rangees);
+    EXPECT_EQ(rangees, attendu);
 }
 
 }  // namespace
