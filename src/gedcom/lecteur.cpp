@@ -355,9 +355,14 @@ std::int64_t NumeroBrut(std::string_view s) {
 // Premier identifiant sans numéro : on cherche une fois le plus grand numéro utilisable.
 void LecteurGedcom::ChercherPlusGrandNumero() {
     std::int64_t plusGrand = 0;
+    const char* const d = tampon_.data();
+    const std::size_t n = tampon_.size();
     for (std::size_t a = tampon_.find('@'); a != std::string::npos; a = tampon_.find('@', a + 1)) {
-        const std::size_t b = tampon_.find_first_of("@ \r\n", a + 1);
-        if (b == std::string::npos || tampon_[b] != '@') continue;
+        // Jusqu'à l'arobase qui ferme, ou au blanc ou à la fin de ligne qui dit qu'il n'y en a pas :
+        // une boucle simple, find_first_of chercherait chaque octet dans les quatre.
+        std::size_t b = a + 1;
+        while (b < n && d[b] != '@' && d[b] != ' ' && d[b] != '\r' && d[b] != '\n') ++b;
+        if (b >= n || d[b] != '@') continue;
         plusGrand = std::max(plusGrand, NumeroBrut(std::string_view(tampon_).substr(a + 1, b - a - 1)));
         a = b;
     }
