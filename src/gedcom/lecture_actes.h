@@ -2,13 +2,15 @@
 // évènements (lieu, notes, témoins et rôles), fichiers liés, messages du journal.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <string>
 #include <string_view>
 
 #include "gedcom/lecteur_gedcom.h"
-#include "gedcom/lecture_liens.h"
 #include "store/base.h"
 
 namespace arbolix {
@@ -21,6 +23,40 @@ struct RegleBalise {
     std::string_view balise;
     bool OptionsGedcom::*garde;                             // case qui doit être cochée, nul : aucune
     void (*traiter)(LecteurGedcom&, Fiche&, std::string&);  // nul : balise ignorée sans un mot
+};
+
+// Index de la table des balises d'une fiche, consulté à chaque ligne lue :
+// adressage ouvert sur une puissance de deux, sans division ni nœud à suivre. Une balise fait
+// quelques lettres : ses huit premiers octets et sa longueur suffisent à la disperser. La
+// première ligne d'une balise l'emporte.
+template <typename Regle>
+class IndexDeBalises {
+public:
+    template <std::size_t N>
+    explicit IndexDeBalises(const Regle (&regles)[N]) {
+        static_assert(N <= kCases / 2, "table des balises trop petite");
+        for (const Regle& r : regles) {
+            std::size_t i = Case(r.balise);
+            while (cases_[i] && cases_[i]->balise != r.balise) i = (i + 1) % kCases;
+            if (!cases_[i]) cases_[i] = &r;
+        }
+    }
+    // La règle de cette balise, nul si la table ne la connaît pas.
+    const Regle* Chercher(std::string_view balise) const noexcept {
+        for (std::size_t i = Case(balise);; i = (i + 1) % kCases) {
+            if (!cases_[i] || cases_[i]->balise == balise) return cases_[i];
+        }
+    }
+
+private:
+    static constexpr std::size_t kCases = 256;
+    static std::size_t Case(std::string_view b) noexcept {
+        std::uint64_t v = 0;
+        std::memcpy(&v, b.data(), std::min<std::size_t>(b.size(), sizeof v));
+        const std::uint64_t h = (v ^ b.size()) * 0x9E3779B97F4A7C15ull;
+        return static_cast<std::size_t>(h >> 56);  // les octets hauts sont les mieux mêlés
+    }
+    std::array<const Regle*, kCases> cases_{};
 };
 
 template <typename Fiche>

@@ -222,7 +222,7 @@ void LecteurGedcom::ParcourirPrefixes() {
          q = t.find('@', q + 1)) {
         if (t.substr(q - 4, 4) != "\r\n0 ") continue;
         const std::size_t a = q - 4;
-        const std::size_t fin = tampon_.find("\r\n", a + 2);
+        const std::size_t fin = FinDeLigne(a + 2);
         const std::string_view ligne = std::string_view(tampon_).substr(a + 2, fin - a - 2);
         const std::string_view id = Depuis(ligne, 4);
         if (Droite(ligne, 5) == " INDI")
