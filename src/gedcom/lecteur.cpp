@@ -284,21 +284,30 @@ void LecteurGedcom::LigneSuivante() {
     const std::string_view ligne(tampon_.data() + pos_, fin - pos_);
     Lus += static_cast<std::int64_t>(ligne.size()) + 2;
     pos_ = fin + 2;
-    LigneCourante.assign(SansBlancs(ligne));
+    LigneCourante = SansBlancs(ligne);
     if ((++NumLigne & 0xFFF) == 0) {
         PompeSiDue();
         RendreLu();
     }
-    // Balises d'utilisateur : 1 _OCCU x se lit comme OCCU.
+    // Balises d'utilisateur : 1 _OCCU x se lit comme OCCU. Retouché dans le tampon même : la
+    // ligne est lue, et les parcours du fichier entier ne regardent ni ce blanc ni ce trait.
     if (LigneCourante.size() >= 3 && LigneCourante[2] == '_' &&
-        LigneCourante.find(" FILE ") == std::string::npos)
-        LigneCourante[LigneCourante.find('_')] = ' ';
-    if (!LigneCourante.empty() && LigneCourante[0] == '1') {
-        Ligne1 = LigneCourante;
-    } else if (!LigneCourante.empty() && LigneCourante[0] == '2') {
-        Ligne2 = LigneCourante;
-    } else if (Droite(LigneCourante, 6) == "0 HEAD" || (!LigneCourante.empty() && LigneCourante[0] == '0')) {
-        Ligne0 = LigneCourante;
+        LigneCourante.find(" FILE ") == std::string_view::npos)
+        tampon_[static_cast<std::size_t>(LigneCourante.data() - tampon_.data()) + 2] = ' ';
+    if (LigneCourante.empty()) return;
+    switch (LigneCourante[0]) {
+        case '1':
+            Ligne1 = LigneCourante;
+            break;
+        case '2':
+            Ligne2 = LigneCourante;
+            break;
+        case '0':
+            Ligne0 = LigneCourante;
+            break;
+        default:  // un en-tête précédé d'octets parasites
+            if (Droite(LigneCourante, 6) == "0 HEAD") Ligne0 = LigneCourante;
+            break;
     }
 }
 
@@ -311,10 +320,11 @@ void LecteurGedcom::Decouper() {
     // que la sous-ligne et son texte soient lus ; le texte serait sinon perdu.
     if (LigneCourante.size() > 3 && LigneCourante[0] != '0' && LigneCourante[2] == '@') {
         const std::size_t fin = LigneCourante.find("@ ", 3);
-        if (fin != std::string::npos) {
-            JournaliserLigne("Info ligne " + std::to_string(NumLigne) + " : identifiant " +
-                             LigneCourante.substr(2, fin - 1) + " ignor\xE9 devant une sous-ligne.");
-            LigneCourante.erase(2, fin);
+        if (fin != std::string_view::npos) {
+            JournaliserLigne({"Info ligne ", std::to_string(NumLigne), " : identifiant ",
+                              LigneCourante.substr(2, fin - 1), " ignor\xE9 devant une sous-ligne."});
+            LigneCourante =
+                Retoucher(std::string(LigneCourante.substr(0, 2)).append(LigneCourante.substr(2 + fin)));
         }
     }
     // La balise va jusqu'au premier blanc à partir du quatrième caractère, la ligne étant
@@ -325,12 +335,14 @@ void LecteurGedcom::Decouper() {
     const std::string_view balise = ligne.substr(0, blanc);
     const std::size_t tete = balise.find_first_not_of(' ');
     if (tete == std::string_view::npos) {
-        Balise.clear();
+        Balise = {};
+    } else if (blanc == std::string_view::npos && ligne.size() < 3) {
+        baliseComplete_.assign(balise.substr(tete)).append(3 - ligne.size(), ' ');
+        Balise = baliseComplete_;
     } else {
-        Balise.assign(balise.substr(tete));
-        if (blanc == std::string_view::npos && ligne.size() < 3) Balise.append(3 - ligne.size(), ' ');
+        Balise = balise.substr(tete);
     }
-    LigneCourante.erase(0, std::min(LigneCourante.size(), 2 + Balise.size() + 1));
+    LigneCourante.remove_prefix(std::min(LigneCourante.size(), 2 + Balise.size() + 1));
 }
 
 std::string_view LecteurGedcom::BaliseDe(std::string_view ligne) {
@@ -441,16 +453,24 @@ void LecteurGedcom::RendreLu() {
         if (!DepotsParcourus) ParcourirDepots(*this);
         if (ProchainTraduit == 0) ChercherPlusGrandNumero();
     }
-    // On rend ce qui est bien derrière la ligne courante.
-    const std::size_t jusque = pos_ - pas / 2;
+    // On rend ce qui est bien derrière la ligne courante, et derrière les lignes de contexte
+    // retenues : la ligne 0 d'une longue fiche peut être loin.
+    std::size_t jusque = pos_ - pas / 2;
+    for (const std::string_view v : {Ligne0, Ligne1, Ligne2}) {
+        const auto p = reinterpret_cast<std::uintptr_t>(v.data());
+        const auto debut = reinterpret_cast<std::uintptr_t>(tampon_.data());
+        if (p >= debut && p < debut + jusque) jusque = p - debut;
+    }
+    if (jusque <= rendu_) return;
     RendrePages(tampon_.data() + rendu_, jusque - rendu_);
     rendu_ = jusque;
 }
 
 void LecteurGedcom::JournaliserErreur(int numero, std::string_view texte) {
-    resultat_.Reperes.pieges.push_back({NumLigne, Balise, std::string(SansBlancs(Depuis(Ligne0, 2)))});
+    resultat_.Reperes.pieges.push_back(
+        {NumLigne, std::string(Balise), std::string(SansBlancs(Depuis(Ligne0, 2)))});
     JournaliserLigne("Erreur ligne " + std::to_string(NumLigne) + " : erreur " + std::to_string(numero) +
-                     " : " + std::string(texte) + ". " + LigneCourante);
+                     " : " + std::string(texte) + ". " + std::string(LigneCourante));
 }
 
 void LecteurGedcom::JournaliserExceptionCourante() {
@@ -506,7 +526,7 @@ void LecteurGedcom::BouclePrincipale() {
         const std::string_view fin = Droite(Ligne0, 4);
         const std::int32_t debut = NumLigne;
         if (fin == "INDI" || fin == "SUBM") {
-            const std::string ligne0 = Ligne0;
+            const std::string ligne0(Ligne0);  // Ligne0 passe à la fiche suivante
             SectionPersonne();
             NoterFicheSansNumero(debut, ligne0);
         } else if (fin == " FAM")

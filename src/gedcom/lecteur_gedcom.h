@@ -4,6 +4,7 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <initializer_list>
 #include <stdexcept>
@@ -20,6 +21,13 @@
 #include "platform/progression.h"
 
 namespace arbolix {
+
+// Une balise comparée à une balise connue, à chaque ligne : la longueur sue à la compilation
+// laisse comparer quelques octets sur place, là où == appellerait une fonction.
+template <std::size_t N>
+bool EstBalise(std::string_view balise, const char (&connue)[N]) noexcept {
+    return balise.size() == N - 1 && std::memcmp(balise.data(), connue, N - 1) == 0;
+}
 
 // Une erreur d'exécution à la manière du piège du lecteur : un numéro et un texte.
 struct ErreurExecution : std::runtime_error {
@@ -131,9 +139,18 @@ public:
     std::string tampon_;
     std::size_t pos_ = 0;       // début de la prochaine ligne (compté depuis 0)
     bool aucuneLigne_ = false;  // la dernière recherche n'a trouvé aucune ligne
-    std::string LigneCourante;
-    std::string Ligne0, Ligne1, Ligne2;
-    std::string Balise;
+    // Les lignes se lisent en place dans le tampon, sans copie : des vues. Une ligne retouchée
+    // (identifiant ôté, blanc ajouté, lien traduit) passe dans Retouchee, qui vit jusqu'à la
+    // ligne suivante ; Ligne0, Ligne1 et Ligne2 désignent toujours le tampon, que RendreLu garde.
+    std::string_view LigneCourante;
+    std::string_view Ligne0, Ligne1, Ligne2;
+    std::string_view Balise;
+    // Garde un texte calculé pour la ligne courante (sa valeur retouchée) : il vit jusqu'à la
+    // retouche suivante.
+    std::string_view Retoucher(std::string texte) {
+        retouchee_ = std::move(texte);
+        return retouchee_;
+    }
     std::int32_t NumLigne = 0;
     std::int64_t Lus = 0;
     std::int64_t TailleFichier = 0;
@@ -223,7 +240,21 @@ public:
     bool DesigneUneFamille(std::string_view pointeur);
 
 private:
+    std::string retouchee_;       // la ligne courante quand elle a dû être retouchée
+    std::string baliseComplete_;  // une balise de moins de trois lettres, complétée de blancs
+
     void PreparerTampon(std::string contenu);
+    // Refait la suite du tampon (jeu de caractères, réparation d'un producteur) : ce qui précède
+    // la position de lecture ne change pas mais peut changer d'adresse ; les vues y sont reportées.
+    template <typename Modification>
+    void RefaireSuite(Modification&& modification) {
+        const auto ancien = reinterpret_cast<std::uintptr_t>(tampon_.data());
+        modification();
+        for (std::string_view* v : {&LigneCourante, &Ligne0, &Ligne1, &Ligne2, &Balise}) {
+            const auto p = reinterpret_cast<std::uintptr_t>(v->data());
+            if (p >= ancien && p <= ancien + pos_) *v = {tampon_.data() + (p - ancien), v->size()};
+        }
+    }
     // Début du prochain CR LF à partir de depuis, npos s'il n'y en a plus.
     std::size_t FinDeLigne(std::size_t depuis) const;
     void BouclePrincipale();
@@ -259,7 +290,7 @@ bool LecteurGedcom::LignesDeFiche(std::string_view alerteFin, Traitement&& trait
     while (Niveau() != 0 && !aucuneLigne_) {
         if (Annule()) return false;
         PreparerLigne();
-        if (std::string_view(Balise) == "TRLR") break;  // en vue : la longueur d'abord, sans appel
+        if (EstBalise(Balise, "TRLR")) break;
         SousPiege(traiter);
         Avancer(alerteFin);
     }

@@ -172,7 +172,7 @@ bool LireSuite(LecteurGedcom& l, NoteExt& note, std::string_view v) {
 // bloc CHAN : la date de modification d'une note n'a pas de champ et l'écriture la refait.
 void LecteurGedcom::LigneNote(bool source, std::int32_t n) {
     NoteExt& note = source ? base_.Sources[n] : base_.Notes[n];
-    std::string& v = LigneCourante;
+    std::string_view& v = LigneCourante;
     const char genre = source ? 'S' : 'N';
     bool garde = true;
     if (Contexte1() == "CHAN") return;
@@ -190,7 +190,7 @@ void LecteurGedcom::LigneNote(bool source, std::int32_t n) {
         note.Titre = v;  // le titre d'une source chez EasyTree
     } else if (const std::string_view libelle = Libelle(Balise, NiveauLigne, Parent(*this, NiveauLigne));
                !libelle.empty()) {
-        garde = LireLigneLibellee(*this, note, libelle, v);
+        garde = LireLigneLibellee(*this, note, libelle, std::string(v));
     } else {
         garde = v.empty() || Comme(Balise, "@*@");
     }
@@ -247,7 +247,7 @@ bool PlacerDansObjet(LecteurGedcom& l, E& emplacements, V valeur, std::int32_t g
 
 void LecteurGedcom::LigneMedia(std::int32_t g) {
     ObjetMedia& o = base_.Medias[g];
-    std::string& v = LigneCourante;
+    std::string_view& v = LigneCourante;
     if (Balise == "INDI") {
         if (!EstPointeur(v)) return;
         const std::int32_t p = PersonneDuPointeur(v);

@@ -132,8 +132,8 @@ std::int32_t NouvelObjetLocal(LecteurGedcom& l, std::string_view chemin) {
 namespace arbolix {
 
 void LecteurGedcom::NouvelleFiche() {
-    Ligne1.clear();
-    Ligne2.clear();
+    Ligne1 = {};
+    Ligne2 = {};
     TemoinEnAttente = 0;
     NiveauObjet = 0;
     ObjetDuBloc = 0;
@@ -145,7 +145,7 @@ void LecteurGedcom::PreparerLigne() {
     if (NiveauObjet > 0 && NiveauLigne <= NiveauObjet) NiveauObjet = 0;
     // Une ligne de niveau 1 ferme le contexte de niveau 2 et le témoin qui attendait son rôle.
     if (NiveauLigne <= 1) {
-        Ligne2.clear();
+        Ligne2 = {};
         TemoinEnAttente = 0;
     }
     if (NiveauLigne <= 2) Balise3.clear();
@@ -153,10 +153,18 @@ void LecteurGedcom::PreparerLigne() {
     if (NiveauLigne == 3) Balise3 = Balise;
     // Seule la suite directe d'une source de niveau 2 en est le texte : plus bas, elle continue
     // une ligne de la citation (3 NOTE, 3 DATA...).
-    // Comparée en vue, la balise l'est d'abord par sa longueur : pas d'appel à chaque ligne.
-    const std::string_view balise = Balise;
-    if ((balise == "CONT" || balise == "CONC") && NiveauLigne == 3 && Contexte2() == "SOUR") {
-        if (balise == "CONT") LigneCourante.insert(LigneCourante.begin(), ' ');
+    if (NiveauLigne == 3 && (EstBalise(Balise, "CONT") || EstBalise(Balise, "CONC")) &&
+        Contexte2() == "SOUR") {
+        if (EstBalise(Balise, "CONT")) {
+            // D'ordinaire, le blanc qui sépare la balise de la valeur est là, juste devant.
+            const bool blancDevant = !LigneCourante.empty() && LigneCourante.data() > tampon_.data() &&
+                                     LigneCourante.data() <= tampon_.data() + tampon_.size() &&
+                                     LigneCourante.data()[-1] == ' ';
+            if (blancDevant)
+                LigneCourante = {LigneCourante.data() - 1, LigneCourante.size() + 1};
+            else
+                LigneCourante = Retoucher(" " + std::string(LigneCourante));
+        }
         Balise = "TEXT";
     }
 }
