@@ -18,6 +18,7 @@
 #include "gedcom/index_lieux.h"
 #include "gedcom/jeux_caracteres.h"
 #include "gedcom/lecteur.h"
+#include "gedcom/releve_fichier.h"
 #include "platform/progression.h"
 
 namespace arbolix {
@@ -52,9 +53,6 @@ const ActeDuContexte<Fiche>* ChercherActe(const ActeDuContexte<Fiche> (&table)[N
         if (r.balise == contexte) return &r;
     return nullptr;
 }
-
-// Plus grand numéro d'enregistrement accepté : au-delà, la mémoire ne suivrait plus.
-constexpr std::int64_t kNumeroMaximal = 99'999'999;
 
 // Le nom du généalogiste (fiche SUBM) : "Claire /Martin/" donne les prénoms "Claire" et
 // le nom "Martin", comme l'écriture les a mis ; sans barre oblique, tout est le nom.
@@ -137,11 +135,15 @@ public:
     const OptionsGedcom& cases_;
 
     std::string tampon_;
+    // Le plus grand numéro, les dépôts et les préfixes des fiches, cherchés dans tout le tampon
+    // sur un autre fil dès l'en-tête lu. Déclaré après le tampon : il finit avant lui.
+    ReleveEnFond releve_;
     std::size_t pos_ = 0;       // début de la prochaine ligne (compté depuis 0)
     bool aucuneLigne_ = false;  // la dernière recherche n'a trouvé aucune ligne
     // Les lignes se lisent en place dans le tampon, sans copie : des vues. Une ligne retouchée
-    // (identifiant ôté, blanc ajouté, lien traduit) passe dans Retouchee, qui vit jusqu'à la
-    // ligne suivante ; Ligne0, Ligne1 et Ligne2 désignent toujours le tampon, que RendreLu garde.
+    // (balise d'utilisateur, identifiant ôté, blanc ajouté, lien traduit) est une copie gardée
+    // par le lecteur ; le tampon ne change pas pendant la lecture des fiches, et RendreLu garde
+    // ce que désignent Ligne0, Ligne1 et Ligne2.
     std::string_view LigneCourante;
     std::string_view Ligne0, Ligne1, Ligne2;
     std::string_view Balise;
@@ -240,14 +242,22 @@ public:
     bool DesigneUneFamille(std::string_view pointeur);
 
 private:
-    std::string retouchee_;       // la ligne courante quand elle a dû être retouchée
+    std::string retouchee_;  // la ligne courante quand elle a dû être retouchée
+    // Une ligne de contexte retouchée (balise d'utilisateur) : chaque niveau garde la sienne
+    // jusqu'à la ligne suivante du même niveau, qui la remplace dans Ligne0, Ligne1 ou Ligne2.
+    std::array<std::string, 3> contextesRetouches_;
+    std::string& CopieDeContexte(std::string_view ligne);
+    // La ligne de contexte (Ligne0, Ligne1, Ligne2) que cette ligne devient, nulle si aucune.
+    std::string_view* ContexteDe(std::string_view ligne);
     std::string baliseComplete_;  // une balise de moins de trois lettres, complétée de blancs
 
     void PreparerTampon(std::string contenu);
     // Refait la suite du tampon (jeu de caractères, réparation d'un producteur) : ce qui précède
     // la position de lecture ne change pas mais peut changer d'adresse ; les vues y sont reportées.
+    // Un relevé en cours sur l'ancien tampon ne vaut plus.
     template <typename Modification>
     void RefaireSuite(Modification&& modification) {
+        releve_.Abandonner();
         const auto ancien = reinterpret_cast<std::uintptr_t>(tampon_.data());
         modification();
         for (std::string_view* v : {&LigneCourante, &Ligne0, &Ligne1, &Ligne2, &Balise}) {
@@ -255,8 +265,7 @@ private:
             if (p >= ancien && p <= ancien + pos_) *v = {tampon_.data() + (p - ancien), v->size()};
         }
     }
-    // Début du prochain CR LF à partir de depuis, npos s'il n'y en a plus.
-    std::size_t FinDeLigne(std::size_t depuis) const;
+    std::size_t FinDeLigne(std::size_t depuis) const { return arbolix::FinDeLigne(tampon_, depuis); }
     void BouclePrincipale();
     // Retient les lignes debut..(ligne courante - 1) comme une fiche sans numéro de personne.
     void NoterFiche(std::int32_t debut, std::string nom);

@@ -46,27 +46,10 @@ void LecteurGedcom::SectionNote(bool source) {
 
 void ParcourirDepots(LecteurGedcom& l) {
     l.DepotsParcourus = true;
-    const std::string_view t = l.tampon_;
-    // On cherche « REPO » plutôt que chaque ligne 0 : un fichier a des millions de fiches et
-    // peu de dépôts, ou aucun.
-    for (std::size_t r = Chercher(t, " REPO"); r != std::string_view::npos;) {
-        const std::size_t a = t.rfind("\r\n", r);
-        std::size_t fin = std::min(t.find("\r\n", r), t.size());
-        r = fin < t.size() ? Chercher(t, " REPO", fin) : std::string_view::npos;
-        if (a == std::string_view::npos || t.substr(a + 2, 3) != "0 @") continue;
-        const std::string_view ligne = SansBlancs(t.substr(a + 2, fin - a - 2));
-        if (Droite(ligne, 5) != " REPO") continue;
-        const std::string id(ligne.substr(3, ligne.find('@', 3) - 3));
-        while (fin + 2 < t.size() && t[fin + 2] != '0') {
-            const std::size_t suivante = std::min(t.find("\r\n", fin + 2), t.size());
-            const std::string_view sous = SansBlancs(t.substr(fin + 2, suivante - fin - 2));
-            if (sous.starts_with("1 NAME ")) {
-                l.NomsDepots.try_emplace(id, SansBlancs(sous.substr(7)));
-                break;
-            }
-            fin = suivante;
-        }
-    }
+    if (ReleveFichier* releve = l.releve_.Attendre())
+        l.NomsDepots = std::move(releve->nomsDepots);
+    else
+        ReleverDepots(l.tampon_, l.NomsDepots);
 }
 
 namespace {
