@@ -1,6 +1,7 @@
 #include "gedcom/releve_fichier.h"
 
 #include <algorithm>
+#include <system_error>
 
 #include "store/chaines.h"
 
@@ -97,16 +98,20 @@ void ReleveEnFond::Lancer(std::string_view texte) {
     lance_ = true;
     releve_ = std::make_unique<ReleveFichier>();
     fini_.store(false, std::memory_order_relaxed);
-    fil_ = std::jthread([this, texte] {
-        try {
-            releve_->plusGrandNumero = PlusGrandNumero(texte);
-            ReleverDepots(texte, releve_->nomsDepots);
-            releve_->prefixes = ReleverPrefixes(texte, 0);
-        } catch (...) {
-            releve_.reset();  // la mémoire a manqué : chacun se cherchera sur place, au besoin
-        }
-        fini_.store(true, std::memory_order_release);
-    });
+    try {
+        fil_ = std::jthread([this, texte] {
+            try {
+                releve_->plusGrandNumero = PlusGrandNumero(texte);
+                ReleverDepots(texte, releve_->nomsDepots);
+                releve_->prefixes = ReleverPrefixes(texte, 0);
+            } catch (...) {
+                releve_.reset();  // la mémoire a manqué : chacun se cherchera sur place, au besoin
+            }
+            fini_.store(true, std::memory_order_release);
+        });
+    } catch (const std::system_error&) {
+        releve_.reset();  // pas de second fil : même repli
+    }
 }
 
 ReleveFichier* ReleveEnFond::Attendre() {
