@@ -9,17 +9,6 @@
 
 namespace arbolix {
 
-// Source facultative de pages neuves, vierges, qu'un Tableau prend avant d'en faire une lui-même
-// (voir PagesDAvance). PageNeuve peut ne rien rendre : le Tableau fait alors sa page.
-template <typename T>
-class FournisseurPages {
-public:
-    virtual std::unique_ptr<std::vector<T>> PageNeuve() = 0;
-
-protected:
-    ~FournisseurPages() = default;
-};
-
 // Les règles dimensionnent les cinq tableaux ensemble à MaxFiches. Les notes,
 // sources et médias n'en remplissent qu'une petite part, et un fichier peut
 // porter un numéro isolé très haut (@I9999999@) : la borne haute est logique,
@@ -61,12 +50,9 @@ public:
         Verifier(i);
         const std::size_t p = Page(i);
         if (p >= pages_.size()) pages_.resize(p + 1);
-        if (!pages_[p]) pages_[p] = NouvellePage();
+        if (!pages_[p]) pages_[p] = std::make_unique<std::vector<T>>(kTaillePage);
         return (*pages_[p])[Case(i)];
     }
-
-    // Le fournisseur reste à qui l'installe, qui le retire (nullptr) avant de le détruire.
-    void Fournisseur(FournisseurPages<T>* f) { fournisseur_ = f; }
 
     // Vrai quand rien n'a jamais été écrit dans la page de i : toute la page est vierge.
     bool PageVierge(std::int32_t i) const {
@@ -98,19 +84,14 @@ public:
         return n;
     }
 
+private:
     static constexpr std::size_t kTaillePage = 1024;
 
-private:
     std::size_t Page(std::int32_t i) const { return static_cast<std::size_t>(i - bas_) / kTaillePage; }
     std::size_t Case(std::int32_t i) const { return static_cast<std::size_t>(i - bas_) % kTaillePage; }
     static const T& Vierge() {
         static const T vierge{};
         return vierge;
-    }
-    std::unique_ptr<std::vector<T>> NouvellePage() {
-        if (fournisseur_)
-            if (auto page = fournisseur_->PageNeuve()) return page;
-        return std::make_unique<std::vector<T>>(kTaillePage);
     }
     void Verifier(std::int32_t i) const {
         if (i < bas_ || i > haut_) throw std::out_of_range("numéro de fiche hors du tableau");
@@ -119,7 +100,6 @@ private:
     std::int32_t bas_;
     std::int32_t haut_;
     std::vector<std::unique_ptr<std::vector<T>>> pages_;
-    FournisseurPages<T>* fournisseur_ = nullptr;
 };
 
 }  // namespace arbolix
