@@ -4,7 +4,9 @@
 #include <QTextCursor>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <array>
 
+#include "platform/cp1252.h"
 #include "platform/qt_texte.h"
 #include "store/chaines.h"
 #include "store/liens.h"
@@ -12,16 +14,6 @@
 namespace arbolix {
 
 namespace {
-
-// Les textes de la base séparent les lignes par CR LF, le contrôle par LF.
-QString VersControle(std::string_view texte) {
-    // CR LF devient LF avant la conversion, en une passe : un journal fait des dizaines de Mo.
-    std::string lf;
-    lf.reserve(texte.size());
-    for (std::size_t i = 0; i < texte.size(); ++i)
-        if (texte[i] != '\r' || i + 1 >= texte.size() || texte[i + 1] != '\n') lf += texte[i];
-    return VersQString(lf);
-}
 
 std::string DepuisControle(const QString& texte) {
     QString t = texte;
@@ -136,11 +128,37 @@ qsizetype FinDeMorceau(const QString& texte, qsizetype debut) {
 // Le journal d'un million de personnes tient des centaines de milliers de lignes, que le
 // contrôle met des secondes à mettre en page : le premier morceau se montre tout de suite, la
 // suite arrive pendant que la fiche répond déjà.
+// Les textes de la base séparent les lignes par CR LF, le contrôle par LF : CR LF devient LF pendant
+// la conversion, en une passe et par une table (un journal fait des dizaines de Mo).
+QString Editeur::TexteDeControle(std::string_view texte) {
+    static const auto kTable = [] {
+        std::array<char16_t, 256> t{};
+        for (unsigned c = 0; c < t.size(); ++c)
+            t[c] = static_cast<char16_t>(Cp1252VersUnicode(static_cast<unsigned char>(c)));
+        return t;
+    }();
+    QString r(static_cast<qsizetype>(texte.size()), Qt::Uninitialized);
+    QChar* const debut = r.data();
+    QChar* d = debut;
+    const std::size_t n = texte.size();
+    for (std::size_t i = 0; i < n; ++i) {
+        const auto c = static_cast<unsigned char>(texte[i]);
+        if (c == '\r' && i + 1 < n && texte[i + 1] == '\n') continue;
+        *d++ = QChar(kTable[c]);
+    }
+    r.truncate(d - debut);
+    return r;
+}
+
 void Editeur::Montrer(const QString& titre, std::string_view texte) {
+    MontrerConverti(titre, TexteDeControle(texte));
+}
+
+void Editeur::MontrerConverti(const QString& titre, QString texte) {
     Preparer(Mode::Journal, nullptr, nullptr);
     setWindowTitle(titre);
     titre_->clear();
-    reste_ = VersControle(texte);
+    reste_ = std::move(texte);
     suite_ = FinDeMorceau(reste_, 0);
     texte_->setPlainText(reste_.left(suite_));
     if (suite_ < reste_.size()) QTimer::singleShot(0, this, &Editeur::RemplirSuite);
@@ -203,7 +221,7 @@ bool Editeur::OuvrirChamp(Base& base, const ChampLien& champ, Dialogue& dialogue
         return OuvrirNote(base, n, genre == 'S' ? 2 : 1, true, dialogue);
     Preparer(Mode::Champ, &base, &dialogue);
     champ_ = champ;
-    texte_->setPlainText(VersControle(texte));
+    texte_->setPlainText(TexteDeControle(texte));
     return true;
 }
 
@@ -218,7 +236,7 @@ void Editeur::ChargerNote(std::int32_t numero) {
     else
         setWindowTitle(
             QString("%1 @%2%3@").arg(genre_ == 'S' ? "Source" : "Note").arg(QChar(genre_)).arg(numero));
-    texte_->setPlainText(VersControle(e.Texte));
+    texte_->setPlainText(TexteDeControle(e.Texte));
 }
 
 void Editeur::NumNoteChange() {
@@ -245,7 +263,7 @@ void Editeur::BoutonOuvrir() {
     const auto chemin =
         dialogue_->ChoisirFichierOuvrir("Lire un fichier texte...", "Fichiers texte (*.txt)", "");
     if (!chemin) return;
-    if (const auto contenu = LireFichierTexte(*chemin)) texte_->setPlainText(VersControle(*contenu));
+    if (const auto contenu = LireFichierTexte(*chemin)) texte_->setPlainText(TexteDeControle(*contenu));
 }
 
 void Editeur::BoutonEnreg() {

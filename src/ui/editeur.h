@@ -28,6 +28,9 @@ public:
 
     // Montre un texte 1252 (lignes CR LF) en lecture seule, sous un titre : le journal de lecture.
     void Montrer(const QString& titre, std::string_view texte);
+    // Le même, le texte déjà passé par TexteDeControle (qui se prépare sur n'importe quel fil).
+    void MontrerConverti(const QString& titre, QString texte);
+    static QString TexteDeControle(std::string_view texte);
     // Un texte libre (note 0, type 1) qu'on lit, retouche et peut enregistrer dans un fichier
     // texte : le rapport de vérification. Rien ne va dans la base.
     void MontrerTexteLibre(const QString& titre, std::string_view texte, Dialogue& dialogue);
