@@ -1,5 +1,7 @@
 #include "dates/date_gedcom.h"
 
+#include <charconv>
+
 #include "dates/reconnaissance.h"
 #include "store/chaines.h"
 
@@ -85,10 +87,35 @@ std::string Traduire(std::string_view d, int profondeur) {
     return s;
 }
 
+// "12/03/1750", la forme de presque toutes les dates : écrite d'un trait, sans les chaînes de
+// travail de la règle, qui donnerait le même texte ("00/" ôté n'y change rien quand ni le jour ni
+// le mois ne valent 00). Faux sans rien écrire pour toute autre forme.
+bool DateCourante(std::string_view d, std::string& r) {
+    if (d.size() != 10 || d[2] != '/' || d[5] != '/' || d.starts_with("00/") || d.substr(3, 3) == "00/")
+        return false;
+    const auto date = LireDate(d);
+    if (!date) return false;
+    char annee[12];
+    const auto fin = std::to_chars(annee, annee + sizeof annee, date->annee).ptr;
+    r.reserve(7 + static_cast<std::size_t>(fin - annee));
+    r += static_cast<char>('0' + date->jour / 10);
+    r += static_cast<char>('0' + date->jour % 10);
+    r += ' ';
+    for (const char c : MoisGedcom[date->mois]) r += static_cast<char>(c - 'a' + 'A');
+    r += ' ';
+    r.append(annee, fin);
+    return true;
+}
+
 }  // namespace
 
 std::string DateGedcom(std::string_view d, bool dates) {
     if (!dates) return EnMajuscules(Droite(Remplacer(d, "00/", ""), 4));
+    if (std::string r; DateCourante(d, r)) return r;
+    return DateGedcomRegle(d);
+}
+
+std::string DateGedcomRegle(std::string_view d) {
     return EnMajuscules(Traduire(d, 0));
 }
 

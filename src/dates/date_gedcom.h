@@ -15,5 +15,8 @@ inline constexpr std::array<std::string_view, 13> MoisGedcom = {
 // Gedcom ; décochée, il ne reste que les 4 derniers caractères (le préfixe est
 // perdu). "de ... à ..." n'a pas de traduction et sort tel quel.
 std::string DateGedcom(std::string_view d, bool dates);
+// La même, case cochée, toujours par la règle complète : les essais y comparent le raccourci
+// de la forme courante.
+std::string DateGedcomRegle(std::string_view d);
 
 }  // namespace arbolix

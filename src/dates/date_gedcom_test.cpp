@@ -5,6 +5,7 @@
 #include <string>
 
 #include "dates/parse_date.h"
+#include "store/chaines.h"
 
 namespace arbolix {
 namespace {
@@ -76,6 +77,16 @@ TEST(DateGedcom, PrefixesSansFin) {
     const std::string r = DateGedcom(s, true);
     EXPECT_EQ(r.substr(0, 8), "ABT ABT ");
     EXPECT_EQ(r.substr(r.size() - 4), "1750");
+}
+
+TEST(DateGedcom, LaFormeCouranteSortCommeParLaRegle) {
+    // Jours et mois hors limites, 29 février, années courtes ou démesurées : tout "jj/mm/aaaa".
+    for (const char* annee : {"1750", "1900", "2000", "0099", "0100", "0950", "9999"})
+        for (int mois = 0; mois <= 13; ++mois)
+            for (int jour = 0; jour <= 32; ++jour) {
+                const std::string d = Zeros(jour, 2) + "/" + Zeros(mois, 2) + "/" + std::string(annee);
+                EXPECT_EQ(DateGedcom(d, true), DateGedcomRegle(d)) << d;
+            }
 }
 
 }  // namespace

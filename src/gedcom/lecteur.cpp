@@ -255,20 +255,6 @@ void LecteurGedcom::PreparerTampon(std::string contenu) {
     ReparationsGlobales(tampon_, &contexte_.progression);
 }
 
-std::size_t LecteurGedcom::FinDeLigne(std::size_t depuis) const {
-    // memchr sur CR seul : find("\r\n") compare deux octets par un appel à chaque candidat.
-    const char* const d = tampon_.data();
-    const std::size_t n = tampon_.size();
-    while (depuis < n) {
-        const auto* cr = static_cast<const char*>(std::memchr(d + depuis, '\r', n - depuis));
-        if (!cr) break;
-        const auto i = static_cast<std::size_t>(cr - d);
-        if (i + 1 < n && d[i + 1] == '\n') return i;
-        depuis = i + 1;
-    }
-    return std::string::npos;
-}
-
 void LecteurGedcom::LigneSuivante() {
     std::size_t fin = FinDeLigne(pos_);
     if (fin == pos_) {  // une ligne vide est sautée, une seule
@@ -284,22 +270,43 @@ void LecteurGedcom::LigneSuivante() {
     const std::string_view ligne(tampon_.data() + pos_, fin - pos_);
     Lus += static_cast<std::int64_t>(ligne.size()) + 2;
     pos_ = fin + 2;
-    LigneCourante.assign(SansBlancs(ligne));
+    LigneCourante = SansBlancs(ligne);
     if ((++NumLigne & 0xFFF) == 0) {
         PompeSiDue();
         RendreLu();
     }
-    // Balises d'utilisateur : 1 _OCCU x se lit comme OCCU.
+    // Balises d'utilisateur : 1 _OCCU x se lit comme OCCU. La ligne retouchée est une copie : le
+    // tampon ne change plus pendant la lecture, un autre fil le parcourt.
     if (LigneCourante.size() >= 3 && LigneCourante[2] == '_' &&
-        LigneCourante.find(" FILE ") == std::string::npos)
-        LigneCourante[LigneCourante.find('_')] = ' ';
-    if (!LigneCourante.empty() && LigneCourante[0] == '1') {
-        Ligne1 = LigneCourante;
-    } else if (!LigneCourante.empty() && LigneCourante[0] == '2') {
-        Ligne2 = LigneCourante;
-    } else if (Droite(LigneCourante, 6) == "0 HEAD" || (!LigneCourante.empty() && LigneCourante[0] == '0')) {
-        Ligne0 = LigneCourante;
+        LigneCourante.find(" FILE ") == std::string_view::npos) {
+        std::string& copie = CopieDeContexte(LigneCourante);
+        copie.assign(LigneCourante);
+        copie[copie.find('_')] = ' ';
+        LigneCourante = copie;
     }
+    if (std::string_view* contexte = ContexteDe(LigneCourante)) *contexte = LigneCourante;
+}
+
+std::string_view* LecteurGedcom::ContexteDe(std::string_view ligne) {
+    if (ligne.empty()) return nullptr;
+    switch (ligne[0]) {
+        case '0':
+            return &Ligne0;
+        case '1':
+            return &Ligne1;
+        case '2':
+            return &Ligne2;
+        default:  // un en-tête précédé d'octets parasites
+            return Droite(ligne, 6) == "0 HEAD" ? &Ligne0 : nullptr;
+    }
+}
+
+std::string& LecteurGedcom::CopieDeContexte(std::string_view ligne) {
+    const std::string_view* contexte = ContexteDe(ligne);
+    if (contexte == &Ligne0) return contextesRetouches_[0];
+    if (contexte == &Ligne1) return contextesRetouches_[1];
+    if (contexte == &Ligne2) return contextesRetouches_[2];
+    return retouchee_;
 }
 
 int LecteurGedcom::Niveau() const {
@@ -311,10 +318,11 @@ void LecteurGedcom::Decouper() {
     // que la sous-ligne et son texte soient lus ; le texte serait sinon perdu.
     if (LigneCourante.size() > 3 && LigneCourante[0] != '0' && LigneCourante[2] == '@') {
         const std::size_t fin = LigneCourante.find("@ ", 3);
-        if (fin != std::string::npos) {
-            JournaliserLigne("Info ligne " + std::to_string(NumLigne) + " : identifiant " +
-                             LigneCourante.substr(2, fin - 1) + " ignor\xE9 devant une sous-ligne.");
-            LigneCourante.erase(2, fin);
+        if (fin != std::string_view::npos) {
+            JournaliserLigne({"Info ligne ", std::to_string(NumLigne), " : identifiant ",
+                              LigneCourante.substr(2, fin - 1), " ignor\xE9 devant une sous-ligne."});
+            LigneCourante =
+                Retoucher(std::string(LigneCourante.substr(0, 2)).append(LigneCourante.substr(2 + fin)));
         }
     }
     // La balise va jusqu'au premier blanc à partir du quatrième caractère, la ligne étant
@@ -325,12 +333,14 @@ void LecteurGedcom::Decouper() {
     const std::string_view balise = ligne.substr(0, blanc);
     const std::size_t tete = balise.find_first_not_of(' ');
     if (tete == std::string_view::npos) {
-        Balise.clear();
+        Balise = {};
+    } else if (blanc == std::string_view::npos && ligne.size() < 3) {
+        baliseComplete_.assign(balise.substr(tete)).append(3 - ligne.size(), ' ');
+        Balise = baliseComplete_;
     } else {
-        Balise.assign(balise.substr(tete));
-        if (blanc == std::string_view::npos && ligne.size() < 3) Balise.append(3 - ligne.size(), ' ');
+        Balise = balise.substr(tete);
     }
-    LigneCourante.erase(0, std::min(LigneCourante.size(), 2 + Balise.size() + 1));
+    LigneCourante.remove_prefix(std::min(LigneCourante.size(), 2 + Balise.size() + 1));
 }
 
 std::string_view LecteurGedcom::BaliseDe(std::string_view ligne) {
@@ -338,35 +348,10 @@ std::string_view LecteurGedcom::BaliseDe(std::string_view ligne) {
     return reste.substr(0, reste.find(' '));
 }
 
-namespace {
-
-// Le numéro d'un identifiant à la manière des règles : les caractères de tête
-// sont sautés jusqu'au premier chiffre, puis les chiffres lus. -1 s'il n'y a
-// pas de chiffre ou si le nombre est démesuré.
-std::int64_t NumeroBrut(std::string_view s) {
-    while (s.size() > 1 && !EstChiffre(s[0])) s.remove_prefix(1);
-    if (s.empty() || !EstChiffre(s[0])) return -1;
-    const std::int64_t n = ValeurNumerique(s);
-    return n > kNumeroMaximal ? -1 : n;
-}
-
-}  // namespace
-
 // Premier identifiant sans numéro : on cherche une fois le plus grand numéro utilisable.
 void LecteurGedcom::ChercherPlusGrandNumero() {
-    std::int64_t plusGrand = 0;
-    const char* const d = tampon_.data();
-    const std::size_t n = tampon_.size();
-    for (std::size_t a = tampon_.find('@'); a != std::string::npos; a = tampon_.find('@', a + 1)) {
-        // Jusqu'à l'arobase qui ferme, ou au blanc ou à la fin de ligne qui dit qu'il n'y en a pas :
-        // une boucle simple, find_first_of chercherait chaque octet dans les quatre.
-        std::size_t b = a + 1;
-        while (b < n && d[b] != '@' && d[b] != ' ' && d[b] != '\r' && d[b] != '\n') ++b;
-        if (b >= n || d[b] != '@') continue;
-        plusGrand = std::max(plusGrand, NumeroBrut(std::string_view(tampon_).substr(a + 1, b - a - 1)));
-        a = b;
-    }
-    ProchainTraduit = plusGrand + 1;
+    const ReleveFichier* releve = releve_.Attendre();
+    ProchainTraduit = (releve ? releve->plusGrandNumero : PlusGrandNumero(tampon_)) + 1;
 }
 
 std::int32_t LecteurGedcom::NumeroTraduit(std::string_view identifiant) {
@@ -438,19 +423,28 @@ void LecteurGedcom::RendreLu() {
     const std::size_t pas = contexte_.pasRendu;
     if (pos_ < rendu_ + pas) return;
     if (rendu_ == 0) {
+        if (releve_.EnCours()) return;  // il lit encore tout le tampon : on rendra plus tard
         if (!DepotsParcourus) ParcourirDepots(*this);
         if (ProchainTraduit == 0) ChercherPlusGrandNumero();
     }
-    // On rend ce qui est bien derrière la ligne courante.
-    const std::size_t jusque = pos_ - pas / 2;
+    // On rend ce qui est bien derrière la ligne courante, et derrière les lignes de contexte
+    // retenues : la ligne 0 d'une longue fiche peut être loin.
+    std::size_t jusque = pos_ - pas / 2;
+    for (const std::string_view v : {Ligne0, Ligne1, Ligne2}) {
+        const auto p = reinterpret_cast<std::uintptr_t>(v.data());
+        const auto debut = reinterpret_cast<std::uintptr_t>(tampon_.data());
+        if (p >= debut && p < debut + jusque) jusque = p - debut;
+    }
+    if (jusque <= rendu_) return;
     RendrePages(tampon_.data() + rendu_, jusque - rendu_);
     rendu_ = jusque;
 }
 
 void LecteurGedcom::JournaliserErreur(int numero, std::string_view texte) {
-    resultat_.Reperes.pieges.push_back({NumLigne, Balise, std::string(SansBlancs(Depuis(Ligne0, 2)))});
+    resultat_.Reperes.pieges.push_back(
+        {NumLigne, std::string(Balise), std::string(SansBlancs(Depuis(Ligne0, 2)))});
     JournaliserLigne("Erreur ligne " + std::to_string(NumLigne) + " : erreur " + std::to_string(numero) +
-                     " : " + std::string(texte) + ". " + LigneCourante);
+                     " : " + std::string(texte) + ". " + std::string(LigneCourante));
 }
 
 void LecteurGedcom::JournaliserExceptionCourante() {
@@ -505,8 +499,10 @@ void LecteurGedcom::BouclePrincipale() {
     for (;;) {
         const std::string_view fin = Droite(Ligne0, 4);
         const std::int32_t debut = NumLigne;
+        // L'en-tête lu (il peut encore changer le tampon), le relevé part sur un autre fil.
+        if (!releve_.Lance() && fin != "HEAD") releve_.Lancer(tampon_);
         if (fin == "INDI" || fin == "SUBM") {
-            const std::string ligne0 = Ligne0;
+            const std::string ligne0(Ligne0);  // Ligne0 passe à la fiche suivante
             SectionPersonne();
             NoterFicheSansNumero(debut, ligne0);
         } else if (fin == " FAM")
@@ -548,6 +544,7 @@ void LecteurGedcom::Lire(std::string contenu) {
 
 void LecteurGedcom::Terminer() {
     ConvNumeros = {};
+    releve_.Abandonner();
     tampon_.clear();
     tampon_.shrink_to_fit();
     MontrerProgression();

@@ -4,6 +4,7 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <initializer_list>
 #include <stdexcept>
@@ -17,9 +18,17 @@
 #include "gedcom/index_lieux.h"
 #include "gedcom/jeux_caracteres.h"
 #include "gedcom/lecteur.h"
+#include "gedcom/releve_fichier.h"
 #include "platform/progression.h"
 
 namespace arbolix {
+
+// Une balise comparée à une balise connue, à chaque ligne : la longueur sue à la compilation
+// laisse comparer quelques octets sur place, là où == appellerait une fonction.
+template <std::size_t N>
+bool EstBalise(std::string_view balise, const char (&connue)[N]) noexcept {
+    return balise.size() == N - 1 && std::memcmp(balise.data(), connue, N - 1) == 0;
+}
 
 // Une erreur d'exécution à la manière du piège du lecteur : un numéro et un texte.
 struct ErreurExecution : std::runtime_error {
@@ -44,9 +53,6 @@ const ActeDuContexte<Fiche>* ChercherActe(const ActeDuContexte<Fiche> (&table)[N
         if (r.balise == contexte) return &r;
     return nullptr;
 }
-
-// Plus grand numéro d'enregistrement accepté : au-delà, la mémoire ne suivrait plus.
-constexpr std::int64_t kNumeroMaximal = 99'999'999;
 
 // Le nom du généalogiste (fiche SUBM) : "Claire /Martin/" donne les prénoms "Claire" et
 // le nom "Martin", comme l'écriture les a mis ; sans barre oblique, tout est le nom.
@@ -129,11 +135,24 @@ public:
     const OptionsGedcom& cases_;
 
     std::string tampon_;
+    // Le plus grand numéro, les dépôts et les préfixes des fiches, cherchés dans tout le tampon
+    // sur un autre fil dès l'en-tête lu. Déclaré après le tampon : il finit avant lui.
+    ReleveEnFond releve_;
     std::size_t pos_ = 0;       // début de la prochaine ligne (compté depuis 0)
     bool aucuneLigne_ = false;  // la dernière recherche n'a trouvé aucune ligne
-    std::string LigneCourante;
-    std::string Ligne0, Ligne1, Ligne2;
-    std::string Balise;
+    // Les lignes se lisent en place dans le tampon, sans copie : des vues. Une ligne retouchée
+    // (balise d'utilisateur, identifiant ôté, blanc ajouté, lien traduit) est une copie gardée
+    // par le lecteur ; le tampon ne change pas pendant la lecture des fiches, et RendreLu garde
+    // ce que désignent Ligne0, Ligne1 et Ligne2.
+    std::string_view LigneCourante;
+    std::string_view Ligne0, Ligne1, Ligne2;
+    std::string_view Balise;
+    // Garde un texte calculé pour la ligne courante (sa valeur retouchée) : il vit jusqu'à la
+    // retouche suivante.
+    std::string_view Retoucher(std::string texte) {
+        retouchee_ = std::move(texte);
+        return retouchee_;
+    }
     std::int32_t NumLigne = 0;
     std::int64_t Lus = 0;
     std::int64_t TailleFichier = 0;
@@ -223,9 +242,30 @@ public:
     bool DesigneUneFamille(std::string_view pointeur);
 
 private:
+    std::string retouchee_;  // la ligne courante quand elle a dû être retouchée
+    // Une ligne de contexte retouchée (balise d'utilisateur) : chaque niveau garde la sienne
+    // jusqu'à la ligne suivante du même niveau, qui la remplace dans Ligne0, Ligne1 ou Ligne2.
+    std::array<std::string, 3> contextesRetouches_;
+    std::string& CopieDeContexte(std::string_view ligne);
+    // La ligne de contexte (Ligne0, Ligne1, Ligne2) que cette ligne devient, nulle si aucune.
+    std::string_view* ContexteDe(std::string_view ligne);
+    std::string baliseComplete_;  // une balise de moins de trois lettres, complétée de blancs
+
     void PreparerTampon(std::string contenu);
-    // Début du prochain CR LF à partir de depuis, npos s'il n'y en a plus.
-    std::size_t FinDeLigne(std::size_t depuis) const;
+    // Refait la suite du tampon (jeu de caractères, réparation d'un producteur) : ce qui précède
+    // la position de lecture ne change pas mais peut changer d'adresse ; les vues y sont reportées.
+    // Un relevé en cours sur l'ancien tampon ne vaut plus.
+    template <typename Modification>
+    void RefaireSuite(Modification&& modification) {
+        releve_.Abandonner();
+        const auto ancien = reinterpret_cast<std::uintptr_t>(tampon_.data());
+        modification();
+        for (std::string_view* v : {&LigneCourante, &Ligne0, &Ligne1, &Ligne2, &Balise}) {
+            const auto p = reinterpret_cast<std::uintptr_t>(v->data());
+            if (p >= ancien && p <= ancien + pos_) *v = {tampon_.data() + (p - ancien), v->size()};
+        }
+    }
+    std::size_t FinDeLigne(std::size_t depuis) const { return arbolix::FinDeLigne(tampon_, depuis); }
     void BouclePrincipale();
     // Retient les lignes debut..(ligne courante - 1) comme une fiche sans numéro de personne.
     void NoterFiche(std::int32_t debut, std::string nom);
@@ -259,7 +299,7 @@ bool LecteurGedcom::LignesDeFiche(std::string_view alerteFin, Traitement&& trait
     while (Niveau() != 0 && !aucuneLigne_) {
         if (Annule()) return false;
         PreparerLigne();
-        if (std::string_view(Balise) == "TRLR") break;  // en vue : la longueur d'abord, sans appel
+        if (EstBalise(Balise, "TRLR")) break;
         SousPiege(traiter);
         Avancer(alerteFin);
     }

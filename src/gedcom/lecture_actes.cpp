@@ -27,8 +27,8 @@ void DonneeNonTraitee(LecteurGedcom& l, std::string_view qui, std::string_view b
 }
 
 void LienVersUneFamille(LecteurGedcom& l, std::string_view v, std::string_view deQui) {
-    l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : le lien " + l.Balise + " " + std::string(v) +
-                       " " + std::string(deQui) +
+    l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : le lien " + std::string(l.Balise) + " " +
+                       std::string(v) + " " + std::string(deQui) +
                        " d\xE9signe une famille et non une personne ; il a \xE9t\xE9 ignor\xE9.");
 }
 

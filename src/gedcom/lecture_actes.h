@@ -21,14 +21,17 @@ namespace arbolix {
 template <typename Fiche>
 struct RegleBalise {
     std::string_view balise;
-    bool OptionsGedcom::*garde;                             // case qui doit être cochée, nul : aucune
-    void (*traiter)(LecteurGedcom&, Fiche&, std::string&);  // nul : balise ignorée sans un mot
+    bool OptionsGedcom::*garde;                                  // case qui doit être cochée, nul : aucune
+    // La valeur est une vue de la ligne courante ; une règle qui la change la fait garder par
+    // LecteurGedcom::Retoucher. Nul : balise ignorée sans un mot.
+    void (*traiter)(LecteurGedcom&, Fiche&, std::string_view&);
 };
 
 // Index de la table des balises d'une fiche, consulté à chaque ligne lue :
 // adressage ouvert sur une puissance de deux, sans division ni nœud à suivre. Une balise fait
-// quelques lettres : ses huit premiers octets et sa longueur suffisent à la disperser. La
-// première ligne d'une balise l'emporte.
+// quelques lettres : ses huit premiers octets et sa longueur la disent presque toujours toute
+// (comparés comme deux entiers), et suffisent à la disperser. La première ligne d'une balise
+// l'emporte.
 template <typename Regle>
 class IndexDeBalises {
 public:
@@ -36,27 +39,42 @@ public:
     explicit IndexDeBalises(const Regle (&regles)[N]) {
         static_assert(N <= kCases / 2, "table des balises trop petite");
         for (const Regle& r : regles) {
-            std::size_t i = Case(r.balise);
-            while (cases_[i] && cases_[i]->balise != r.balise) i = (i + 1) % kCases;
-            if (!cases_[i]) cases_[i] = &r;
+            const std::uint64_t cle = Cle(r.balise);
+            std::size_t i = Case(cle, r.balise.size());
+            while (cases_[i].regle && cases_[i].regle->balise != r.balise) i = (i + 1) % kCases;
+            if (!cases_[i].regle) cases_[i] = {cle, r.balise.size(), &r};
         }
     }
     // La règle de cette balise, nul si la table ne la connaît pas.
     const Regle* Chercher(std::string_view balise) const noexcept {
-        for (std::size_t i = Case(balise);; i = (i + 1) % kCases) {
-            if (!cases_[i] || cases_[i]->balise == balise) return cases_[i];
+        const std::uint64_t cle = Cle(balise);
+        for (std::size_t i = Case(cle, balise.size());; i = (i + 1) % kCases) {
+            const Entree& e = cases_[i];
+            if (!e.regle) return nullptr;
+            if (e.cle == cle && e.taille == balise.size() &&
+                (e.taille <= sizeof cle || e.regle->balise == balise))
+                return e.regle;
         }
     }
 
 private:
+    struct Entree {
+        std::uint64_t cle = 0;  // les huit premiers octets, complétés de zéros
+        std::size_t taille = 0;
+        const Regle* regle = nullptr;
+    };
     static constexpr std::size_t kCases = 256;
-    static std::size_t Case(std::string_view b) noexcept {
+    static std::uint64_t Cle(std::string_view b) noexcept {
         std::uint64_t v = 0;
-        std::memcpy(&v, b.data(), std::min<std::size_t>(b.size(), sizeof v));
-        const std::uint64_t h = (v ^ b.size()) * 0x9E3779B97F4A7C15ull;
+        if (!b.empty())
+            std::memcpy(&v, b.data(), std::min<std::size_t>(b.size(), sizeof v));  // vue vide : pas d'adresse
+        return v;
+    }
+    static std::size_t Case(std::uint64_t cle, std::size_t taille) noexcept {
+        const std::uint64_t h = (cle ^ taille) * 0x9E3779B97F4A7C15ull;
         return static_cast<std::size_t>(h >> 56);  // les octets hauts sont les mieux mêlés
     }
-    std::array<const Regle*, kCases> cases_{};
+    std::array<Entree, kCases> cases_{};
 };
 
 template <typename Fiche>

@@ -79,25 +79,29 @@ void LecteurGedcom::FinEntete() {
     // Un fichier que sa marque ou son contenu dit UTF-8 mais dont l'en-tête ne
     // le dit pas : on le convertit quand même, plutôt que de garder des noms illisibles.
     if (!Utf8Converti)
-        Utf8Converti = ConvertirUtf8NonDeclare(tampon_, pos_, Codage, CharLu, resultat_.Journal);
+        RefaireSuite([&] {
+            Utf8Converti = ConvertirUtf8NonDeclare(tampon_, pos_, Codage, CharLu, resultat_.Journal);
+        });
 }
 
 void LecteurGedcom::LigneEntete() {
-    const std::string& v = LigneCourante;
+    const std::string_view v = LigneCourante;
     if (Balise == "CHAR") {
         contexte_.progression.Compteur(contexte_.textes.Lecture);
         CharLu = true;
-        const auto jeu = TraiterJeuCaracteres(tampon_, pos_, v, contexte_.textes.TitreProgramme,
-                                              resultat_.Journal, Codage);
-        if (jeu == JeuCaracteres::Utf8) Utf8Converti = true;
+        RefaireSuite([&, jeuLu = std::string(v)] {  // v est dans le tampon qui va être refait
+            const auto jeu = TraiterJeuCaracteres(tampon_, pos_, jeuLu, contexte_.textes.TitreProgramme,
+                                                  resultat_.Journal, Codage);
+            if (jeu == JeuCaracteres::Utf8) Utf8Converti = true;
+        });
     } else if (Balise == "VERS") {
         if (Contexte1() == "GEDC" && !Comme(std::string(Gauche(v, 4)) + ".", "5.5.*"))
-            JournaliserLigne("Alerte : le fichier utilise la norme gedcom " + v +
+            JournaliserLigne("Alerte : le fichier utilise la norme gedcom " + std::string(v) +
                              " au lieu de 5.5 ; certaines donn\xE9"
                              "es risquent d'\xEAtre mal ou pas reconnues.");
     } else if (Balise == "FORM") {
         if (EnMajuscules(Remplacer(v, " ", "")) != "LINEAGE-LINKED" && Contexte1() != "PLAC")
-            JournaliserLigne("Alerte: le fichier utilise les liens " + v +
+            JournaliserLigne("Alerte: le fichier utilise les liens " + std::string(v) +
                              " au lieu des liens standards ; certaines donn\xE9"
                              "es risquent d'\xEAtre mal "
                              "reconnues ou pas du tout import\xE9"
@@ -111,11 +115,11 @@ void LecteurGedcom::LigneEntete() {
             note += "\r\n";
             note += v;
         } else {
-            note = SansDoublesBlancs(note + " " + v);
+            note = SansDoublesBlancs(note + " " + std::string(v));
         }
     } else if (Balise == "SOUR") {
         const std::string mot = EnMajuscules(v.substr(0, v.find(' ')));
-        ReparerProducteur(mot);
+        RefaireSuite([&] { ReparerProducteur(mot); });
     } else if (Balise == "SUBM") {
         base_.Persos[-1].Unions[0] = NumeroLu(Depuis(v, 2), false, false, Genre::Personne);
     } else if (Balise == "DATE") {

@@ -57,7 +57,7 @@ bool HorsDeLaFamille(LecteurGedcom& l, int niveauPropre) {
 }
 
 // Un pointeur de personne utilisable, sinon la ligne va au journal.
-bool PointeurDePersonne(LecteurGedcom& l, const std::string& v) {
+bool PointeurDePersonne(LecteurGedcom& l, std::string_view v) {
     if (!EstPointeur(v)) {
         DonneeNonTraitee(l, Famille(l));
         return false;
@@ -75,7 +75,7 @@ std::string NomPrenoms(const Perso& p) {
 
 // --- Liens entre personnes ---
 
-void Enfant(LecteurGedcom& l, Fami& f, std::string& v) {
+void Enfant(LecteurGedcom& l, Fami& f, std::string_view& v) {
     if (!PointeurDePersonne(l, v)) return;
     const std::int32_t c = l.PersonneDuPointeur(v);
     const std::int32_t numF = l.NbFamisLues;
@@ -114,7 +114,7 @@ void Union(LecteurGedcom& l, std::int32_t p) {
                        " car il y a d\xE9j\xE0 " + std::to_string(kMaxUnions) + " unions.");
 }
 
-void Conjoint(LecteurGedcom& l, Fami& f, std::string& v) {
+void Conjoint(LecteurGedcom& l, Fami& f, std::string_view& v) {
     if (v.empty() || !PointeurDePersonne(l, v)) return;
     const std::int32_t p = l.PersonneDuPointeur(v);
     (l.Balise == "HUSB" ? f.Mari : f.Femme) = p;
@@ -123,7 +123,7 @@ void Conjoint(LecteurGedcom& l, Fami& f, std::string& v) {
 
 // --- Évènements ---
 
-void Date(LecteurGedcom& l, Fami& f, std::string& v) {
+void Date(LecteurGedcom& l, Fami& f, std::string_view& v) {
     if (HorsDeLaFamille(l, 2)) return;
     const std::string_view ctx = l.Contexte1();
     if (Acte* a = ActeDate(f, ctx)) {
@@ -133,7 +133,7 @@ void Date(LecteurGedcom& l, Fami& f, std::string& v) {
     }
 }
 
-void Lieu(LecteurGedcom& l, Fami& f, std::string& v) {
+void Lieu(LecteurGedcom& l, Fami& f, std::string_view& v) {
     if (HorsDeLaFamille(l, 2)) return;
     const Texte lieu = LieuLu(l, v);
     if (Acte* a = ActeDate(f, l.Contexte1())) a->Lieu = lieu;
@@ -141,7 +141,7 @@ void Lieu(LecteurGedcom& l, Fami& f, std::string& v) {
 
 // « 1 MARR Y » : le mariage (le contrat, le divorce) a eu lieu, date et lieu inconnus. « N » ne
 // se garde pas.
-void EvenementConnu(LecteurGedcom& l, Fami& f, std::string& v) {
+void EvenementConnu(LecteurGedcom& l, Fami& f, std::string_view& v) {
     if (!MarquerConnu(l, ActeDate(f, l.Balise), v) && v == "N" && l.Balise == "MARR")
         AttendUneDate(l, "mariage pour la famille " + NumFamille(l));
 }
@@ -150,19 +150,19 @@ void EvenementConnu(LecteurGedcom& l, Fami& f, std::string& v) {
 
 // La suite d'une ligne de niveau 3 ne se garde pas : celle d'une note de sous-bloc va au journal
 // avec elle, les autres se taisent comme leur ligne.
-void Suite(LecteurGedcom& l, Fami& f, std::string& v) {
+void Suite(LecteurGedcom& l, Fami& f, std::string_view& v) {
     if (v.empty()) return;
     if (DansUnSousBloc(l, 3)) {
         if (l.Balise3 == "NOTE") HorsDeLaFamille(l, 3);
         return;
     }
-    if (v == "RELI" && l.ProduitOmega) v.clear();
+    if (v == "RELI" && l.ProduitOmega) v = {};
     SuiteDeNoteActe(ActeOuMariage(f, l.Contexte1()), l.Balise, v);
 }
 
-void Role(LecteurGedcom& l, Fami& f, std::string& v);
+void Role(LecteurGedcom& l, Fami& f, std::string_view& v);
 
-void Note(LecteurGedcom& l, Fami& f, std::string& v) {
+void Note(LecteurGedcom& l, Fami& f, std::string_view& v) {
     if (!NoteALire(l, v)) return;
     if (RoleEnAttente(l)) {
         Role(l, f, v);
@@ -170,18 +170,18 @@ void Note(LecteurGedcom& l, Fami& f, std::string& v) {
     }
     if (l.Balise == "NOTE" && HorsDeLaFamille(l, 2)) return;
     if (v == "RELI" && l.ProduitOmega) return;
-    if (EstPointeur(v)) v = LienLu(l, v, 'N');
+    if (EstPointeur(v)) v = l.Retoucher(LienLu(l, v, 'N'));
     Acte& a = ActeOuMariage(f, l.Contexte1());
     AjouterNoteActe(a, v);
 }
 
-void Source(LecteurGedcom& l, Fami& f, std::string& v) {
-    if (EstPointeur(v)) v = LienLu(l, v, 'S');
+void Source(LecteurGedcom& l, Fami& f, std::string_view& v) {
+    if (EstPointeur(v)) v = l.Retoucher(LienLu(l, v, 'S'));
     ActeOuMariage(f, l.Contexte1()).Source += v;
     if (l.contexte_.remplirListes) l.base_.Listes.Source.Ajouter(v);
 }
 
-void Temoin(LecteurGedcom& l, Fami& f, std::string& v) {
+void Temoin(LecteurGedcom& l, Fami& f, std::string_view& v) {
     l.TemoinEnAttente = 0;
     if (!PointeurDePersonne(l, v)) return;
     const std::int32_t w = l.PersonneDuPointeur(v);
@@ -189,19 +189,19 @@ void Temoin(LecteurGedcom& l, Fami& f, std::string& v) {
 }
 
 // Le parrain d'une famille n'a pas de sexe à chercher : le contexte est celui d'un mariage.
-void Role(LecteurGedcom& l, Fami& f, std::string& v) {
+void Role(LecteurGedcom& l, Fami& f, std::string_view& v) {
     AjouterRole(l, "MARR", &ActeOuMariage(f, l.Contexte1()), v);
 }
 
 // --- Fichiers liés ---
 
-void LierMedia(LecteurGedcom& l, Fami& f, const std::string& v) {
+void LierMedia(LecteurGedcom& l, Fami& f, std::string_view v) {
     const std::int32_t m = MediaDuPointeur(l, v);
     const ActeFamille* r = LigneActe(l.Contexte1());
     Acte& a = ActeOuMariage(f, l.Contexte1());
     if (!Contient(a.Liens().Medias, m) && !PlacerPremierLibre(a.LiensModif().Medias, m)) {
         l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier la famille " +
-                           NumFamille(l) + " et le fichier " + v);
+                           NumFamille(l) + " et le fichier " + std::string(v));
         VoirFichier(a.Notes, v);
     }
     // Le retour de lien reçoit le numéro de la personne courante, non celui de la famille :
@@ -210,7 +210,7 @@ void LierMedia(LecteurGedcom& l, Fami& f, const std::string& v) {
                       r ? r->typeActe : 0);
 }
 
-void Fichier(LecteurGedcom& l, Fami& f, std::string& v) {
+void Fichier(LecteurGedcom& l, Fami& f, std::string_view& v) {
     if (v.empty()) return;
     if (EstPointeur(v)) {
         LierMedia(l, f, v);
@@ -225,7 +225,7 @@ void Fichier(LecteurGedcom& l, Fami& f, std::string& v) {
     }
     if (a.Liens().Medias.PremierLibre() > kMaxLiens) {
         l.JournaliserLigne("Erreur ligne " + NumLigneTexte(l) + " : impossible de lier la famille " +
-                           NumFamille(l) + " et le fichier " + v);
+                           NumFamille(l) + " et le fichier " + std::string(v));
         VoirFichier(a.Notes, v);
         BlocSansObjet(l, Famille(l));
         return;
@@ -237,11 +237,11 @@ void Fichier(LecteurGedcom& l, Fami& f, std::string& v) {
     if (const ActeFamille* r = LigneActe(l.Contexte1())) o.TypeActe = r->typeActe;
 }
 
-void Objet(LecteurGedcom& l, Fami& f, std::string& v) {
+void Objet(LecteurGedcom& l, Fami& f, std::string_view& v) {
     if (ObjetPointe(l, v)) LierMedia(l, f, v);
 }
 
-void TitreDeFichier(LecteurGedcom& l, Fami&, std::string& v) {
+void TitreDeFichier(LecteurGedcom& l, Fami&, std::string_view& v) {
     if (l.DansBlocObjet()) TitreDeBloc(l, v, Famille(l));
 }
 

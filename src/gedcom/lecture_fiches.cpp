@@ -46,27 +46,10 @@ void LecteurGedcom::SectionNote(bool source) {
 
 void ParcourirDepots(LecteurGedcom& l) {
     l.DepotsParcourus = true;
-    const std::string_view t = l.tampon_;
-    // On cherche « REPO » plutôt que chaque ligne 0 : un fichier a des millions de fiches et
-    // peu de dépôts, ou aucun.
-    for (std::size_t r = Chercher(t, " REPO"); r != std::string_view::npos;) {
-        const std::size_t a = t.rfind("\r\n", r);
-        std::size_t fin = std::min(t.find("\r\n", r), t.size());
-        r = fin < t.size() ? Chercher(t, " REPO", fin) : std::string_view::npos;
-        if (a == std::string_view::npos || t.substr(a + 2, 3) != "0 @") continue;
-        const std::string_view ligne = SansBlancs(t.substr(a + 2, fin - a - 2));
-        if (Droite(ligne, 5) != " REPO") continue;
-        const std::string id(ligne.substr(3, ligne.find('@', 3) - 3));
-        while (fin + 2 < t.size() && t[fin + 2] != '0') {
-            const std::size_t suivante = std::min(t.find("\r\n", fin + 2), t.size());
-            const std::string_view sous = SansBlancs(t.substr(fin + 2, suivante - fin - 2));
-            if (sous.starts_with("1 NAME ")) {
-                l.NomsDepots.try_emplace(id, SansBlancs(sous.substr(7)));
-                break;
-            }
-            fin = suivante;
-        }
-    }
+    if (ReleveFichier* releve = l.releve_.Attendre())
+        l.NomsDepots = std::move(releve->nomsDepots);
+    else
+        ReleverDepots(l.tampon_, l.NomsDepots);
 }
 
 namespace {
@@ -172,7 +155,7 @@ bool LireSuite(LecteurGedcom& l, NoteExt& note, std::string_view v) {
 // bloc CHAN : la date de modification d'une note n'a pas de champ et l'écriture la refait.
 void LecteurGedcom::LigneNote(bool source, std::int32_t n) {
     NoteExt& note = source ? base_.Sources[n] : base_.Notes[n];
-    std::string& v = LigneCourante;
+    std::string_view& v = LigneCourante;
     const char genre = source ? 'S' : 'N';
     bool garde = true;
     if (Contexte1() == "CHAN") return;
@@ -190,7 +173,7 @@ void LecteurGedcom::LigneNote(bool source, std::int32_t n) {
         note.Titre = v;  // le titre d'une source chez EasyTree
     } else if (const std::string_view libelle = Libelle(Balise, NiveauLigne, Parent(*this, NiveauLigne));
                !libelle.empty()) {
-        garde = LireLigneLibellee(*this, note, libelle, v);
+        garde = LireLigneLibellee(*this, note, libelle, std::string(v));
     } else {
         garde = v.empty() || Comme(Balise, "@*@");
     }
@@ -247,7 +230,7 @@ bool PlacerDansObjet(LecteurGedcom& l, E& emplacements, V valeur, std::int32_t g
 
 void LecteurGedcom::LigneMedia(std::int32_t g) {
     ObjetMedia& o = base_.Medias[g];
-    std::string& v = LigneCourante;
+    std::string_view& v = LigneCourante;
     if (Balise == "INDI") {
         if (!EstPointeur(v)) return;
         const std::int32_t p = PersonneDuPointeur(v);

@@ -132,8 +132,8 @@ std::int32_t NouvelObjetLocal(LecteurGedcom& l, std::string_view chemin) {
 namespace arbolix {
 
 void LecteurGedcom::NouvelleFiche() {
-    Ligne1.clear();
-    Ligne2.clear();
+    Ligne1 = {};
+    Ligne2 = {};
     TemoinEnAttente = 0;
     NiveauObjet = 0;
     ObjetDuBloc = 0;
@@ -145,7 +145,7 @@ void LecteurGedcom::PreparerLigne() {
     if (NiveauObjet > 0 && NiveauLigne <= NiveauObjet) NiveauObjet = 0;
     // Une ligne de niveau 1 ferme le contexte de niveau 2 et le témoin qui attendait son rôle.
     if (NiveauLigne <= 1) {
-        Ligne2.clear();
+        Ligne2 = {};
         TemoinEnAttente = 0;
     }
     if (NiveauLigne <= 2) Balise3.clear();
@@ -153,10 +153,18 @@ void LecteurGedcom::PreparerLigne() {
     if (NiveauLigne == 3) Balise3 = Balise;
     // Seule la suite directe d'une source de niveau 2 en est le texte : plus bas, elle continue
     // une ligne de la citation (3 NOTE, 3 DATA...).
-    // Comparée en vue, la balise l'est d'abord par sa longueur : pas d'appel à chaque ligne.
-    const std::string_view balise = Balise;
-    if ((balise == "CONT" || balise == "CONC") && NiveauLigne == 3 && Contexte2() == "SOUR") {
-        if (balise == "CONT") LigneCourante.insert(LigneCourante.begin(), ' ');
+    if (NiveauLigne == 3 && (EstBalise(Balise, "CONT") || EstBalise(Balise, "CONC")) &&
+        Contexte2() == "SOUR") {
+        if (EstBalise(Balise, "CONT")) {
+            // D'ordinaire, le blanc qui sépare la balise de la valeur est là, juste devant.
+            const bool blancDevant = !LigneCourante.empty() && LigneCourante.data() > tampon_.data() &&
+                                     LigneCourante.data() <= tampon_.data() + tampon_.size() &&
+                                     LigneCourante.data()[-1] == ' ';
+            if (blancDevant)
+                LigneCourante = {LigneCourante.data() - 1, LigneCourante.size() + 1};
+            else
+                LigneCourante = Retoucher(" " + std::string(LigneCourante));
+        }
         Balise = "TEXT";
     }
 }
@@ -188,18 +196,14 @@ namespace {
 
 constexpr std::size_t kPrefixesRetenus = 32;
 
-// Les lettres d'un identifiant avant son premier chiffre ; vide s'il n'a pas de chiffre.
-std::string_view PrefixeDe(std::string_view id) {
-    while (!id.empty() && id.front() == '@') id.remove_prefix(1);
-    id = id.substr(0, id.find('@'));
-    const auto chiffre = id.find_first_of("0123456789");
-    return chiffre == std::string_view::npos ? std::string_view{} : id.substr(0, chiffre);
-}
-
 bool Retenu(const std::vector<std::string>& v, std::string_view p) {
     for (const auto& s : v)
         if (s == p) return true;
     return false;
+}
+
+void Retenir(std::vector<std::string>& v, std::string_view p) {
+    if (!Retenu(v, p) && v.size() < kPrefixesRetenus) v.emplace_back(p);
 }
 
 }  // namespace
@@ -207,29 +211,22 @@ bool Retenu(const std::vector<std::string>& v, std::string_view p) {
 void LecteurGedcom::NoterPrefixe(std::string_view identifiant, bool famille) {
     const auto id = identifiant.substr(0, identifiant.find('@'));
     if (id.find_first_of("0123456789") == std::string_view::npos) return;
-    auto& v = famille ? PrefixesFamilles : PrefixesPersonnes;
-    const std::string_view p = PrefixeDe(id);
-    if (!Retenu(v, p) && v.size() < kPrefixesRetenus) v.emplace_back(p);
+    Retenir(famille ? PrefixesFamilles : PrefixesPersonnes, PrefixeDe(id));
 }
 
 void LecteurGedcom::ParcourirPrefixes() {
     PrefixesParcourus = true;
-    // Les fiches déjà lues ont laissé leur préfixe ; le reste du fichier est parcouru une fois.
-    // Une fiche commence par « \r\n0 @ » : on va d'arobase en arobase, deux fois plus rares que
-    // les fins de ligne, et on regarde ce qui les précède.
-    const std::string_view t = tampon_;
-    for (std::size_t q = t.find('@', (pos_ >= 2 ? pos_ - 2 : 0) + 4); q != std::string_view::npos;
-         q = t.find('@', q + 1)) {
-        if (t.substr(q - 4, 4) != "\r\n0 ") continue;
-        const std::size_t a = q - 4;
-        const std::size_t fin = FinDeLigne(a + 2);
-        const std::string_view ligne = std::string_view(tampon_).substr(a + 2, fin - a - 2);
-        const std::string_view id = Depuis(ligne, 4);
-        if (Droite(ligne, 5) == " INDI")
-            NoterPrefixe(id, false);
-        else if (Droite(ligne, 4) == " FAM")
-            NoterPrefixe(id, true);
-    }
+    // Les fiches déjà lues ont laissé leur préfixe ; s'y ajoutent, dans l'ordre, ceux des fiches
+    // qui restent, relevées d'avance pour tout le fichier ou cherchées maintenant.
+    const std::size_t seuil = pos_ >= 2 ? pos_ : 2;
+    PrefixesDesFiches ici;
+    const ReleveFichier* releve = releve_.Attendre();
+    if (!releve) ici = ReleverPrefixes(tampon_, pos_);
+    const PrefixesDesFiches& p = releve ? releve->prefixes : ici;
+    for (const auto& s : p.personnes)
+        if (s.derniere >= seuil) Retenir(PrefixesPersonnes, s.prefixe);
+    for (const auto& s : p.familles)
+        if (s.derniere >= seuil) Retenir(PrefixesFamilles, s.prefixe);
 }
 
 bool LecteurGedcom::DesigneUneFamille(std::string_view pointeur) {

@@ -54,7 +54,7 @@ void FixerSuite(Perso& p, Texte PersoSuite::*champ, std::string_view v) {
 
 // Surnom : entre guillemets derrière les prénoms ; un pointeur (ALIA @I3@) désigne une autre
 // fiche, ce n'est pas un nom.
-void Surnom(LecteurGedcom& l, Perso& p, std::string& v) {
+void Surnom(LecteurGedcom& l, Perso& p, std::string_view& v) {
     const std::string_view s = SansBlancs(v);
     if (DansUnSousBloc(l, 2) || EstPointeur(s)) {
         DonneeNonTraitee(l);
@@ -66,7 +66,7 @@ void Surnom(LecteurGedcom& l, Perso& p, std::string& v) {
     p.Prenoms += "\"";
 }
 
-void Nom(LecteurGedcom& l, Perso& p, std::string& valeur) {
+void Nom(LecteurGedcom& l, Perso& p, std::string_view& valeur) {
     // Seul un NAME de niveau 1 est le nom de la fiche : "3 NAME" d'une citation ne l'est pas.
     if (DansUnSousBloc(l, 1)) {
         DonneeNonTraitee(l);
@@ -86,9 +86,11 @@ void Nom(LecteurGedcom& l, Perso& p, std::string& valeur) {
         l.JournaliserLigne("Alerte ligne " + NumLigneTexte(l) + ", personne " + std::to_string(n) +
                            " : le nom ou le pr\xE9nom comporte un caract\xE8re / qui a \xE9t\xE9 remplac\xE9 "
                            "par , (veuillez v\xE9rifier et modifier si besoin).");
-        valeur.pop_back();
-        valeur[valeur.rfind('/')] = ',';
-        valeur += '/';
+        std::string retouche(valeur);
+        retouche.pop_back();
+        retouche[retouche.rfind('/')] = ',';
+        retouche += '/';
+        valeur = l.Retoucher(std::move(retouche));
     }
     const auto barre = valeur.find('/');
     if (Comme(valeur, "*/*/")) {
@@ -113,7 +115,7 @@ void Nom(LecteurGedcom& l, Perso& p, std::string& valeur) {
 }
 
 // GIVN et SURN ne valent que sous le NAME de la fiche, pas sous une citation ou une traduction.
-void Prenom(LecteurGedcom& l, Perso& p, std::string& v) {
+void Prenom(LecteurGedcom& l, Perso& p, std::string_view& v) {
     if (DansUnSousBloc(l, 2)) {
         DonneeNonTraitee(l);
         return;
@@ -123,7 +125,7 @@ void Prenom(LecteurGedcom& l, Perso& p, std::string& v) {
 }
 
 // Un SURN vide n'efface pas le nom que NAME a donné.
-void NomDeFamille(LecteurGedcom& l, Perso& p, std::string& v) {
+void NomDeFamille(LecteurGedcom& l, Perso& p, std::string_view& v) {
     if (DansUnSousBloc(l, 2)) {
         DonneeNonTraitee(l);
         return;
@@ -133,7 +135,7 @@ void NomDeFamille(LecteurGedcom& l, Perso& p, std::string& v) {
     p.Nom = v;
 }
 
-void Sexe(LecteurGedcom& l, Perso& p, std::string& v) {
+void Sexe(LecteurGedcom& l, Perso& p, std::string_view& v) {
     p.Sexe = v.empty() ? ' ' : v[0];
     if (!v.empty() && v[0] != 'M' && v[0] != 'F')
         l.JournaliserLigne("Info ligne " + NumLigneTexte(l) + ", personne " + Numero(l) +
@@ -147,7 +149,7 @@ bool ResideDeja(const Texte& notes) {
 }
 
 // Résidence et métier datés : la date ne passe par aucun évènement de la personne.
-void DateDeResidenceOuMetier(LecteurGedcom& l, Perso& p, const std::string& v, bool residence) {
+void DateDeResidenceOuMetier(LecteurGedcom& l, Perso& p, std::string_view v, bool residence) {
     const std::string date = DateDeTravail(l, v);
     const std::string en = v.size() == 4 ? "en " : "";
     if (residence) {
@@ -162,7 +164,7 @@ void DateDeResidenceOuMetier(LecteurGedcom& l, Perso& p, const std::string& v, b
 
 // Date et lieu valent pour le bloc de niveau 1 qui les porte directement ; ceux d'une citation
 // (2 SOUR, 3 DATA, 4 DATE) ou d'un autre sous-bloc n'y touchent pas.
-void Date(LecteurGedcom& l, Perso& p, std::string& v) {
+void Date(LecteurGedcom& l, Perso& p, std::string_view& v) {
     if (DansUnSousBloc(l, 2)) {
         DonneeNonTraitee(l);
         return;
@@ -179,7 +181,7 @@ void Date(LecteurGedcom& l, Perso& p, std::string& v) {
     }
 }
 
-void Lieu(LecteurGedcom& l, Perso& p, std::string& v) {
+void Lieu(LecteurGedcom& l, Perso& p, std::string_view& v) {
     if (DansUnSousBloc(l, 2)) {
         DonneeNonTraitee(l);
         return;
@@ -206,7 +208,7 @@ bool SuiteDUneNote(std::string_view balise);
 // citation (3 PAGE, 4 CONC) suit la note de l'évènement, celle d'une page qu'aucun champ ne garde se
 // perd avec elle ; celle d'une ligne de sous-bloc (3 NOTE d'une citation) ou d'une ligne que la
 // fiche ne garde pas va au journal.
-void Suite(LecteurGedcom& l, Perso& p, std::string& v) {
+void Suite(LecteurGedcom& l, Perso& p, std::string_view& v) {
     if (v.empty()) return;
     const std::string_view sep = l.Balise == "CONT" ? " \r\n" : "";
     const std::string_view ctx = l.Contexte1();
@@ -237,15 +239,15 @@ void Suite(LecteurGedcom& l, Perso& p, std::string& v) {
     }
 }
 
-void Metier(LecteurGedcom& l, Perso& p, std::string& v);
-void Role(LecteurGedcom& l, Perso& p, std::string& v);
+void Metier(LecteurGedcom& l, Perso& p, std::string_view& v);
+void Role(LecteurGedcom& l, Perso& p, std::string_view& v);
 
-void NoteOuSemblable(LecteurGedcom& l, Perso& p, std::string& v) {
+void NoteOuSemblable(LecteurGedcom& l, Perso& p, std::string_view& v) {
     const bool type = l.Balise == "TYPE";
     if (type && l.cases_.Professions && v == "Ehrenamt") {
         Ajouter(p.Metier, ", ", Depuis(l.Ligne1, 8));
         l.Ligne1 = "1 OCCU";
-        v.clear();
+        v = {};
     }
     if (type && l.Ligne1 == "1 TITL") {
         // "1 TITL x" a été coupé en "1 TITL" et "2 TYPE x" : c'est le titre.
@@ -263,7 +265,7 @@ void NoteOuSemblable(LecteurGedcom& l, Perso& p, std::string& v) {
         DonneeNonTraitee(l);
         return;
     }
-    if (EstPointeur(v)) v = LienLu(l, v, 'N');
+    if (EstPointeur(v)) v = l.Retoucher(LienLu(l, v, 'N'));
     if (type && l.ProduitOmega && v.size() == 1) return;
     if (l.Balise == "AGE" && !l.cases_.Ages) return;
     const std::string_view ctx = l.Contexte1();
@@ -276,7 +278,7 @@ void NoteOuSemblable(LecteurGedcom& l, Perso& p, std::string& v) {
     }
 }
 
-void Source(LecteurGedcom& l, Perso& p, std::string& v) {
+void Source(LecteurGedcom& l, Perso& p, std::string_view& v) {
     std::string s(SansBlancsGauche(v));
     if (EstPointeur(s)) s = LienLu(l, s, 'S');
     const bool texte = l.Balise == "TEXT";
@@ -309,7 +311,7 @@ void ListerMetiers(LecteurGedcom& l, Perso& p, std::string m) {
     }
 }
 
-void Metier(LecteurGedcom& l, Perso& p, std::string& v) {
+void Metier(LecteurGedcom& l, Perso& p, std::string_view& v) {
     const bool titre = l.Balise == "TITL" || l.Balise == "TYPE";
     if (l.Balise == "TITL" && l.DansBlocObjet()) {
         if (l.cases_.Fichiers) TitreDeBloc(l, v, "personne " + Numero(l));
@@ -330,7 +332,7 @@ void Metier(LecteurGedcom& l, Perso& p, std::string& v) {
 
 // --- Témoins ---
 
-void Temoin(LecteurGedcom& l, Perso& p, std::string& v) {
+void Temoin(LecteurGedcom& l, Perso& p, std::string_view& v) {
     l.TemoinEnAttente = 0;
     if (!EstPointeur(v)) {
         if (!v.empty()) DonneeNonTraitee(l);
@@ -349,67 +351,67 @@ void Temoin(LecteurGedcom& l, Perso& p, std::string& v) {
     AjouterTemoin(l, *a, w, [&] { return " \xE0 la personne " + Numero(l) + " " + p.Nom + " " + p.Prenoms; });
 }
 
-void Role(LecteurGedcom& l, Perso& p, std::string& v) {
+void Role(LecteurGedcom& l, Perso& p, std::string_view& v) {
     const std::string_view ctx = l.Contexte1();
     AjouterRole(l, ctx, ActeDesTemoins(p, ctx), v);
 }
 
 // --- Adresses et divers ---
 
-void Reference(LecteurGedcom& l, Perso& p, std::string& v) {
+void Reference(LecteurGedcom& l, Perso& p, std::string_view& v) {
     FixerSuite(p, &PersoSuite::Ref, v);
     if (v == "1") l.PremierePerso = l.base_.NumCourant;
 }
 
 // Le dernier caractère est lu comme un nombre : ce qui n'est pas un chiffre fait
 // l'erreur d'exécution que le piège note, et le numéro reste enregistré.
-void Telephone(LecteurGedcom&, Perso& p, std::string& v) {
+void Telephone(LecteurGedcom&, Perso& p, std::string_view& v) {
     FixerSuite(p, &PersoSuite::Telephone, v);
     if (v.empty() || !EstChiffre(v.back())) throw ErreurExecution(13, "Incompatibilit\xE9 de type");
 }
 
-void Adresse(LecteurGedcom&, Perso& p, std::string& v) {
+void Adresse(LecteurGedcom&, Perso& p, std::string_view& v) {
     if (!v.empty()) FixerSuite(p, &PersoSuite::Adresse1, v);
 }
-void Adresse1(LecteurGedcom&, Perso& p, std::string& v) {
+void Adresse1(LecteurGedcom&, Perso& p, std::string_view& v) {
     FixerSuite(p, &PersoSuite::Adresse1, v);
 }
-void Adresse2(LecteurGedcom&, Perso& p, std::string& v) {
+void Adresse2(LecteurGedcom&, Perso& p, std::string_view& v) {
     FixerSuite(p, &PersoSuite::Adresse2, SansBlancsGauche(v));
 }
-void Ville(LecteurGedcom&, Perso& p, std::string& v) {
+void Ville(LecteurGedcom&, Perso& p, std::string_view& v) {
     if (!v.empty()) FixerSuite(p, &PersoSuite::Ville, v);
 }
-void Pays(LecteurGedcom&, Perso& p, std::string& v) {
+void Pays(LecteurGedcom&, Perso& p, std::string_view& v) {
     FixerSuite(p, &PersoSuite::Pays, v);
 }
-void CodePostal(LecteurGedcom&, Perso& p, std::string& v) {
+void CodePostal(LecteurGedcom&, Perso& p, std::string_view& v) {
     FixerSuite(p, &PersoSuite::CP, v);
 }
-void Etat(LecteurGedcom&, Perso& p, std::string& v) {
+void Etat(LecteurGedcom&, Perso& p, std::string_view& v) {
     if (!v.empty()) FixerSuite(p, &PersoSuite::Etat, v);
 }
-void Courriel(LecteurGedcom&, Perso& p, std::string& v) {
+void Courriel(LecteurGedcom& l, Perso& p, std::string_view& v) {
     const auto double_ = v.find("@@");
-    if (double_ != std::string::npos) v.erase(double_, 1);
+    if (double_ != std::string_view::npos) v = l.Retoucher(std::string(v).erase(double_, 1));
     FixerSuite(p, &PersoSuite::EMail, v);
 }
-void Site(LecteurGedcom&, Perso& p, std::string& v) {
+void Site(LecteurGedcom&, Perso& p, std::string_view& v) {
     if (!v.empty()) Ajouter(p.SuiteModif().URL, ";", v);
 }
 // Additions et non bits : une balise donnée deux fois déborde sur l'autre intérêt.
-void Ascendants(LecteurGedcom&, Perso& p, std::string&) {
+void Ascendants(LecteurGedcom&, Perso& p, std::string_view&) {
     p.Interet += 1;
 }
-void Descendants(LecteurGedcom&, Perso& p, std::string&) {
+void Descendants(LecteurGedcom&, Perso& p, std::string_view&) {
     p.Interet += 2;
 }
-void Parrainage(LecteurGedcom&, Perso& p, std::string& v) {
+void Parrainage(LecteurGedcom&, Perso& p, std::string_view& v) {
     Ajouter(p.Bapteme.Notes, "\r\n", SansBlancsGauche(v));
 }
 
 // « 1 DEAT Y » : le décès (la naissance, le baptême, la sépulture) a eu lieu, date et lieu inconnus.
-void EvenementConnu(LecteurGedcom& l, Perso& p, std::string& v) {
+void EvenementConnu(LecteurGedcom& l, Perso& p, std::string_view& v) {
     MarquerConnu(l, ActeDe(p, l.Balise), v);
 }
 
@@ -417,15 +419,15 @@ void EvenementConnu(LecteurGedcom& l, Perso& p, std::string& v) {
 
 // Un lien sans place libre attend la fin de la lecture : un objet venu d'un chemin lu plus tôt peut
 // encore s'avérer le double d'un objet du fichier et lui céder sa place.
-void MettreEnAttente(LecteurGedcom& l, std::int32_t objet, const ActePersonne* r, const std::string& v) {
+void MettreEnAttente(LecteurGedcom& l, std::int32_t objet, const ActePersonne* r, std::string_view v) {
     l.FichiersEnAttente.push_back(
-        {l.base_.NumCourant, objet, l.NumLigne, r ? r->typeActe : 0, r ? r->acte : nullptr, v});
+        {l.base_.NumCourant, objet, l.NumLigne, r ? r->typeActe : 0, r ? r->acte : nullptr, std::string(v)});
 }
 
 // Lien vers un objet média @M..@, depuis la personne ou l'un de ses évènements. La personne n'a
 // qu'un lien vers un objet ; celui de sa propre liste l'emporte sur celui d'un évènement, qu'il
 // remplace : c'est lui que l'écriture redonne.
-void LierMedia(LecteurGedcom& l, Perso& p, const std::string& v) {
+void LierMedia(LecteurGedcom& l, Perso& p, std::string_view v) {
     const std::int32_t m = MediaDuPointeur(l, v);
     const ActePersonne* r = LigneActe(l.Contexte1());
     Acte* a = r ? &(p.*(r->acte)) : nullptr;
@@ -442,7 +444,7 @@ void LierMedia(LecteurGedcom& l, Perso& p, const std::string& v) {
     LierObjetEnRetour(l, m, &ObjetMedia::LiensPersos, v, " et la personne " + Numero(l), r ? r->typeActe : 0);
 }
 
-void Fichier(LecteurGedcom& l, Perso& p, std::string& v) {
+void Fichier(LecteurGedcom& l, Perso& p, std::string_view& v) {
     if (v.empty()) return;
     if (EstPointeur(v)) {
         LierMedia(l, p, v);
@@ -466,7 +468,7 @@ void Fichier(LecteurGedcom& l, Perso& p, std::string& v) {
 }
 
 // OBJE @M..@ lie l'objet comme FILE @M..@ ; OBJE sans valeur ouvre un bloc FILE/TITL/FORM.
-void Objet(LecteurGedcom& l, Perso& p, std::string& v) {
+void Objet(LecteurGedcom& l, Perso& p, std::string_view& v) {
     if (ObjetPointe(l, v)) LierMedia(l, p, v);
 }
 
