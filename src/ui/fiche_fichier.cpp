@@ -225,7 +225,6 @@ bool Fiche::ChargerFichier(Progression& progression) {
     const bool visible = isVisible();
     ResultatLecture r;
     Ascendance a;
-    QString journal;
     TravaillerEnFond(progression, [&](Progression& relais) {
         ContexteLecture ctx{options_, gedcom_, relais, textes_};
         ctx.fenetreVisible = visible;
@@ -234,16 +233,6 @@ bool Fiche::ChargerFichier(Progression& progression) {
         // Un fichier s'ouvre sur « Toute la base » : chaque fiche en usage est sélectionnée.
         ToutSelectionner(base_);
         a = NumeroterApresLecture(base_, options_, r.PremierePerso);
-        if (r.Journal.empty() && a.Journal.empty()) return;
-        // Bout à bout sans copie intermédiaire, et converti ici pour le contrôle : le journal d'un
-        // grand fichier fait des dizaines de Mo, qui ne doivent pas figer la fenêtre.
-        const std::string lisible = JournalLisible(r.Journal, r.Reperes);
-        std::string texte;
-        texte.reserve(lisible.size() + a.Journal.size() + 512);
-        texte.append(textes_.TitreJournal).append(" ").append(Utf8VersCp1252(gedcom_.Fichier));
-        texte.append("\r\n\r\n").append(lisible).append(a.Journal).append("\r\n");
-        texte.append(textes_.FinJournal);
-        journal = Editeur::TexteDeControle(texte);
     });
     if (!r.Lu) {
         ouvert_ = etaitOuvert;
@@ -260,7 +249,20 @@ bool Fiche::ChargerFichier(Progression& progression) {
     ApresLecture(a);
     MettreEnPlaceFichier(PremierePersonne(r.PremierePerso));
     RetenirFichier();
-    if (!journal.isEmpty()) editeur_->MontrerConverti(VersQString(textes_.TitreJournal), std::move(journal));
+    if (r.Journal.empty() && a.Journal.empty()) return true;
+    // La fiche se montre pendant que le journal se prépare : il fait des dizaines de Mo sur un
+    // grand fichier. Ce travail-là ne lit que le journal, jamais la base.
+    const std::string titre = textes_.TitreJournal + " " + Utf8VersCp1252(gedcom_.Fichier) + "\r\n\r\n";
+    const std::string fin = "\r\n" + textes_.FinJournal;
+    QString journal;
+    TravaillerEnFond(progression, [&](Progression&) {
+        const std::string lisible = JournalLisible(r.Journal, r.Reperes);
+        std::string texte;
+        texte.reserve(titre.size() + lisible.size() + a.Journal.size() + fin.size());
+        texte.append(titre).append(lisible).append(a.Journal).append(fin);
+        journal = Editeur::TexteDeControle(texte);
+    });
+    editeur_->MontrerConverti(VersQString(textes_.TitreJournal), std::move(journal));
     return true;
 }
 
