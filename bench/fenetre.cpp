@@ -14,6 +14,7 @@
 #include <string>
 
 #include "aides/dialogue_factice.h"
+#include "app/travail_en_fond.h"
 #include "charger.h"
 #include "mesures.h"
 #include "platform/progression.h"
@@ -133,6 +134,7 @@ void Mesurer(const std::string& chemin) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    PreparerTravailEnFond();  // comme la fenêtre
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     if (argc < 2) Mesurer(bench::FichierDuBanc(argc, argv));

@@ -1,6 +1,9 @@
 #include "app/travail_en_fond.h"
 
 #include <exception>
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
 #include <thread>
 
 namespace arbolix {
@@ -73,6 +76,12 @@ void TravaillerEnFond(Progression& progression, const std::function<void(Progres
     }
     fil.join();
     if (erreur) std::rethrow_exception(erreur);
+}
+
+void PreparerTravailEnFond() {
+#if defined(__GLIBC__)
+    mallopt(M_ARENA_MAX, 1);
+#endif
 }
 
 }  // namespace arbolix

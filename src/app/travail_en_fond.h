@@ -46,4 +46,9 @@ private:
 // travail ressort ici. Le travail ne doit toucher à rien que ce fil-ci lise pendant l'attente.
 void TravaillerEnFond(Progression& progression, const std::function<void(Progression&)>& travail);
 
+// Au début de main, avant tout autre fil : les fils de travail prennent leur mémoire dans l'arène du
+// programme. glibc donnerait au fil de lecture une arène à lui, faite de tas de 64 Mo agrandis pas à
+// pas, où la base d'un grand fichier se remplit nettement plus lentement.
+void PreparerTravailEnFond();
+
 }  // namespace arbolix
