@@ -1,6 +1,6 @@
 // L'ouverture d'un fichier de forme réelle dans la fenêtre (Qt hors écran) : du clic sur OK à la
 // fiche affichée puis au journal montré, la plus longue pause de la pompe d'évènements (ce que l'utilisateur
-// voit figé), puis la liste des personnes.
+// voit figé), le journal rempli, puis la liste des personnes.
 //
 // bench_fenetre [FICHIER.ged...]   (par défaut celui d'un million de personnes de gen_gedcom.py, graine 1)
 #include <time.h>
@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QPlainTextEdit>
 #include <QTimer>
 #include <algorithm>
 #include <cstdio>
@@ -18,6 +19,7 @@
 #include "charger.h"
 #include "mesures.h"
 #include "platform/progression.h"
+#include "ui/editeur.h"
 #include "ui/fiche.h"
 #include "ui/gedcom.h"
 
@@ -111,6 +113,24 @@ void Mesurer(const std::string& chemin) {
     const double ouverture = progression.FicheVue() < 0 ? fin : progression.FicheVue();
     const double calculOuverture = processeur();
 
+    const double pointeFiche = bench::MemoirePointeMo();
+
+    // Le journal se remplit ensuite par morceaux, la fiche répondant déjà : jusqu'au dernier morceau,
+    // la plus longue pompe en temps de calcul du fil de la fenêtre.
+    double pompeJournal = 0;
+    if (auto* texte = fiche.FormEditeur().findChild<QPlainTextEdit*>()) {
+        ProcesseurDuFil fil;
+        for (int avant = -1, stable = 0; stable < 3;) {
+            QApplication::processEvents();
+            pompeJournal = std::max(pompeJournal, fil());
+            const int n = texte->document()->characterCount();
+            stable = n == avant ? stable + 1 : 0;
+            avant = n;
+        }
+    }
+    const double journalRempli = static_cast<double>(ok.elapsed()) / 1000.0;
+    processeur();
+
     // Au-delà de 5 000 personnes la liste demande d'abord un nom : OK garde celui de la fiche.
     QTimer::singleShot(0, [] {
         if (auto* invite = qobject_cast<QDialog*>(QApplication::activeModalWidget())) invite->accept();
@@ -125,9 +145,11 @@ void Mesurer(const std::string& chemin) {
     std::printf(
         "%s : %s ; fiche affich\xC3\xA9"
         "e en %.2f s, journal en %.2f s (%.2f s de calcul), pause la plus longue "
-        "%.2f s de calcul sur %d passages ; liste des personnes %.2f s (%.2f s de calcul) ; pointe %.0f Mo\n",
+        "%.2f s de calcul sur %d passages, pointe %.0f Mo ; journal rempli en %.2f s, pompe la plus longue "
+        "%.2f s ; liste des personnes %.2f s (%.2f s de calcul) ; pointe %.0f Mo\n",
         chemin.c_str(), lu ? "lu" : "ERREUR", ouverture, fin, calculOuverture, progression.PauseMax(),
-        progression.Passages(), secondesListe, calculListe, bench::MemoirePointeMo());
+        progression.Passages(), pointeFiche, journalRempli, pompeJournal, secondesListe, calculListe,
+        bench::MemoirePointeMo());
     std::fflush(stdout);
 }
 
