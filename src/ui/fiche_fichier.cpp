@@ -254,15 +254,13 @@ bool Fiche::ChargerFichier(Progression& progression) {
     // grand fichier. Ce travail-là ne lit que le journal, jamais la base.
     const std::string titre = textes_.TitreJournal + " " + Utf8VersCp1252(gedcom_.Fichier) + "\r\n\r\n";
     const std::string fin = "\r\n" + textes_.FinJournal;
-    QString journal;
+    std::string journal;
     TravaillerEnFond(progression, [&](Progression&) {
         const std::string lisible = JournalLisible(r.Journal, r.Reperes);
-        std::string texte;
-        texte.reserve(titre.size() + lisible.size() + a.Journal.size() + fin.size());
-        texte.append(titre).append(lisible).append(a.Journal).append(fin);
-        journal = Editeur::TexteDeControle(texte);
+        journal.reserve(titre.size() + lisible.size() + a.Journal.size() + fin.size());
+        journal.append(titre).append(lisible).append(a.Journal).append(fin);
     });
-    editeur_->MontrerConverti(VersQString(textes_.TitreJournal), std::move(journal));
+    editeur_->MontrerJournal(VersQString(textes_.TitreJournal), std::move(journal));
     return true;
 }
 
