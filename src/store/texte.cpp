@@ -82,8 +82,8 @@ void Texte::Initialiser(std::string_view s) {
     MettreLong(p, s.size());
 }
 
-void Texte::Liberer() noexcept {
-    if (Long()) Rendre(Pointeur());
+void Texte::RendreLong() noexcept {
+    Rendre(Pointeur());
 }
 
 Texte::Texte(Texte&& autre) noexcept {

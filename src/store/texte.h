@@ -70,7 +70,12 @@ private:
     void Partager(const Texte& autre) noexcept;
     void MettreLong(char* p, std::size_t n) noexcept;
     void Initialiser(std::string_view s);
-    void Liberer() noexcept;
+    // En ligne : une base d'un million de fiches détruit des dizaines de millions de textes courts,
+    // qui n'ont rien à rendre.
+    void Liberer() noexcept {
+        if (Long()) RendreLong();
+    }
+    void RendreLong() noexcept;
 
     alignas(8) char b_[16];
 };
