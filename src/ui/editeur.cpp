@@ -4,7 +4,9 @@
 #include <QTextCursor>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <array>
 
+#include "platform/cp1252.h"
 #include "platform/qt_texte.h"
 #include "store/chaines.h"
 #include "store/liens.h"
@@ -12,16 +14,6 @@
 namespace arbolix {
 
 namespace {
-
-// Les textes de la base séparent les lignes par CR LF, le contrôle par LF.
-QString VersControle(std::string_view texte) {
-    // CR LF devient LF avant la conversion, en une passe : un journal fait des dizaines de Mo.
-    std::string lf;
-    lf.reserve(texte.size());
-    for (std::size_t i = 0; i < texte.size(); ++i)
-        if (texte[i] != '\r' || i + 1 >= texte.size() || texte[i + 1] != '\n') lf += texte[i];
-    return VersQString(lf);
-}
 
 std::string DepuisControle(const QString& texte) {
     QString t = texte;
@@ -98,7 +90,7 @@ void Editeur::Cote(QWidget* w) {
 
 void Editeur::Preparer(Mode mode, Base* base, Dialogue* dialogue) {
     Cote(nullptr);
-    reste_.clear();
+    std::string().swap(reste_);
     suite_ = 0;
     mode_ = mode;
     base_ = base;
@@ -123,26 +115,53 @@ void Editeur::Preparer(Mode mode, Base* base, Dialogue* dialogue) {
 
 namespace {
 
-// Un morceau d'environ 256 000 caractères, coupé après une fin de ligne.
-qsizetype FinDeMorceau(const QString& texte, qsizetype debut) {
-    constexpr qsizetype kMorceau = 256 * 1024;
+// Un morceau d'environ 256 000 octets, coupé après une fin de ligne : une paire CR LF reste entière.
+std::size_t FinDeMorceau(std::string_view texte, std::size_t debut) {
+    constexpr std::size_t kMorceau = 256 * 1024;
     if (texte.size() - debut <= kMorceau) return texte.size();
-    const qsizetype ligne = texte.indexOf('\n', debut + kMorceau);
-    return ligne < 0 ? texte.size() : ligne + 1;
+    const std::size_t ligne = texte.find('\n', debut + kMorceau);
+    return ligne == std::string_view::npos ? texte.size() : ligne + 1;
 }
 
 }  // namespace
 
 // Le journal d'un million de personnes tient des centaines de milliers de lignes, que le
 // contrôle met des secondes à mettre en page : le premier morceau se montre tout de suite, la
-// suite arrive pendant que la fiche répond déjà.
+// suite arrive pendant que la fiche répond déjà. Ce qui reste attend en 1252, deux fois moins
+// lourd qu'en QString, et chaque morceau se convertit à son tour.
+// Les textes de la base séparent les lignes par CR LF, le contrôle par LF : CR LF devient LF pendant
+// la conversion, en une passe et par une table (un journal fait des dizaines de Mo).
+QString Editeur::TexteDeControle(std::string_view texte) {
+    static const auto kTable = [] {
+        std::array<char16_t, 256> t{};
+        for (unsigned c = 0; c < t.size(); ++c)
+            t[c] = static_cast<char16_t>(Cp1252VersUnicode(static_cast<unsigned char>(c)));
+        return t;
+    }();
+    QString r(static_cast<qsizetype>(texte.size()), Qt::Uninitialized);
+    QChar* const debut = r.data();
+    QChar* d = debut;
+    const std::size_t n = texte.size();
+    for (std::size_t i = 0; i < n; ++i) {
+        const auto c = static_cast<unsigned char>(texte[i]);
+        if (c == '\r' && i + 1 < n && texte[i + 1] == '\n') continue;
+        *d++ = QChar(kTable[c]);
+    }
+    r.truncate(d - debut);
+    return r;
+}
+
 void Editeur::Montrer(const QString& titre, std::string_view texte) {
+    MontrerJournal(titre, std::string(texte));
+}
+
+void Editeur::MontrerJournal(const QString& titre, std::string texte) {
     Preparer(Mode::Journal, nullptr, nullptr);
     setWindowTitle(titre);
     titre_->clear();
-    reste_ = VersControle(texte);
+    reste_ = std::move(texte);
     suite_ = FinDeMorceau(reste_, 0);
-    texte_->setPlainText(reste_.left(suite_));
+    texte_->setPlainText(TexteDeControle(std::string_view(reste_).substr(0, suite_)));
     if (suite_ < reste_.size()) QTimer::singleShot(0, this, &Editeur::RemplirSuite);
     show();
     raise();
@@ -150,15 +169,15 @@ void Editeur::Montrer(const QString& titre, std::string_view texte) {
 
 void Editeur::RemplirSuite() {
     if (suite_ >= reste_.size()) return;  // fini, ou remplacé par un autre texte
-    const qsizetype fin = FinDeMorceau(reste_, suite_);
+    const std::size_t fin = FinDeMorceau(reste_, suite_);
     QTextCursor c(texte_->document());
     c.movePosition(QTextCursor::End);
-    c.insertText(reste_.mid(suite_, fin - suite_));
+    c.insertText(TexteDeControle(std::string_view(reste_).substr(suite_, fin - suite_)));
     suite_ = fin;
     if (suite_ < reste_.size())
         QTimer::singleShot(0, this, &Editeur::RemplirSuite);
     else
-        reste_.clear();
+        std::string().swap(reste_);  // clear() garderait les dizaines de Mo
 }
 
 // Avant de lire ou d'enregistrer le texte : tout ce qui reste, d'un coup.
@@ -203,7 +222,7 @@ bool Editeur::OuvrirChamp(Base& base, const ChampLien& champ, Dialogue& dialogue
         return OuvrirNote(base, n, genre == 'S' ? 2 : 1, true, dialogue);
     Preparer(Mode::Champ, &base, &dialogue);
     champ_ = champ;
-    texte_->setPlainText(VersControle(texte));
+    texte_->setPlainText(TexteDeControle(texte));
     return true;
 }
 
@@ -218,7 +237,7 @@ void Editeur::ChargerNote(std::int32_t numero) {
     else
         setWindowTitle(
             QString("%1 @%2%3@").arg(genre_ == 'S' ? "Source" : "Note").arg(QChar(genre_)).arg(numero));
-    texte_->setPlainText(VersControle(e.Texte));
+    texte_->setPlainText(TexteDeControle(e.Texte));
 }
 
 void Editeur::NumNoteChange() {
@@ -245,7 +264,7 @@ void Editeur::BoutonOuvrir() {
     const auto chemin =
         dialogue_->ChoisirFichierOuvrir("Lire un fichier texte...", "Fichiers texte (*.txt)", "");
     if (!chemin) return;
-    if (const auto contenu = LireFichierTexte(*chemin)) texte_->setPlainText(VersControle(*contenu));
+    if (const auto contenu = LireFichierTexte(*chemin)) texte_->setPlainText(TexteDeControle(*contenu));
 }
 
 void Editeur::BoutonEnreg() {

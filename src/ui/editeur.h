@@ -28,6 +28,10 @@ public:
 
     // Montre un texte 1252 (lignes CR LF) en lecture seule, sous un titre : le journal de lecture.
     void Montrer(const QString& titre, std::string_view texte);
+    // Le même, le texte pris tel quel plutôt que copié : il peut faire des dizaines de Mo.
+    void MontrerJournal(const QString& titre, std::string texte);
+    // Un texte 1252 tel que le contrôle le montre (lignes LF).
+    static QString TexteDeControle(std::string_view texte);
     // Un texte libre (note 0, type 1) qu'on lit, retouche et peut enregistrer dans un fichier
     // texte : le rapport de vérification. Rien ne va dans la base.
     void MontrerTexteLibre(const QString& titre, std::string_view texte, Dialogue& dialogue);
@@ -78,8 +82,8 @@ private:
     char genre_ = 'N';
     std::int32_t numero_ = 0;
     ChampLien champ_;
-    QString reste_;  // ce que RemplirSuite doit encore ajouter, à partir de suite_
-    qsizetype suite_ = 0;
+    std::string reste_;  // ce que RemplirSuite doit encore ajouter, à partir de suite_
+    std::size_t suite_ = 0;
 };
 
 // Un blanc dans un champ de note ('N') ou de source ('S') vide : la liste des notes

@@ -33,6 +33,7 @@ class QMenu;
 
 namespace arbolix {
 
+struct Ascendance;
 class Editeur;
 struct ValeursWeb;
 class Gedcom;
@@ -167,8 +168,8 @@ private:
     void ReagirArbre(const Reaction& r);
     void ArbreDeParente(std::int32_t ancetre);
     void ArbreDepuisEnfant(std::int32_t enfant);
-    void BrancherStats();    // fiche_stats.cpp
-    void BrancherTmao();     // fiche_tmao.cpp
+    void BrancherStats();  // fiche_stats.cpp
+    void BrancherTmao();   // fiche_tmao.cpp
     void ConvertirLigneCommande();
     // La liste d'adresses des options : une ligne prise d'emblée, sinon choisie dans la liste "web".
     void RechercherSurLeWeb(const std::string& liste, const QString& legende, const ValeursWeb& valeurs);
@@ -222,8 +223,8 @@ private:
 
     // Sélection active, parenté, recherches (fiche_selection.cpp).
     void BrancherSelection();
-    // La numérotation Sosa d'après lecture ; rend ses lignes de journal (boucles dans les liens).
-    std::string ApresLecture(std::int32_t proposee);
+    // Les menus d'après lecture, une fois la numérotation Sosa faite sur la base lue.
+    void ApresLecture(const Ascendance& a);
     void PoserSelection();
     void ReprendreToutSel();  // l'état du menu quand toute la base est de nouveau sélectionnée
     void CommandeSel(int i);

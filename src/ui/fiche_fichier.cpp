@@ -3,12 +3,15 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QTimer>
+#include <utility>
 
 #include "app/demarrage.h"
 #include "app/partage.h"
 #include "app/reglages.h"
+#include "app/travail_en_fond.h"
 #include "gedcom/enregistrement.h"
 #include "gedcom/journal_lecture.h"
+#include "kinship/sosa.h"
 #include "platform/cp1252.h"
 #include "platform/ini.h"
 #include "platform/qt_texte.h"
@@ -215,10 +218,24 @@ void Fiche::CreerFichierVide() {
 }
 
 bool Fiche::ChargerFichier(Progression& progression) {
-    ContexteLecture ctx{options_, gedcom_, progression, textes_};
-    ctx.fenetreVisible = isVisible();
-    const ResultatLecture r = LireGedcom(base_, ctx);
+    // La lecture et ce qu'elle entraîne sur la base se font sur un fil à part : la fenêtre reste
+    // vivante sans que la lecture paie ses pompes. Pendant ce temps rien ici ne doit lire la base,
+    // d'où un fichier tenu pour fermé jusqu'au bout.
+    const bool etaitOuvert = std::exchange(ouvert_, false);
+    const bool visible = isVisible();
+    ResultatLecture r;
+    Ascendance a;
+    TravaillerEnFond(progression, [&](Progression& relais) {
+        ContexteLecture ctx{options_, gedcom_, relais, textes_};
+        ctx.fenetreVisible = visible;
+        r = LireGedcom(base_, ctx);
+        if (!r.Lu || r.Annule) return;
+        // Un fichier s'ouvre sur « Toute la base » : chaque fiche en usage est sélectionnée.
+        ToutSelectionner(base_);
+        a = NumeroterApresLecture(base_, options_, r.PremierePerso);
+    });
     if (!r.Lu) {
+        ouvert_ = etaitOuvert;
         dialogue_->Message("Ouvrir un fichier", r.Erreur, Icone::Stop);
         return false;
     }
@@ -229,17 +246,21 @@ bool Fiche::ChargerFichier(Progression& progression) {
         ActualiserTitre();
         return true;
     }
-    // Un fichier s'ouvre sur « Toute la base » : chaque fiche en usage est sélectionnée.
-    ToutSelectionner(base_);
-    const std::string boucles = ApresLecture(r.PremierePerso);
+    ApresLecture(a);
     MettreEnPlaceFichier(PremierePersonne(r.PremierePerso));
     RetenirFichier();
-    if (!r.Journal.empty() || !boucles.empty()) {
-        const std::string texte = textes_.TitreJournal + " " + Utf8VersCp1252(gedcom_.Fichier) + "\r\n\r\n" +
-                                  JournalLisible(r.Journal, r.Reperes) + boucles + "\r\n" +
-                                  textes_.FinJournal;
-        editeur_->Montrer(VersQString(textes_.TitreJournal), texte);
-    }
+    if (r.Journal.empty() && a.Journal.empty()) return true;
+    // La fiche se montre pendant que le journal se prépare : il fait des dizaines de Mo sur un
+    // grand fichier. Ce travail-là ne lit que le journal, jamais la base.
+    const std::string titre = textes_.TitreJournal + " " + Utf8VersCp1252(gedcom_.Fichier) + "\r\n\r\n";
+    const std::string fin = "\r\n" + textes_.FinJournal;
+    std::string journal;
+    TravaillerEnFond(progression, [&](Progression&) {
+        const std::string lisible = JournalLisible(r.Journal, r.Reperes);
+        journal.reserve(titre.size() + lisible.size() + a.Journal.size() + fin.size());
+        journal.append(titre).append(lisible).append(a.Journal).append(fin);
+    });
+    editeur_->MontrerJournal(VersQString(textes_.TitreJournal), std::move(journal));
     return true;
 }
 

@@ -96,15 +96,13 @@ void Fiche::BrancherSelection() {
     }
 }
 
-std::string Fiche::ApresLecture(std::int32_t proposee) {
+void Fiche::ApresLecture(const Ascendance& a) {
     etatSel_ = {};
-    const Ascendance a = NumeroterApresLecture(base_, options_, proposee);
     nbAncetres_ = a.NbAncetres;
     findChild<QMenu*>("BarreMenu_2")->setEnabled(true);
     for (int i : {9, 12, 20})
         if (auto* icone = findChild<QAction*>(QString("IcoCommande%1").arg(i))) icone->setEnabled(true);
     PoserSelection();
-    return a.Journal;
 }
 
 void Fiche::PoserSelection() {

@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "app/demarrage.h"
+#include "app/travail_en_fond.h"
 #include "platform/qt_texte.h"
 #include "ui/fiche.h"
 #include "ui/traduction_qt.h"
@@ -11,6 +12,7 @@
 using arbolix::ChargerTraductionQt;
 
 int main(int argc, char** argv) {
+    arbolix::PreparerTravailEnFond();
     QApplication app(argc, argv);
     QApplication::setApplicationName("Arbolix");
     ChargerTraductionQt(app);
