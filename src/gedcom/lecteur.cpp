@@ -55,7 +55,7 @@ bool LireFichierEntier(const std::string& chemin, std::string& contenu, std::str
         return false;
     }
     contenu.reserve(static_cast<std::size_t>(taille) + static_cast<std::size_t>(taille) / 32 + 2);
-    PreferGrandesPages(contenu.data(), contenu.capacity());
+    PreparerPages(contenu.data(), static_cast<std::size_t>(taille));
     contenu.resize(static_cast<std::size_t>(taille));
     f.read(contenu.data(), static_cast<std::streamsize>(taille));
     if (f.gcount() != static_cast<std::streamsize>(taille)) {

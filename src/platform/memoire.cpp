@@ -34,9 +34,9 @@ void RendrePages(char* debut, std::size_t taille) {
 #endif
 }
 
-void PreferGrandesPages(char* debut, std::size_t taille) {
-#if defined(__linux__) && defined(MADV_HUGEPAGE)
-    Conseiller(debut, taille, MADV_HUGEPAGE);
+void PreparerPages(char* debut, std::size_t taille) {
+#if defined(__linux__) && defined(MADV_POPULATE_WRITE)
+    Conseiller(debut, taille, MADV_POPULATE_WRITE);
 #else
     (void)debut;
     (void)taille;

@@ -10,9 +10,10 @@ namespace arbolix {
 // Sans effet là où le système ne le permet pas.
 void RendrePages(char* debut, std::size_t taille);
 
-// Une grande zone qui va être remplie d'un bout à l'autre (le contenu d'un fichier) : le système
-// la fournit par grandes pages, une faute de page pour deux mégaoctets au lieu d'une pour quatre
-// kilooctets. Sans effet là où le système ne le permet pas.
-void PreferGrandesPages(char* debut, std::size_t taille);
+// Une grande zone qui va être écrite d'un bout à l'autre (le contenu d'un fichier) : le système en
+// fournit toutes les pages d'un coup, plutôt qu'une par faute de page tous les quatre kilooctets.
+// (Les grandes pages iraient plus vite, mais une fois sur trois ou quatre bien plus lentement.)
+// Sans effet là où le système ne le permet pas.
+void PreparerPages(char* debut, std::size_t taille);
 
 }  // namespace arbolix
