@@ -39,9 +39,8 @@ std::uint64_t Octets(const std::string& texte, std::size_t debut) {
     return t;
 }
 
-}  // namespace
-
-void TrierParTexte(std::vector<Rangee>& rangees) {
+// L'ordre des rangées par leur texte : leurs indices, la première d'abord.
+std::vector<std::uint32_t> OrdreParTexte(const std::vector<Rangee>& rangees) {
     // Les seize premiers octets de chaque texte (un nom et le début d'une date) sont rangés à
     // côté de son rang : le tri ne court après les textes en mémoire qu'à égalité de tête. Le
     // rang départage les égales, dans leur ordre d'arrivée.
@@ -58,9 +57,17 @@ void TrierParTexte(std::vector<Rangee>& rangees) {
         const int c = rangees[a.rang].texte.compare(rangees[b.rang].texte);
         return c != 0 ? c < 0 : a.rang < b.rang;
     });
+    std::vector<std::uint32_t> ordre(cles.size());
+    for (std::size_t i = 0; i < cles.size(); ++i) ordre[i] = cles[i].rang;
+    return ordre;
+}
+
+}  // namespace
+
+void TrierParTexte(std::vector<Rangee>& rangees) {
     std::vector<Rangee> triees;
     triees.reserve(rangees.size());
-    for (const Cle& c : cles) triees.push_back(std::move(rangees[c.rang]));
+    for (const std::uint32_t i : OrdreParTexte(rangees)) triees.push_back(std::move(rangees[i]));
     rangees.swap(triees);
 }
 
@@ -78,18 +85,26 @@ void AjouterTriees(ListePersonne& liste, std::vector<Rangee> rangees) {
 void RemplissageTrie::Terminer(ListePersonne& liste,
                                const std::function<std::string(std::int32_t)>& affichage) {
     // Les octets sans signe : l'ordre « simple » des caractères 1252.
-    TrierParTexte(cles_);
     const std::size_t tete = liste.LigneDeTete ? 1 : 0;
     if (liste.Rangees.size() > tete) {
         // Liste non vidée : chaque clé prend sa place parmi les textes déjà là, comme
         // l'insertion triée du contrôle ; puis son texte est récrit sans la bouger.
+        TrierParTexte(cles_);
         for (auto& r : cles_) {
             const std::size_t i = AjouterTriee(liste, std::move(r.texte), r.valeur);
             liste.Rangees[i].texte = affichage(r.valeur);
         }
     } else {
+        // Les textes se font dans l'ordre d'arrivée, celui des fiches, qui se lisent alors d'un
+        // trait en mémoire ; dans l'ordre du tri, chacun allait chercher sa fiche ailleurs. Les
+        // clés sont rendues dès l'ordre connu : elles et les textes ne se cumulent pas en mémoire.
+        const std::vector<std::uint32_t> ordre = OrdreParTexte(cles_);
+        for (auto& r : cles_) std::string().swap(r.texte);
+        std::vector<std::string> textes;
+        textes.reserve(cles_.size());
+        for (const auto& r : cles_) textes.push_back(affichage(r.valeur));
         liste.Rangees.reserve(liste.Rangees.size() + cles_.size());
-        for (auto& r : cles_) liste.Rangees.push_back({affichage(r.valeur), r.valeur});
+        for (const std::uint32_t i : ordre) liste.Rangees.push_back({std::move(textes[i]), cles_[i].valeur});
     }
     cles_.clear();
 }
