@@ -148,6 +148,16 @@ EcrivainGedcom::EcrivainGedcom(const Base& base, const ContexteEcriture& context
     : base_(base), ctx_(contexte), cases_(contexte.gedcom), flux_(flux) {
     const std::string fichier = Utf8VersCp1252(cases_.Fichier);
     dossier_ = fichier.substr(0, FinDuDossier(fichier));
+    const std::int32_t personnes = std::max(0, std::min(base_.NbPersos, base_.Persos.Haut()));
+    personnesEcrites_.assign(static_cast<std::size_t>(personnes) + 1, false);
+    base_.Persos.PourChaqueEcrit(1, personnes, [this](std::int32_t n) {
+        personnesEcrites_[static_cast<std::size_t>(n)] = P(n).Sel != 0;
+    });
+    const std::int32_t familles = std::max(0, std::min(base_.NbFamis, base_.Familles.Haut()));
+    famillesEcrites_.assign(static_cast<std::size_t>(familles) + 1, false);
+    base_.Familles.PourChaqueEcrit(1, familles, [this](std::int32_t f) {
+        famillesEcrites_[static_cast<std::size_t>(f)] = FamilleAEcrire(f);
+    });
 }
 
 const Perso& EcrivainGedcom::P(std::int32_t n) const {
@@ -487,11 +497,16 @@ void EcrivainGedcom::EcrireSources(std::string_view source) {
 }
 
 bool EcrivainGedcom::PersonneEcrite(std::int32_t n) const {
-    return n >= 1 && n <= std::min(base_.NbPersos, base_.Persos.Haut()) && P(n).Sel != 0;
+    return n >= 1 && static_cast<std::size_t>(n) < personnesEcrites_.size() &&
+           personnesEcrites_[static_cast<std::size_t>(n)];
 }
 
 bool EcrivainGedcom::FamilleEcrite(std::int32_t n) const {
-    if (n < 1 || n > std::min(base_.NbFamis, base_.Familles.Haut())) return false;
+    return n >= 1 && static_cast<std::size_t>(n) < famillesEcrites_.size() &&
+           famillesEcrites_[static_cast<std::size_t>(n)];
+}
+
+bool EcrivainGedcom::FamilleAEcrire(std::int32_t n) const {
     const Fami& f = F(n);
     if (f.Sel == 0) return false;
     // Conjoints et enfants comptés tels que le fichier les portera : une famille écrite

@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "gedcom/options_gedcom.h"
 #include "store/base.h"
@@ -102,12 +103,17 @@ private:
 
     const Perso& P(std::int32_t n) const;
     const Fami& F(std::int32_t f) const;
+    // Ce que FamilleEcrite dit, lu sur les fiches.
+    bool FamilleAEcrire(std::int32_t f) const;
 
     const Base& base_;
     const ContexteEcriture& ctx_;
     const OptionsGedcom& cases_;
     std::ostream* flux_;
     std::string tampon_;
+    // Qui le fichier portera, relevé une fois : chaque personne y regarde ses familles et ses
+    // témoins, et aller chaque fois lire leur fiche au hasard de la mémoire coûtait le plus.
+    std::vector<bool> personnesEcrites_, famillesEcrites_;
     std::string dossier_;        // dossier du fichier écrit, en 1252, terminé par "/"
     bool genealogiste_ = false;  // la fiche @SUB1@ est écrite
 };
