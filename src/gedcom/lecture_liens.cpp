@@ -209,9 +209,8 @@ void Retenir(std::vector<std::string>& v, std::string_view p) {
 }  // namespace
 
 void LecteurGedcom::NoterPrefixe(std::string_view identifiant, bool famille) {
-    const auto id = identifiant.substr(0, identifiant.find('@'));
-    if (id.find_first_of("0123456789") == std::string_view::npos) return;
-    Retenir(famille ? PrefixesFamilles : PrefixesPersonnes, PrefixeDe(id));
+    if (const auto p = PrefixeDeFiche(identifiant))
+        Retenir(famille ? PrefixesFamilles : PrefixesPersonnes, *p);
 }
 
 void LecteurGedcom::ParcourirPrefixes() {

@@ -60,17 +60,22 @@ std::string_view PrefixeDe(std::string_view id) {
     return chiffre == std::string_view::npos ? std::string_view{} : id.substr(0, chiffre);
 }
 
+std::optional<std::string_view> PrefixeDeFiche(std::string_view identifiant) {
+    const auto id = identifiant.substr(0, identifiant.find('@'));
+    if (id.find_first_of("0123456789") == std::string_view::npos) return std::nullopt;
+    return PrefixeDe(id);
+}
+
 namespace {
 
 void AjouterFiche(std::vector<PrefixesDesFiches::Suite>& suites, std::string_view identifiant,
                   std::size_t ligne) {
-    const auto id = identifiant.substr(0, identifiant.find('@'));
-    if (id.find_first_of("0123456789") == std::string_view::npos) return;
-    const std::string_view p = PrefixeDe(id);
-    if (!suites.empty() && suites.back().prefixe == p)
+    const auto p = PrefixeDeFiche(identifiant);
+    if (!p) return;
+    if (!suites.empty() && suites.back().prefixe == *p)
         suites.back().derniere = ligne;
     else
-        suites.push_back({ligne, std::string(p)});
+        suites.push_back({ligne, std::string(*p)});
 }
 
 }  // namespace

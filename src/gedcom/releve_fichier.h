@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -46,6 +47,9 @@ void ReleverDepots(std::string_view t, std::unordered_map<std::string, std::stri
 
 // Les lettres d'un identifiant avant son premier chiffre ; vide s'il n'a pas de chiffre.
 std::string_view PrefixeDe(std::string_view id);
+// Le préfixe de l'identifiant d'une fiche lu sur sa ligne 0 ("I12@ INDI" donne "I") ; rien quand
+// l'identifiant n'a pas de chiffre : il ne dit rien de ceux qui le désignent.
+std::optional<std::string_view> PrefixeDeFiche(std::string_view identifiant);
 
 // Les préfixes des identifiants des fiches INDI et FAM, dans l'ordre du fichier : des fiches
 // consécutives de même préfixe n'en font qu'une suite, dont on garde le début de la dernière ligne.
