@@ -8,6 +8,8 @@
 namespace arbolix {
 
 QString VersQString(std::string_view cp1252);
+// La même pour un contrôle de texte : le noyau sépare les lignes par CR LF, le contrôle par LF.
+QString VersQStringLignes(std::string_view cp1252);
 // Un caractère sans équivalent en 1252 devient '?'.
 std::string DepuisQString(const QString& texte);
 

@@ -4,9 +4,7 @@
 #include <QTextCursor>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <array>
 
-#include "platform/cp1252.h"
 #include "platform/qt_texte.h"
 #include "store/chaines.h"
 #include "store/liens.h"
@@ -129,28 +127,6 @@ std::size_t FinDeMorceau(std::string_view texte, std::size_t debut) {
 // contrôle met des secondes à mettre en page : le premier morceau se montre tout de suite, la
 // suite arrive pendant que la fiche répond déjà. Ce qui reste attend en 1252, deux fois moins
 // lourd qu'en QString, et chaque morceau se convertit à son tour.
-// Les textes de la base séparent les lignes par CR LF, le contrôle par LF : CR LF devient LF pendant
-// la conversion, en une passe et par une table (un journal fait des dizaines de Mo).
-QString Editeur::TexteDeControle(std::string_view texte) {
-    static const auto kTable = [] {
-        std::array<char16_t, 256> t{};
-        for (unsigned c = 0; c < t.size(); ++c)
-            t[c] = static_cast<char16_t>(Cp1252VersUnicode(static_cast<unsigned char>(c)));
-        return t;
-    }();
-    QString r(static_cast<qsizetype>(texte.size()), Qt::Uninitialized);
-    QChar* const debut = r.data();
-    QChar* d = debut;
-    const std::size_t n = texte.size();
-    for (std::size_t i = 0; i < n; ++i) {
-        const auto c = static_cast<unsigned char>(texte[i]);
-        if (c == '\r' && i + 1 < n && texte[i + 1] == '\n') continue;
-        *d++ = QChar(kTable[c]);
-    }
-    r.truncate(d - debut);
-    return r;
-}
-
 void Editeur::Montrer(const QString& titre, std::string_view texte) {
     MontrerJournal(titre, std::string(texte));
 }
@@ -161,7 +137,7 @@ void Editeur::MontrerJournal(const QString& titre, std::string texte) {
     titre_->clear();
     reste_ = std::move(texte);
     suite_ = FinDeMorceau(reste_, 0);
-    texte_->setPlainText(TexteDeControle(std::string_view(reste_).substr(0, suite_)));
+    texte_->setPlainText(VersQStringLignes(std::string_view(reste_).substr(0, suite_)));
     if (suite_ < reste_.size()) QTimer::singleShot(0, this, &Editeur::RemplirSuite);
     show();
     raise();
@@ -172,7 +148,7 @@ void Editeur::RemplirSuite() {
     const std::size_t fin = FinDeMorceau(reste_, suite_);
     QTextCursor c(texte_->document());
     c.movePosition(QTextCursor::End);
-    c.insertText(TexteDeControle(std::string_view(reste_).substr(suite_, fin - suite_)));
+    c.insertText(VersQStringLignes(std::string_view(reste_).substr(suite_, fin - suite_)));
     suite_ = fin;
     if (suite_ < reste_.size())
         QTimer::singleShot(0, this, &Editeur::RemplirSuite);
@@ -222,7 +198,7 @@ bool Editeur::OuvrirChamp(Base& base, const ChampLien& champ, Dialogue& dialogue
         return OuvrirNote(base, n, genre == 'S' ? 2 : 1, true, dialogue);
     Preparer(Mode::Champ, &base, &dialogue);
     champ_ = champ;
-    texte_->setPlainText(TexteDeControle(texte));
+    texte_->setPlainText(VersQStringLignes(texte));
     return true;
 }
 
@@ -237,7 +213,7 @@ void Editeur::ChargerNote(std::int32_t numero) {
     else
         setWindowTitle(
             QString("%1 @%2%3@").arg(genre_ == 'S' ? "Source" : "Note").arg(QChar(genre_)).arg(numero));
-    texte_->setPlainText(TexteDeControle(e.Texte));
+    texte_->setPlainText(VersQStringLignes(e.Texte));
 }
 
 void Editeur::NumNoteChange() {
@@ -264,7 +240,7 @@ void Editeur::BoutonOuvrir() {
     const auto chemin =
         dialogue_->ChoisirFichierOuvrir("Lire un fichier texte...", "Fichiers texte (*.txt)", "");
     if (!chemin) return;
-    if (const auto contenu = LireFichierTexte(*chemin)) texte_->setPlainText(TexteDeControle(*contenu));
+    if (const auto contenu = LireFichierTexte(*chemin)) texte_->setPlainText(VersQStringLignes(*contenu));
 }
 
 void Editeur::BoutonEnreg() {

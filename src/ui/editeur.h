@@ -30,8 +30,6 @@ public:
     void Montrer(const QString& titre, std::string_view texte);
     // Le même, le texte pris tel quel plutôt que copié : il peut faire des dizaines de Mo.
     void MontrerJournal(const QString& titre, std::string texte);
-    // Un texte 1252 tel que le contrôle le montre (lignes LF).
-    static QString TexteDeControle(std::string_view texte);
     // Un texte libre (note 0, type 1) qu'on lit, retouche et peut enregistrer dans un fichier
     // texte : le rapport de vérification. Rien ne va dans la base.
     void MontrerTexteLibre(const QString& titre, std::string_view texte, Dialogue& dialogue);

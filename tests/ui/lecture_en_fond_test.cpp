@@ -61,7 +61,7 @@ private slots:
                  QString::fromStdString(DecrireBase(base)));
 
         const QString montre = f.fiche.FormEditeur().Texte();
-        QVERIFY(montre.contains(Editeur::TexteDeControle(JournalLisible(r.Journal, r.Reperes) + a.Journal)));
+        QVERIFY(montre.contains(VersQStringLignes(JournalLisible(r.Journal, r.Reperes) + a.Journal)));
     }
 
     // Annuler pendant la lecture, par le dialogue : la lecture s'arrête, rien n'est ouvert ni dit.
