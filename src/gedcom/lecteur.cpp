@@ -41,8 +41,7 @@ bool LireFichierEntier(const std::string& chemin, std::string& contenu, std::str
         erreur = "Impossible de lire " + nom + " : ce n'est pas un fichier.";
         return false;
     }
-    std::ifstream f(chemin, std::ios::binary);
-    if (!f) {
+    if (!std::ifstream(chemin, std::ios::binary)) {
         erreur = "Impossible d'ouvrir le fichier " + nom + " (droits insuffisants ?).";
         return false;
     }
@@ -55,10 +54,7 @@ bool LireFichierEntier(const std::string& chemin, std::string& contenu, std::str
         return false;
     }
     contenu.reserve(static_cast<std::size_t>(taille) + static_cast<std::size_t>(taille) / 32 + 2);
-    PreparerPages(contenu.data(), static_cast<std::size_t>(taille));
-    contenu.resize(static_cast<std::size_t>(taille));
-    f.read(contenu.data(), static_cast<std::streamsize>(taille));
-    if (f.gcount() != static_cast<std::streamsize>(taille)) {
+    if (!LireOctets(chemin, static_cast<std::size_t>(taille), contenu)) {
         erreur = "Erreur de lecture du fichier " + nom + ".";
         return false;
     }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace arbolix {
 namespace {
@@ -72,6 +73,14 @@ TEST(TrierParTexte, CommeLeTriStableDesTextes) {
                                  "Z",
                                  "DUPONT1845/03/1"};
     for (int k = 0; k < 60; ++k) rangees.push_back({bases[(k * 7) % std::size(bases)], k});
+    // Et des textes tirés au hasard sur peu de lettres : chaque octet de tête départage.
+    std::uint32_t graine = 1;
+    for (int k = 0; k < 3000; ++k) {
+        std::string t;
+        for (std::size_t n = (graine = graine * 1103515245 + 12345) >> 27; n > 0; --n)
+            t += "\0AB\xC9z"[(graine = graine * 1103515245 + 12345) >> 29 & 3];
+        rangees.push_back({t, 100 + k});
+    }
     std::vector<Rangee> attendu = rangees;
     std::stable_sort(attendu.begin(), attendu.end(),
                      [](const Rangee& a, const Rangee& b) { return a.texte < b.texte; });

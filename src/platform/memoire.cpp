@@ -1,8 +1,11 @@
 #include "platform/memoire.h"
 
 #include <cstdint>
+#include <fstream>
+#include <thread>
 
 #if defined(__unix__)
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
 #endif
@@ -42,5 +45,64 @@ void PreparerPages(char* debut, std::size_t taille) {
     (void)taille;
 #endif
 }
+
+#if defined(__unix__)
+namespace {
+
+// Au-delà, la seconde moitié vaut le fil qui la lit.
+constexpr std::size_t kDeuxMoities = std::size_t{32} << 20;
+
+bool LireMorceau(int fd, char* debut, std::size_t taille, std::size_t depuis) {
+    while (taille > 0) {
+        const ssize_t lus = pread(fd, debut, taille, static_cast<off_t>(depuis));
+        if (lus <= 0) return false;
+        const auto n = static_cast<std::size_t>(lus);
+        debut += n;
+        depuis += n;
+        taille -= n;
+    }
+    return true;
+}
+
+// faire(debut, taille, depuis) sur chaque moitié, la seconde sur un autre fil ; vrai si les deux.
+template <typename Faire>
+bool EnDeuxMoities(std::size_t taille, Faire&& faire) {
+    if (taille < kDeuxMoities) return faire(std::size_t{0}, taille);
+    const std::size_t moitie = taille / 2;
+    bool seconde = false;
+    {
+        std::jthread fil([&] { seconde = faire(moitie, taille - moitie); });
+        if (!faire(std::size_t{0}, moitie)) return false;  // le fil se joint en sortant
+    }
+    return seconde;
+}
+
+}  // namespace
+
+bool LireOctets(const std::string& chemin, std::size_t taille, std::string& contenu) {
+    const int fd = open(chemin.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) return false;
+    contenu.reserve(taille);
+    char* const debut = contenu.data();
+    EnDeuxMoities(taille, [&](std::size_t depuis, std::size_t n) {
+        PreparerPages(debut + depuis, n);
+        return true;
+    });
+    contenu.resize(taille);
+    const bool lu = EnDeuxMoities(taille, [&](std::size_t depuis, std::size_t n) {
+        return LireMorceau(fd, contenu.data() + depuis, n, depuis);
+    });
+    close(fd);
+    return lu;
+}
+#else
+bool LireOctets(const std::string& chemin, std::size_t taille, std::string& contenu) {
+    std::ifstream f(chemin, std::ios::binary);
+    if (!f) return false;
+    contenu.resize(taille);
+    f.read(contenu.data(), static_cast<std::streamsize>(taille));
+    return f.gcount() == static_cast<std::streamsize>(taille);
+}
+#endif
 
 }  // namespace arbolix

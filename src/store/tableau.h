@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "platform/memoire.h"
+
 namespace arbolix {
 
 // Les règles dimensionnent les cinq tableaux ensemble à MaxFiches. Les notes,
@@ -50,7 +52,7 @@ public:
         Verifier(i);
         const std::size_t p = Page(i);
         if (p >= pages_.size()) pages_.resize(p + 1);
-        if (!pages_[p]) pages_[p] = std::make_unique<std::vector<T>>(kTaillePage);
+        if (!pages_[p]) pages_[p] = NouvellePage();
         return (*pages_[p])[Case(i)];
     }
 
@@ -89,6 +91,14 @@ private:
 
     std::size_t Page(std::int32_t i) const { return static_cast<std::size_t>(i - bas_) / kTaillePage; }
     std::size_t Case(std::int32_t i) const { return static_cast<std::size_t>(i - bas_) % kTaillePage; }
+    // Toute la page va être écrite : le système la fournit d'un coup, pas faute après faute.
+    static std::unique_ptr<std::vector<T>> NouvellePage() {
+        auto page = std::make_unique<std::vector<T>>();
+        page->reserve(kTaillePage);
+        PreparerPages(reinterpret_cast<char*>(page->data()), kTaillePage * sizeof(T));
+        page->resize(kTaillePage);
+        return page;
+    }
     static const T& Vierge() {
         static const T vierge{};
         return vierge;
