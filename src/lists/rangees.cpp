@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <tuple>
 #include <utility>
 
 namespace arbolix {
@@ -48,45 +49,83 @@ struct Cle {
     std::uint32_t rang;
 };
 
-// Tri par base sur les seize octets de tête, du dernier au premier : chaque passe garde l'ordre
-// de la précédente, si bien qu'à têtes égales le rang d'arrivée reste. Le temps croît comme le
-// nombre de rangées ; un tri par comparaisons croissait plus vite. Un octet que toutes les têtes
-// partagent ne coûte pas de passe.
-void TrierParTetes(std::vector<Cle>& cles) {
-    constexpr int kOctets = 16;
-    const auto octet = [](const Cle& c, int k) {
-        return static_cast<std::uint8_t>(k < 8 ? c.suite >> (8 * k) : c.tete >> (8 * (k - 8)));
-    };
-    std::vector<std::array<std::size_t, 256>> comptes(kOctets);
-    for (const Cle& c : cles)
-        for (int k = 0; k < kOctets; ++k) ++comptes[static_cast<std::size_t>(k)][octet(c, k)];
-    std::vector<Cle> autre(cles.size());
-    for (int k = 0; k < kOctets; ++k) {
+// L'octet k de la tête, compté depuis le dernier (0) jusqu'au premier (15).
+std::uint8_t OctetDeTete(const Cle& c, int k) {
+    return static_cast<std::uint8_t>(k < 8 ? c.suite >> (8 * k) : c.tete >> (8 * (k - 8)));
+}
+
+// Tri par base des n clés sur leurs octets de tête 0 à dernier, du dernier au premier : chaque
+// passe garde l'ordre de la précédente, si bien qu'à têtes égales le rang d'arrivée reste. Un
+// octet que toutes les têtes partagent ne coûte pas de passe. autre sert de brouillon.
+void TrierParOctets(Cle* cles, Cle* autre, std::size_t n, int dernier) {
+    std::vector<std::array<std::uint32_t, 256>> comptes(static_cast<std::size_t>(dernier) + 1);
+    for (std::size_t i = 0; i < n; ++i)
+        for (int k = 0; k <= dernier; ++k) ++comptes[static_cast<std::size_t>(k)][OctetDeTete(cles[i], k)];
+    Cle* de = cles;
+    Cle* vers = autre;
+    for (int k = 0; k <= dernier; ++k) {
         auto& places = comptes[static_cast<std::size_t>(k)];
-        if (std::ranges::find(places, cles.size()) != places.end()) continue;
-        std::size_t place = 0;
-        for (std::size_t& n : places) place += std::exchange(n, place);
-        for (const Cle& c : cles) autre[places[octet(c, k)]++] = c;
-        cles.swap(autre);
+        if (std::ranges::find(places, n) != places.end()) continue;
+        std::uint32_t place = 0;
+        for (std::uint32_t& c : places) place += std::exchange(c, place);
+        for (std::size_t i = 0; i < n; ++i) vers[places[OctetDeTete(de[i], k)]++] = de[i];
+        std::swap(de, vers);
+    }
+    if (de != cles) std::copy(de, de + n, cles);
+}
+
+// D'abord une passe sur le premier octet, puis chaque paquet à part : ses passes restent dans
+// le cache, là où celles du tableau entier allaient chaque fois jusqu'à la mémoire. Le temps
+// croît comme le nombre de rangées.
+void TrierParTetes(std::vector<Cle>& cles) {
+    constexpr int kPremier = 15;
+    std::array<std::size_t, 257> debuts{};
+    for (const Cle& c : cles) ++debuts[OctetDeTete(c, kPremier) + 1u];
+    for (std::size_t b = 1; b < debuts.size(); ++b) debuts[b] += debuts[b - 1];
+    std::vector<Cle> autre(cles.size());
+    std::array<std::size_t, 256> places{};
+    std::copy(debuts.begin(), debuts.end() - 1, places.begin());
+    for (const Cle& c : cles) autre[places[OctetDeTete(c, kPremier)]++] = c;
+    for (std::size_t b = 0; b < 256; ++b) {
+        const std::size_t n = debuts[b + 1] - debuts[b];
+        if (n > 1) TrierParOctets(autre.data() + debuts[b], cles.data() + debuts[b], n, kPremier - 1);
+    }
+    cles.swap(autre);
+}
+
+// Les clés de [debut, fin) ont les mêmes seize octets à partir de depuis - 16, et sont dans
+// l'ordre d'arrivée. Les seize suivants de chaque texte, tirés une fois, les départagent ; au-delà
+// de quelques tours, les textes entiers. Dans un gros fichier, un tiers des personnes partagent
+// leurs seize premiers octets (même nom, même début de date) avec une autre.
+void Departager(std::vector<Cle>::iterator debut, std::vector<Cle>::iterator fin,
+                const std::vector<Rangee>& rangees, std::size_t depuis) {
+    const auto memeTete = [](const Cle& a, const Cle& b) { return a.tete == b.tete && a.suite == b.suite; };
+    while (debut != fin) {
+        const auto finEgales = std::find_if_not(debut, fin, [&](const Cle& c) { return memeTete(c, *debut); });
+        if (finEgales - debut > 1 && depuis >= 64) {
+            std::stable_sort(debut, finEgales, [&rangees](const Cle& a, const Cle& b) {
+                return rangees[a.rang].texte < rangees[b.rang].texte;
+            });
+        } else if (finEgales - debut > 1) {
+            for (auto c = debut; c != finEgales; ++c)
+                *c = {Octets(rangees[c->rang].texte, depuis), Octets(rangees[c->rang].texte, depuis + 8), c->rang};
+            std::sort(debut, finEgales, [](const Cle& a, const Cle& b) {
+                return std::tie(a.tete, a.suite, a.rang) < std::tie(b.tete, b.suite, b.rang);
+            });
+            Departager(debut, finEgales, rangees, depuis + 16);
+        }
+        debut = finEgales;
     }
 }
 
-// L'ordre des rangées par leur texte : leurs indices, la première d'abord. Le tri ne court après
-// les textes en mémoire qu'à égalité de tête ; le rang départage les textes égaux.
+// L'ordre des rangées par leur texte : leurs indices, la première d'abord. Le rang départage les
+// textes égaux.
 std::vector<std::uint32_t> OrdreParTexte(const std::vector<Rangee>& rangees) {
     std::vector<Cle> cles(rangees.size());
     for (std::size_t i = 0; i < rangees.size(); ++i)
         cles[i] = {Octets(rangees[i].texte, 0), Octets(rangees[i].texte, 8), static_cast<std::uint32_t>(i)};
     TrierParTetes(cles);
-    const auto memeTete = [](const Cle& a, const Cle& b) { return a.tete == b.tete && a.suite == b.suite; };
-    for (auto debut = cles.begin(); debut != cles.end();) {
-        const auto fin = std::find_if_not(debut, cles.end(), [&](const Cle& c) { return memeTete(c, *debut); });
-        if (fin - debut > 1)
-            std::stable_sort(debut, fin, [&rangees](const Cle& a, const Cle& b) {
-                return rangees[a.rang].texte < rangees[b.rang].texte;
-            });
-        debut = fin;
-    }
+    Departager(cles.begin(), cles.end(), rangees, 16);
     std::vector<std::uint32_t> ordre(cles.size());
     for (std::size_t i = 0; i < cles.size(); ++i) ordre[i] = cles[i].rang;
     return ordre;
@@ -126,15 +165,15 @@ void RemplissageTrie::Terminer(ListePersonne& liste,
         }
     } else {
         // Les textes se font dans l'ordre d'arrivée, celui des fiches, qui se lisent alors d'un
-        // trait en mémoire ; dans l'ordre du tri, chacun allait chercher sa fiche ailleurs. Les
-        // clés sont rendues dès l'ordre connu : elles et les textes ne se cumulent pas en mémoire.
+        // trait en mémoire ; dans l'ordre du tri, chacun allait chercher sa fiche ailleurs. Chaque
+        // texte prend la place de sa clé, rendue dès l'ordre connu : elles ne se cumulent pas.
         const std::vector<std::uint32_t> ordre = OrdreParTexte(cles_);
-        for (auto& r : cles_) std::string().swap(r.texte);
-        std::vector<std::string> textes;
-        textes.reserve(cles_.size());
-        for (const auto& r : cles_) textes.push_back(affichage(r.valeur));
+        for (auto& r : cles_) {
+            std::string().swap(r.texte);
+            r.texte = affichage(r.valeur);
+        }
         liste.Rangees.reserve(liste.Rangees.size() + cles_.size());
-        for (const std::uint32_t i : ordre) liste.Rangees.push_back({std::move(textes[i]), cles_[i].valeur});
+        for (const std::uint32_t i : ordre) liste.Rangees.push_back(std::move(cles_[i]));
     }
     cles_.clear();
 }
