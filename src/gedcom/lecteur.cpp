@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <new>
+#include <optional>
 #include <vector>
 
 #include "gedcom/lecteur_gedcom.h"
@@ -14,6 +15,7 @@
 #include "platform/memoire.h"
 #include "platform/progression.h"
 #include "store/chaines.h"
+#include "store/pages_d_avance.h"
 
 namespace arbolix {
 
@@ -535,7 +537,15 @@ void LecteurGedcom::Lire(std::string contenu) {
     NbFamisLues = base_.NbFamis;
     TailleFichier = static_cast<std::int64_t>(tampon_.size());
     LigneSuivante();
-    BouclePrincipale();
+    {
+        std::optional<PagesDAvance<Perso>> persos;
+        std::optional<PagesDAvance<Fami>> familles;
+        if (static_cast<std::size_t>(TailleFichier) >= contexte_.seuilPagesDAvance) {
+            persos.emplace(base_.Persos);
+            familles.emplace(base_.Familles);
+        }
+        BouclePrincipale();
+    }
     Terminer();
 }
 

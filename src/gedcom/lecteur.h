@@ -71,6 +71,9 @@ struct ContexteLecture {
     // Le tampon déjà lu se rend au système par pas de cette taille (un grand fichier ne tient
     // pas tout entier en mémoire à côté de la base qu'il remplit).
     std::size_t pasRendu = std::size_t{16} << 20;
+    // À partir de cette taille de fichier, un second fil fait d'avance les pages neuves des
+    // personnes et des familles (voir PagesDAvance) : en deçà, le démarrer coûte plus qu'il ne rend.
+    std::size_t seuilPagesDAvance = std::size_t{8} << 20;
 };
 
 // Ce que sont les octets d'un fichier qu'on ouvre. UTF-16 (avec ou sans marque) et

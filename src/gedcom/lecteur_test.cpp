@@ -8,6 +8,7 @@
 
 #include "gedcom/lecteur_gedcom.h"
 #include "gedcom/lecture_essai.h"
+#include "generer_gedcom.h"
 #include "platform/progression.h"
 #include "store/chaines.h"
 
@@ -21,10 +22,12 @@ struct Lecture {
     Progression progression;
     ResultatLecture resultat;
     std::size_t pasRendu = ContexteLecture{options, cases, progression}.pasRendu;
+    std::size_t seuilPagesDAvance = ContexteLecture{options, cases, progression}.seuilPagesDAvance;
 
     ResultatLecture& Lire(std::string texte) {
         ContexteLecture ctx{options, cases, progression};
         ctx.pasRendu = pasRendu;
+        ctx.seuilPagesDAvance = seuilPagesDAvance;
         resultat = LireGedcomTexte(base, ctx, std::move(texte));
         return resultat;
     }
@@ -441,6 +444,27 @@ TEST(Lecteur, TamponRenduEnCheminLitLaMemeBase) {
     EXPECT_EQ(rendu.P(9001).Prenoms, "Abraham");
     EXPECT_EQ(rendu.base.NbPersosReels, 1502);
     EXPECT_NE(DecrireBase(rendu.base).find("Archives de Metz"), std::string::npos);
+}
+
+// Les pages faites d'avance par un second fil ne changent rien à ce qui est lu. Familles d'abord,
+// les HUSB et CHIL font les pages de personnes pas encore lues.
+TEST(Lecteur, PagesDAvanceMemeBaseEtMemeJournal) {
+    const std::string fichier = bench::GenererGedcom(6000);
+    const std::size_t personnes = fichier.find("0 @I1@"), familles = fichier.find("0 @F1@"),
+                      fin = fichier.find("0 TRLR");
+    const std::string famillesDAbord = fichier.substr(0, personnes) +
+                                       fichier.substr(familles, fin - familles) +
+                                       fichier.substr(personnes, familles - personnes) + fichier.substr(fin);
+    for (const std::string* texte : {&fichier, &famillesDAbord}) {
+        Lecture seul, avance;
+        seul.seuilPagesDAvance = texte->size() + 1;
+        avance.seuilPagesDAvance = 0;
+        seul.Lire(*texte);
+        avance.Lire(*texte);
+        EXPECT_EQ(avance.resultat.Journal, seul.resultat.Journal);
+        EXPECT_EQ(DecrireBase(avance.base), DecrireBase(seul.base));
+        EXPECT_EQ(avance.base.NbPersosReels, 6000);
+    }
 }
 
 }  // namespace

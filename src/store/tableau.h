@@ -11,6 +11,18 @@
 
 namespace arbolix {
 
+// Source facultative de pages neuves qu'un Tableau prend avant d'en demander une lui-même au
+// système (voir PagesDAvance) : réservées (Tableau::PageReservee), rien n'y est encore construit.
+// PageNeuve peut ne rien rendre : le Tableau fait alors sa page.
+template <typename T>
+class FournisseurPages {
+public:
+    virtual std::unique_ptr<std::vector<T>> PageNeuve() = 0;
+
+protected:
+    ~FournisseurPages() = default;
+};
+
 // Les règles dimensionnent les cinq tableaux ensemble à MaxFiches. Les notes,
 // sources et médias n'en remplissent qu'une petite part, et un fichier peut
 // porter un numéro isolé très haut (@I9999999@) : la borne haute est logique,
@@ -56,6 +68,9 @@ public:
         return (*pages_[p])[Case(i)];
     }
 
+    // Le fournisseur reste à qui l'installe, qui le retire (nullptr) avant de le détruire.
+    void Fournisseur(FournisseurPages<T>* f) { fournisseur_ = f; }
+
     // Vrai quand rien n'a jamais été écrit dans la page de i : toute la page est vierge.
     bool PageVierge(std::int32_t i) const {
         const std::size_t p = Page(i);
@@ -86,16 +101,23 @@ public:
         return n;
     }
 
-private:
     static constexpr std::size_t kTaillePage = 1024;
 
-    std::size_t Page(std::int32_t i) const { return static_cast<std::size_t>(i - bas_) / kTaillePage; }
-    std::size_t Case(std::int32_t i) const { return static_cast<std::size_t>(i - bas_) % kTaillePage; }
-    // Toute la page va être écrite : le système la fournit d'un coup, pas faute après faute.
-    static std::unique_ptr<std::vector<T>> NouvellePage() {
+    // Une page vide dont toute la place va être écrite : le système la fournit d'un coup, pas
+    // faute après faute. Les fiches s'y construisent sur le fil qui s'en sert, dans son cache.
+    static std::unique_ptr<std::vector<T>> PageReservee() {
         auto page = std::make_unique<std::vector<T>>();
         page->reserve(kTaillePage);
         PreparerPages(reinterpret_cast<char*>(page->data()), kTaillePage * sizeof(T));
+        return page;
+    }
+
+private:
+    std::size_t Page(std::int32_t i) const { return static_cast<std::size_t>(i - bas_) / kTaillePage; }
+    std::size_t Case(std::int32_t i) const { return static_cast<std::size_t>(i - bas_) % kTaillePage; }
+    std::unique_ptr<std::vector<T>> NouvellePage() {
+        std::unique_ptr<std::vector<T>> page = fournisseur_ ? fournisseur_->PageNeuve() : nullptr;
+        if (!page) page = PageReservee();
         page->resize(kTaillePage);
         return page;
     }
@@ -110,6 +132,7 @@ private:
     std::int32_t bas_;
     std::int32_t haut_;
     std::vector<std::unique_ptr<std::vector<T>>> pages_;
+    FournisseurPages<T>* fournisseur_ = nullptr;
 };
 
 }  // namespace arbolix
