@@ -291,7 +291,8 @@ private:
     void ControlesApresLecture();
     void Nettoyer();
     void NormaliserCasse();
-    void CoderNoms();
+    // Codes phonétiques et noms de tri ; progression nulle quand un autre fil s'en charge.
+    void CoderNoms(Progression* progression);
 };
 
 template <typename Traitement>

@@ -1,6 +1,9 @@
 // Contrôles de la base juste lue : fiches vides, familles à un seul conjoint.
 #include <algorithm>
+#include <exception>
 #include <span>
+#include <system_error>
+#include <thread>
 #include <string>
 #include <utility>
 #include <vector>
@@ -209,10 +212,26 @@ void LecteurGedcom::ControlesApresLecture() {
     b.Persos[0].Prenoms.clear();
     b.Persos[0].Unions[0] = 0;
     b.Familles[0].Enfants.Fixer(1, 0);
-    CoderNoms();
     // Les retours de liens des notes, sources et médias suivent exactement les textes de liens
-    // gardés dans les fiches (une ligne lue mais non gardée ne laisse pas de retour).
+    // gardés dans les fiches (une ligne lue mais non gardée ne laisse pas de retour). Les codes
+    // des noms, eux, n'écrivent que NomTri et CodeNom, que les liens ne lisent pas : ils se font
+    // en même temps sur un autre cœur. La progression reste au fil de la lecture.
+    std::exception_ptr echec;
+    std::jthread codes;
+    try {
+        codes = std::jthread([this, &echec] {
+            try {
+                CoderNoms(nullptr);
+            } catch (...) {
+                echec = std::current_exception();
+            }
+        });
+    } catch (const std::system_error&) {
+        CoderNoms(&contexte_.progression);  // pas de second fil : l'un après l'autre
+    }
     ReconstruireLiens(b, &contexte_.progression);
+    if (codes.joinable()) codes.join();
+    if (echec) std::rethrow_exception(echec);
 }
 
 }  // namespace arbolix

@@ -145,7 +145,7 @@ void LecteurGedcom::NormaliserCasse() {
 }
 
 // Codes phonétiques et clés de tri de tous les noms, et ce qu'un lien 0 a pu écrire.
-void LecteurGedcom::CoderNoms() {
+void LecteurGedcom::CoderNoms(Progression* progression) {
     Base& b = base_;
     // Des fiches qui se suivent portent souvent le même nom (une fratrie) : ses codes resservent.
     const Perso* precedent = nullptr;
@@ -154,9 +154,9 @@ void LecteurGedcom::CoderNoms() {
             n = b.Persos.FinDePage(n);
             continue;
         }
-        if (n % 10000 == 0) {
-            contexte_.progression.Compteur(std::to_string(n));
-            contexte_.progression.LaisserPasser();
+        if (progression && n % 10000 == 0) {
+            progression->Compteur(std::to_string(n));
+            progression->LaisserPasser();
         }
         Perso& p = b.Persos[n];
         if (p.Prenoms.empty()) continue;
