@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <functional>
@@ -64,10 +65,23 @@ private:
         const Regle* regle = nullptr;
     };
     static constexpr std::size_t kCases = 256;
+    // Les octets sont assemblés dans un registre : copiés dans un mot en mémoire puis relus, ils
+    // faisaient attendre chaque ligne que le processeur fasse suivre la copie à la lecture.
     static std::uint64_t Cle(std::string_view b) noexcept {
+        static_assert(std::endian::native == std::endian::little, "l'octet i va aux bits 8 i");
+        const char* const p = b.data();
+        const std::size_t n = b.size();
+        if (n >= 8) return Mot<std::uint64_t>(p);
+        // Deux mots de quatre qui se chevauchent : le même octet au même rang dans les deux.
+        if (n >= 4) return Mot<std::uint32_t>(p) | std::uint64_t{Mot<std::uint32_t>(p + n - 4)} << (8 * (n - 4));
         std::uint64_t v = 0;
-        if (!b.empty())
-            std::memcpy(&v, b.data(), std::min<std::size_t>(b.size(), sizeof v));  // vue vide : pas d'adresse
+        for (std::size_t i = 0; i < n; ++i) v |= std::uint64_t{static_cast<unsigned char>(p[i])} << (8 * i);
+        return v;
+    }
+    template <typename T>
+    static T Mot(const char* p) noexcept {
+        T v;
+        std::memcpy(&v, p, sizeof v);
         return v;
     }
     static std::size_t Case(std::uint64_t cle, std::size_t taille) noexcept {
