@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <exception>
 #include <span>
+#include <string>
 #include <system_error>
 #include <thread>
-#include <string>
 #include <utility>
 #include <vector>
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <fstream>
+#include <system_error>
 #include <thread>
 
 #if defined(__unix__)
@@ -70,11 +71,15 @@ bool EnDeuxMoities(std::size_t taille, Faire&& faire) {
     if (taille < kDeuxMoities) return faire(std::size_t{0}, taille);
     const std::size_t moitie = taille / 2;
     bool seconde = false;
-    {
-        std::jthread fil([&] { seconde = faire(moitie, taille - moitie); });
-        if (!faire(std::size_t{0}, moitie)) return false;  // le fil se joint en sortant
+    std::jthread fil;
+    try {
+        fil = std::jthread([&] { seconde = faire(moitie, taille - moitie); });
+    } catch (const std::system_error&) {
+        return faire(std::size_t{0}, moitie) && faire(moitie, taille - moitie);  // pas de second fil
     }
-    return seconde;
+    const bool premiere = faire(std::size_t{0}, moitie);
+    fil.join();
+    return premiere && seconde;
 }
 
 }  // namespace
