@@ -43,5 +43,26 @@ TEST(LectureActes, SuiteDeNoteDEvenement) {
     EXPECT_EQ(a.Notes, "abc \r\nd");
 }
 
+// L'index rend la règle de chaque balise de la table, quelle que soit sa longueur (la clé se fait
+// autrement sous quatre, sous huit et au-delà), même quand la vue est suivie d'autres octets ; une
+// balise voisine, plus courte ou plus longue, n'en trouve aucune.
+TEST(IndexDeBalises, ChaqueLongueurEtSesVoisines) {
+    struct Regle {
+        std::string_view balise;
+    };
+    static const Regle kTable[] = {{"A"},     {"AB"},     {"ABC"},       {"ABCD"},      {"ABCDE"},
+                                   {"ABCDEF"}, {"ABCDEFG"}, {"ABCDEFGH"}, {"ABCDEFGHI"}, {"ABCDEFGHJ"},
+                                   {"DBCA"},  {"DATE"},   {"EMAIL"}};
+    const IndexDeBalises<Regle> index(kTable);
+    for (const Regle& r : kTable) {
+        EXPECT_EQ(index.Chercher(r.balise), &r) << r.balise;
+        const std::string suivie = std::string(r.balise) + " 12 MAR 1845";
+        EXPECT_EQ(index.Chercher(std::string_view(suivie).substr(0, r.balise.size())), &r) << r.balise;
+    }
+    for (const std::string_view inconnue : {"", "B", "BA", "ABD", "ABCE", "ACBD", "DATF", "ABCDEFGX",
+                                            "ABCDEFGHK", "ABCDEFGHIJ", "EMAI", "EMAILS"})
+        EXPECT_EQ(index.Chercher(inconnue), nullptr) << inconnue;
+}
+
 }  // namespace
 }  // namespace arbolix
