@@ -5,27 +5,33 @@
 #include <malloc.h>
 #endif
 #include <thread>
+#include <utility>
 
 namespace arbolix {
 
 void RelaisProgression::Compteur(std::string_view texte) {
-    const std::lock_guard garde(verrou_);
-    compteur_.emplace(texte);
+    compteurPose_.emplace(texte);
 }
 
 void RelaisProgression::Avancement(std::string_view texte) {
-    const std::lock_guard garde(verrou_);
-    avancement_.emplace(texte);
+    avancementPose_.emplace(texte);
+}
+
+void RelaisProgression::Rendre() {
+    if (compteurPose_) compteur_ = std::exchange(compteurPose_, std::nullopt);
+    if (avancementPose_) avancement_ = std::exchange(avancementPose_, std::nullopt);
 }
 
 void RelaisProgression::LaisserPasser() {
     const std::lock_guard garde(verrou_);
+    Rendre();
     annuleVu_ = annulation_;
 }
 
 void RelaisProgression::Finir() {
     {
         const std::lock_guard garde(verrou_);
+        Rendre();
         fini_ = true;
     }
     signal_.notify_one();

@@ -13,8 +13,11 @@
 
 namespace arbolix {
 
-// La progression que voit le travail : chaque texte attend la fenêtre (le dernier remplace le
-// précédent), l'annulation arrive à chaque LaisserPasser. Rien n'y touche à la fenêtre elle-même.
+// La progression que voit le travail. La fenêtre montre les textes tels qu'ils sont au dernier
+// LaisserPasser, le moment où un formulaire se rafraîchit : un texte posé puis ôté entre deux (le
+// mot d'agrandissement de la base, cent fois par seconde) n'efface pas le pourcentage affiché.
+// Entre deux passages de la fenêtre, le dernier remplace le précédent. L'annulation arrive à
+// chaque LaisserPasser. Rien n'y touche à la fenêtre elle-même.
 class RelaisProgression : public Progression {
 public:
     // Côté travail.
@@ -34,7 +37,9 @@ public:
 private:
     std::mutex verrou_;
     std::condition_variable signal_;
-    std::optional<std::string> compteur_, avancement_;
+    std::optional<std::string> compteur_, avancement_;  // rendus à LaisserPasser, pour la fenêtre
+    std::optional<std::string> compteurPose_, avancementPose_;  // au travail seul, sans verrou
+    void Rendre();  // sous le verrou
     bool annulation_ = false;
     bool fini_ = false;
     bool annuleVu_ = false;

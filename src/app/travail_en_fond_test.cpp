@@ -59,6 +59,25 @@ TEST(TravaillerEnFond, TextesDansLOrdreEtAnnulationTransmise) {
     EXPECT_EQ(fenetre.avancements, std::vector<std::string>{"100 %"});
 }
 
+// La fenêtre voit les textes du dernier LaisserPasser : un mot posé puis ôté entre deux (comme
+// celui de l'agrandissement de la base) ne remplace pas le pourcentage.
+TEST(RelaisProgression, TextesDuDernierPassage) {
+    RelaisProgression relais;
+    FenetreNotee fenetre;
+    relais.Avancement("42 %");
+    relais.LaisserPasser();
+    relais.Avancement("Agrandissement ");
+    relais.Avancement("");
+    relais.Compteur("1000 personnes");
+    relais.Transmettre(fenetre);
+    EXPECT_EQ(fenetre.avancements, std::vector<std::string>{"42 %"});
+    EXPECT_TRUE(fenetre.compteurs.empty());
+    relais.Finir();
+    EXPECT_TRUE(relais.Transmettre(fenetre));
+    EXPECT_EQ(fenetre.compteurs, std::vector<std::string>{"1000 personnes"});
+    EXPECT_EQ(fenetre.avancements, (std::vector<std::string>{"42 %", ""}));
+}
+
 TEST(TravaillerEnFond, UneExceptionDuTravailRessortIci) {
     Progression muette;
     EXPECT_THROW(TravaillerEnFond(muette, [](Progression&) { throw std::runtime_error("disque"); }),
