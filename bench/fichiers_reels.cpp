@@ -211,8 +211,7 @@ int main(int argc, char** argv) {
                 "  %-15s %6.2f s [%6.2f s]  %5.1f\xC3\x97 d\xC3\xA9"
                 "coupe (%.1f\xC3\x97)  pointe %5.0f Mo  %5.0f o/personne",
                 etape.c_str(), m.secondes, m.calcul, m.secondes / decoupe.secondes, m.calcul / decoupe.calcul,
-                m.pointeMo,
-                m.pointeMo * 1024 * 1024 / personnes);
+                m.pointeMo, m.pointeMo * 1024 * 1024 / personnes);
             if (personnesPrecedentes > 0 && precedent[etape] > 0)
                 std::printf("  %.1f\xC3\x97 le calcul pour %.0f\xC3\x97 les personnes",
                             m.calcul / precedent[etape],

@@ -37,9 +37,9 @@ public:
 private:
     std::mutex verrou_;
     std::condition_variable signal_;
-    std::optional<std::string> compteur_, avancement_;  // rendus à LaisserPasser, pour la fenêtre
+    std::optional<std::string> compteur_, avancement_;          // rendus à LaisserPasser, pour la fenêtre
     std::optional<std::string> compteurPose_, avancementPose_;  // au travail seul, sans verrou
-    void Rendre();  // sous le verrou
+    void Rendre();                                              // sous le verrou
     bool annulation_ = false;
     bool fini_ = false;
     bool annuleVu_ = false;

@@ -22,7 +22,7 @@ namespace arbolix {
 template <typename Fiche>
 struct RegleBalise {
     std::string_view balise;
-    bool OptionsGedcom::*garde;                                  // case qui doit être cochée, nul : aucune
+    bool OptionsGedcom::*garde;  // case qui doit être cochée, nul : aucune
     // La valeur est une vue de la ligne courante ; une règle qui la change la fait garder par
     // LecteurGedcom::Retoucher. Nul : balise ignorée sans un mot.
     void (*traiter)(LecteurGedcom&, Fiche&, std::string_view&);
@@ -73,7 +73,8 @@ private:
         const std::size_t n = b.size();
         if (n >= 8) return Mot<std::uint64_t>(p);
         // Deux mots de quatre qui se chevauchent : le même octet au même rang dans les deux.
-        if (n >= 4) return Mot<std::uint32_t>(p) | std::uint64_t{Mot<std::uint32_t>(p + n - 4)} << (8 * (n - 4));
+        if (n >= 4)
+            return Mot<std::uint32_t>(p) | std::uint64_t{Mot<std::uint32_t>(p + n - 4)} << (8 * (n - 4));
         std::uint64_t v = 0;
         for (std::size_t i = 0; i < n; ++i) v |= std::uint64_t{static_cast<unsigned char>(p[i])} << (8 * i);
         return v;

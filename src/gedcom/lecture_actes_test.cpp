@@ -50,9 +50,9 @@ TEST(IndexDeBalises, ChaqueLongueurEtSesVoisines) {
     struct Regle {
         std::string_view balise;
     };
-    static const Regle kTable[] = {{"A"},     {"AB"},     {"ABC"},       {"ABCD"},      {"ABCDE"},
+    static const Regle kTable[] = {{"A"},      {"AB"},      {"ABC"},      {"ABCD"},      {"ABCDE"},
                                    {"ABCDEF"}, {"ABCDEFG"}, {"ABCDEFGH"}, {"ABCDEFGHI"}, {"ABCDEFGHJ"},
-                                   {"DBCA"},  {"DATE"},   {"EMAIL"}};
+                                   {"DBCA"},   {"DATE"},    {"EMAIL"}};
     const IndexDeBalises<Regle> index(kTable);
     for (const Regle& r : kTable) {
         EXPECT_EQ(index.Chercher(r.balise), &r) << r.balise;

@@ -101,14 +101,16 @@ void Departager(std::vector<Cle>::iterator debut, std::vector<Cle>::iterator fin
                 const std::vector<Rangee>& rangees, std::size_t depuis) {
     const auto memeTete = [](const Cle& a, const Cle& b) { return a.tete == b.tete && a.suite == b.suite; };
     while (debut != fin) {
-        const auto finEgales = std::find_if_not(debut, fin, [&](const Cle& c) { return memeTete(c, *debut); });
+        const auto finEgales =
+            std::find_if_not(debut, fin, [&](const Cle& c) { return memeTete(c, *debut); });
         if (finEgales - debut > 1 && depuis >= 64) {
             std::stable_sort(debut, finEgales, [&rangees](const Cle& a, const Cle& b) {
                 return rangees[a.rang].texte < rangees[b.rang].texte;
             });
         } else if (finEgales - debut > 1) {
             for (auto c = debut; c != finEgales; ++c)
-                *c = {Octets(rangees[c->rang].texte, depuis), Octets(rangees[c->rang].texte, depuis + 8), c->rang};
+                *c = {Octets(rangees[c->rang].texte, depuis), Octets(rangees[c->rang].texte, depuis + 8),
+                      c->rang};
             std::sort(debut, finEgales, [](const Cle& a, const Cle& b) {
                 return std::tie(a.tete, a.suite, a.rang) < std::tie(b.tete, b.suite, b.rang);
             });
