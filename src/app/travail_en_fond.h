@@ -35,11 +35,12 @@ public:
     void Annuler();
 
 private:
+    void Rendre();  // sous le verrou : les textes posés deviennent ceux que la fenêtre prendra
+
     std::mutex verrou_;
     std::condition_variable signal_;
     std::optional<std::string> compteur_, avancement_;          // rendus à LaisserPasser, pour la fenêtre
     std::optional<std::string> compteurPose_, avancementPose_;  // au travail seul, sans verrou
-    void Rendre();                                              // sous le verrou
     bool annulation_ = false;
     bool fini_ = false;
     bool annuleVu_ = false;

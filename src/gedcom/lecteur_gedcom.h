@@ -291,8 +291,7 @@ private:
     void ControlesApresLecture();
     void Nettoyer();
     void NormaliserCasse();
-    // Codes phonétiques et noms de tri ; progression nulle quand un autre fil s'en charge.
-    void CoderNoms(Progression* progression);
+    void CoderNoms();
 };
 
 template <typename Traitement>

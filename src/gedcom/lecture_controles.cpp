@@ -1,16 +1,14 @@
 // Contrôles de la base juste lue : fiches vides, familles à un seul conjoint.
 #include <algorithm>
-#include <exception>
 #include <span>
 #include <string>
-#include <system_error>
-#include <thread>
 #include <utility>
 #include <vector>
 
 #include "gedcom/lecteur_gedcom.h"
 #include "gedcom/lecture_actes.h"
 #include "gedcom/lecture_liens.h"
+#include "platform/en_meme_temps.h"
 #include "platform/progression.h"
 #include "store/chaines.h"
 #include "store/liens.h"
@@ -216,22 +214,7 @@ void LecteurGedcom::ControlesApresLecture() {
     // gardés dans les fiches (une ligne lue mais non gardée ne laisse pas de retour). Les codes
     // des noms, eux, n'écrivent que NomTri et CodeNom, que les liens ne lisent pas : ils se font
     // en même temps sur un autre cœur. La progression reste au fil de la lecture.
-    std::exception_ptr echec;
-    std::jthread codes;
-    try {
-        codes = std::jthread([this, &echec] {
-            try {
-                CoderNoms(nullptr);
-            } catch (...) {
-                echec = std::current_exception();
-            }
-        });
-    } catch (const std::system_error&) {
-        CoderNoms(&contexte_.progression);  // pas de second fil : l'un après l'autre
-    }
-    ReconstruireLiens(b, &contexte_.progression);
-    if (codes.joinable()) codes.join();
-    if (echec) std::rethrow_exception(echec);
+    EnMemeTemps([this] { CoderNoms(); }, [&] { ReconstruireLiens(b, &contexte_.progression); });
 }
 
 }  // namespace arbolix

@@ -144,8 +144,9 @@ void LecteurGedcom::NormaliserCasse() {
     refaire(b.Listes.Lieu, 3);
 }
 
-// Codes phonétiques et clés de tri de tous les noms, et ce qu'un lien 0 a pu écrire.
-void LecteurGedcom::CoderNoms(Progression* progression) {
+// Codes phonétiques et clés de tri de tous les noms. Ils se font sur un autre fil que la lecture :
+// la progression n'est pas la leur.
+void LecteurGedcom::CoderNoms() {
     Base& b = base_;
     // Des fiches qui se suivent portent souvent le même nom (une fratrie) : ses codes resservent.
     const Perso* precedent = nullptr;
@@ -153,10 +154,6 @@ void LecteurGedcom::CoderNoms(Progression* progression) {
         if (b.Persos.PageVierge(n)) {
             n = b.Persos.FinDePage(n);
             continue;
-        }
-        if (progression && n % 10000 == 0) {
-            progression->Compteur(std::to_string(n));
-            progression->LaisserPasser();
         }
         Perso& p = b.Persos[n];
         if (p.Prenoms.empty()) continue;

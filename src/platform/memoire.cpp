@@ -2,14 +2,14 @@
 
 #include <cstdint>
 #include <fstream>
-#include <system_error>
-#include <thread>
 
 #if defined(__unix__)
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
 #endif
+
+#include "platform/en_meme_temps.h"
 
 namespace arbolix {
 
@@ -70,15 +70,9 @@ template <typename Faire>
 bool EnDeuxMoities(std::size_t taille, Faire&& faire) {
     if (taille < kDeuxMoities) return faire(std::size_t{0}, taille);
     const std::size_t moitie = taille / 2;
-    bool seconde = false;
-    std::jthread fil;
-    try {
-        fil = std::jthread([&] { seconde = faire(moitie, taille - moitie); });
-    } catch (const std::system_error&) {
-        return faire(std::size_t{0}, moitie) && faire(moitie, taille - moitie);  // pas de second fil
-    }
-    const bool premiere = faire(std::size_t{0}, moitie);
-    fil.join();
+    bool premiere = false, seconde = false;
+    EnMemeTemps([&] { seconde = faire(moitie, taille - moitie); },
+                [&] { premiere = faire(std::size_t{0}, moitie); });
     return premiere && seconde;
 }
 
@@ -88,6 +82,8 @@ bool LireOctets(const std::string& chemin, std::size_t taille, std::string& cont
     const int fd = open(chemin.c_str(), O_RDONLY | O_CLOEXEC);
     if (fd < 0) return false;
     contenu.reserve(taille);
+    // Les pages d'abord, dans la réserve : la mise à la taille qui suit écrit des zéros partout, et
+    // ferait sinon toutes les fautes de page sur ce seul fil.
     char* const debut = contenu.data();
     EnDeuxMoities(taille, [&](std::size_t depuis, std::size_t n) {
         PreparerPages(debut + depuis, n);
