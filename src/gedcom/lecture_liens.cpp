@@ -229,10 +229,13 @@ void LecteurGedcom::ParcourirPrefixes() {
 }
 
 bool LecteurGedcom::DesigneUneFamille(std::string_view pointeur) {
-    if (!PrefixesParcourus) ParcourirPrefixes();
     const std::string_view id = Depuis(pointeur, 2);
     if (id.find_first_of("0123456789") == std::string_view::npos) return false;
     const std::string_view p = PrefixeDe(id);
+    // Le préfixe d'une fiche de personne déjà lue ne désigne jamais une famille : le premier
+    // témoin d'un grand fichier n'attend pas le relevé du fichier entier.
+    if (Retenu(PrefixesPersonnes, p)) return false;
+    if (!PrefixesParcourus) ParcourirPrefixes();
     return Retenu(PrefixesFamilles, p) && !Retenu(PrefixesPersonnes, p);
 }
 
