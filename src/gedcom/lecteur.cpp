@@ -12,6 +12,7 @@
 
 #include "gedcom/lecteur_gedcom.h"
 #include "platform/cp1252.h"
+#include "platform/en_meme_temps.h"
 #include "platform/memoire.h"
 #include "platform/progression.h"
 #include "store/chaines.h"
@@ -129,13 +130,22 @@ NatureFichier ExaminerFichier(std::string_view octets) {
 
 namespace {
 
-// Un LF qui ne suit pas un CR ? Une boucle sans branche que le compilateur vectorise : le cas
-// courant d'un fichier tout en CR LF se vérifie sans un appel par ligne.
+// Un LF qui ne suit pas un CR, entre debut (au moins 1) et fin ? Une boucle sans branche que le
+// compilateur vectorise : le cas courant d'un fichier tout en CR LF se vérifie sans un appel par ligne.
+bool LfSeulEntre(std::string_view t, std::size_t debut, std::size_t fin) {
+    std::size_t seuls = 0;
+    for (std::size_t i = debut; i < fin; ++i) seuls += (t[i] == '\n') & (t[i - 1] != '\r');
+    return seuls > 0;
+}
+
 bool LfSeul(std::string_view t) {
     if (t.empty()) return false;
-    std::size_t seuls = t[0] == '\n';
-    for (std::size_t i = 1; i < t.size(); ++i) seuls += (t[i] == '\n') & (t[i - 1] != '\r');
-    return seuls > 0;
+    if (t[0] == '\n') return true;
+    if (t.size() < kSeuilDeuxMoities) return LfSeulEntre(t, 1, t.size());
+    const std::size_t milieu = t.size() / 2;
+    bool avant = false, apres = false;
+    EnMemeTemps([&] { apres = LfSeulEntre(t, milieu, t.size()); }, [&] { avant = LfSeulEntre(t, 1, milieu); });
+    return avant || apres;
 }
 
 }  // namespace
@@ -185,23 +195,48 @@ void NormaliserFinsDeLigne(std::string& tampon) {
 namespace {
 
 // Les trois réparations de pointeurs tiennent à un « @ ». Un fichier en a des millions : un
-// seul parcours relève les places de chacune, au lieu d'un par réparation.
+// seul parcours relève les places de chacune, au lieu d'un par réparation. Celles des « @ » entre
+// de et a s'ajoutent à places.
 using PlacesArobase = std::array<std::vector<std::size_t>, 3>;
-PlacesArobase MotifsArobase(std::string_view t, const std::array<std::string_view, 3>& motifs) {
-    PlacesArobase places;
+using MotifsDesArobases = std::array<std::string_view, 3>;
+PlacesArobase MotifsArobaseEntre(std::string_view t, const MotifsDesArobases& motifs, std::size_t de,
+                                 std::size_t a, PlacesArobase places = {}) {
+    // La place de l'arobase dans chaque motif, et l'octet qui la suit : il écarte d'un coup
+    // presque tous les « @ » d'un fichier, sans comparer le motif entier.
+    std::array<std::size_t, 3> avant{};
+    std::array<char, 3> suivant{};
+    for (std::size_t k = 0; k < motifs.size(); ++k) {
+        avant[k] = motifs[k].find('@');
+        suivant[k] = motifs[k][avant[k] + 1];
+    }
     const char* const debut = t.data();
-    const char* const fin = debut + t.size();
-    for (const char* q = debut;
+    const char* const fin = debut + a;
+    for (const char* q = debut + de;
          (q = static_cast<const char*>(std::memchr(q, '@', static_cast<std::size_t>(fin - q)))); ++q) {
         const auto ici = static_cast<std::size_t>(q - debut);
         for (std::size_t k = 0; k < motifs.size(); ++k) {
-            const std::size_t avant = motifs[k].find('@');
+            if (ici + 1 >= t.size() || t[ici + 1] != suivant[k] || ici < avant[k]) continue;
             auto& v = places[k];
             // Comme un remplacement : une occurrence ne chevauche pas la précédente.
-            if (ici < avant || (!v.empty() && ici - avant < v.back() + motifs[k].size())) continue;
-            if (t.substr(ici - avant).starts_with(motifs[k])) v.push_back(ici - avant);
+            if (!v.empty() && ici - avant[k] < v.back() + motifs[k].size()) continue;
+            if (t.substr(ici - avant[k]).starts_with(motifs[k])) v.push_back(ici - avant[k]);
         }
     }
+    return places;
+}
+
+// Les deux moitiés d'un grand tampon sur deux cœurs. Une place de la seconde qui chevauche la
+// dernière de la première n'en serait pas une : la seconde se reprend alors à la suite de la première.
+PlacesArobase MotifsArobase(std::string_view t, const MotifsDesArobases& motifs) {
+    if (t.size() < kSeuilDeuxMoities) return MotifsArobaseEntre(t, motifs, 0, t.size());
+    const std::size_t milieu = t.size() / 2;
+    PlacesArobase places, suite;
+    EnMemeTemps([&] { suite = MotifsArobaseEntre(t, motifs, milieu, t.size()); },
+                [&] { places = MotifsArobaseEntre(t, motifs, 0, milieu); });
+    for (std::size_t k = 0; k < motifs.size(); ++k)
+        if (!places[k].empty() && !suite[k].empty() && suite[k].front() < places[k].back() + motifs[k].size())
+            return MotifsArobaseEntre(t, motifs, milieu, t.size(), std::move(places));
+    for (std::size_t k = 0; k < motifs.size(); ++k) places[k].insert(places[k].end(), suite[k].begin(), suite[k].end());
     return places;
 }
 
@@ -228,7 +263,7 @@ void ReparationsGlobales(std::string& tampon, Progression* progression) {
         remplace = remplace || n > 0;
         if (progression) progression->LaisserPasser();
     }
-    if (tampon.find("\\rtf") != std::string::npos) {
+    if (Contient(tampon, "\\rtf")) {
         // Des notes RTF : on les désarme en bloc.
         for (char& c : tampon) {
             if (c == '\\')

@@ -91,6 +91,13 @@ TEST(Lecteur, ReparationsGlobales) {
             RemplacerTout(attendu, de, vers);
         ReparationsGlobales(obtenu);
         EXPECT_EQ(obtenu, attendu) << cas;
+        // Un grand tampon se parcourt en deux moitiés : le même cas, à cheval sur le milieu.
+        const std::string bourre(kSeuilDeuxMoities / 2, 'x');
+        for (const std::size_t d : {0u, 5u, 9u}) {
+            std::string grand = bourre.substr(d) + std::string(cas) + bourre;
+            ReparationsGlobales(grand);
+            EXPECT_TRUE(grand == bourre.substr(d) + attendu + bourre) << cas << " " << d;
+        }
     }
     std::string rtf = "1 NOTE {\\rtf1 gras}\r\n";
     ReparationsGlobales(rtf);

@@ -1,9 +1,12 @@
 #include "store/chaines.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <limits>
 #include <vector>
+
+#include "platform/en_meme_temps.h"
 
 namespace arbolix {
 
@@ -110,12 +113,55 @@ std::size_t RemplacerAux(std::string& s, const std::vector<std::size_t>& places,
     return n;
 }
 
+namespace {
+
+// Les places de motif qui commencent entre depuis et avant, ajoutées à v. Le texte regardé
+// s'arrête là où une place ne pourrait plus commencer avant avant : la première moitié ne lit
+// pas la seconde.
+void PlacesAvant(std::string_view s, std::string_view motif, std::size_t depuis, std::size_t avant,
+                 std::vector<std::size_t>& v) {
+    const std::string_view vue = s.substr(0, std::min(s.size(), avant + motif.size() - 1));
+    for (std::size_t p = Chercher(vue, motif, depuis); p != std::string_view::npos;
+         p = Chercher(vue, motif, p + motif.size()))
+        v.push_back(p);
+}
+
+}  // namespace
+
+std::vector<std::size_t> Places(std::string_view s, std::string_view motif, std::size_t depuis) {
+    std::vector<std::size_t> v;
+    if (motif.empty() || depuis >= s.size()) return v;
+    if (s.size() - depuis < kSeuilDeuxMoities) {
+        PlacesAvant(s, motif, depuis, s.size(), v);
+        return v;
+    }
+    const std::size_t milieu = depuis + (s.size() - depuis) / 2;
+    std::vector<std::size_t> suite;
+    EnMemeTemps([&] { PlacesAvant(s, motif, milieu, s.size(), suite); },
+                [&] { PlacesAvant(s, motif, depuis, milieu, v); });
+    // Une dernière place de la première moitié qui déborde sur la seconde en écarte la
+    // première place de celle-ci : la seconde moitié se reprend alors derrière elle.
+    const std::size_t reprise = v.empty() ? milieu : std::max(milieu, v.back() + motif.size());
+    if (!suite.empty() && suite.front() < reprise) {
+        suite.clear();
+        PlacesAvant(s, motif, reprise, s.size(), suite);
+    }
+    v.insert(v.end(), suite.begin(), suite.end());
+    return v;
+}
+
+bool Contient(std::string_view s, std::string_view motif) {
+    if (s.size() < kSeuilDeuxMoities || motif.empty()) return Chercher(s, motif) != std::string_view::npos;
+    const std::size_t milieu = s.size() / 2;
+    bool avant = false, apres = false;
+    EnMemeTemps([&] { apres = Chercher(s, motif, milieu) != std::string_view::npos; },
+                [&] { avant = Chercher(s.substr(0, milieu + motif.size() - 1), motif) != std::string_view::npos; });
+    return avant || apres;
+}
+
 std::size_t RemplacerTout(std::string& s, std::string_view de, std::string_view vers, std::size_t depuis) {
     if (de.empty() || depuis >= s.size()) return 0;
-    std::vector<std::size_t> places;
-    for (std::size_t p = Chercher(s, de, depuis); p != std::string::npos; p = Chercher(s, de, p + de.size()))
-        places.push_back(p);
-    return RemplacerAux(s, places, de, vers);
+    return RemplacerAux(s, Places(s, de, depuis), de, vers);
 }
 
 std::string Remplacer(std::string_view s, std::string_view de, std::string_view vers) {

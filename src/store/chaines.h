@@ -27,6 +27,14 @@ std::string_view Depuis(std::string_view s, std::size_t debut);
 // Position de motif dans s à partir de depuis, npos s'il n'y est pas.
 std::size_t Chercher(std::string_view s, std::string_view motif, std::size_t depuis = 0);
 
+// Les places de motif dans s à partir de depuis, de gauche à droite et sans chevauchement, comme
+// un remplacement les prend. Un grand texte se parcourt en deux moitiés, sur deux cœurs.
+std::vector<std::size_t> Places(std::string_view s, std::string_view motif, std::size_t depuis = 0);
+// Vrai quand motif paraît dans s ; un grand texte se parcourt de même en deux moitiés.
+bool Contient(std::string_view s, std::string_view motif);
+// Taille de texte à partir de laquelle un parcours se partage entre deux fils.
+constexpr std::size_t kSeuilDeuxMoities = std::size_t{16} << 20;
+
 // Remplace toutes les occurrences de de par vers, à partir de la position depuis.
 // Rend le nombre de remplacements. Un seul passage : linéaire dans la taille.
 std::size_t RemplacerTout(std::string& s, std::string_view de, std::string_view vers, std::size_t depuis = 0);

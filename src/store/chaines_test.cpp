@@ -52,6 +52,23 @@ TEST(Chaines, ChercherDansUnLongTexte) {
         EXPECT_EQ(Chercher(t, c.motif, c.depuis), c.attendu) << c.motif << " " << c.depuis;
 }
 
+TEST(Chaines, GrandTexteEnDeuxMoities) {
+    // Assez grand pour deux fils : le motif à cheval sur le milieu, ou chevauchant sa place
+    // précédente de part et d'autre du milieu.
+    const std::size_t moitie = kSeuilDeuxMoities / 2;
+    for (const std::string_view milieu : {"aba", "ababa", "abababa", "xabab"})
+        for (std::size_t decalage = 0; decalage <= milieu.size(); ++decalage) {
+            // Le milieu du texte tombe decalage + 1 octets après le début du motif du milieu.
+            std::string t(moitie - decalage, 'x');
+            t.append(milieu).append(moitie + decalage - milieu.size(), 'x').append("aba");
+            std::vector<std::size_t> attendu;
+            for (auto p = t.find("aba"); p != std::string::npos; p = t.find("aba", p + 3)) attendu.push_back(p);
+            EXPECT_EQ(Places(t, "aba"), attendu) << milieu << " " << decalage;
+            EXPECT_EQ(Contient(t, "abab"), t.find("abab") != std::string::npos) << milieu << " " << decalage;
+        }
+    EXPECT_FALSE(Contient(std::string(kSeuilDeuxMoities, 'x'), "y"));
+}
+
 TEST(Chaines, Motifs) {
     EXPECT_TRUE(Comme("Jean/Dupont/x/", "?*/?*/?*/"));
     EXPECT_FALSE(Comme("Jean/Dupont/", "?*/?*/?*/"));
