@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
+#include <cstring>
 #include <tuple>
 #include <utility>
 
@@ -36,6 +38,12 @@ namespace {
 // Huit octets d'un texte à partir de debut, en nombre (zéros au-delà de la fin) : deux têtes
 // différentes se comparent comme les textes, octets sans signe.
 std::uint64_t Octets(const std::string& texte, std::size_t debut) {
+    if (texte.size() >= debut + 8) {  // le cas courant : huit octets lus d'un coup
+        std::uint64_t t;
+        std::memcpy(&t, texte.data() + debut, 8);
+        if constexpr (std::endian::native == std::endian::little) t = __builtin_bswap64(t);
+        return t;
+    }
     std::uint64_t t = 0;
     for (std::size_t i = debut; i < debut + 8; ++i)
         t = t << 8 | (i < texte.size() ? static_cast<unsigned char>(texte[i]) : 0u);
@@ -93,12 +101,16 @@ void TrierParTetes(std::vector<Cle>& cles) {
     cles.swap(autre);
 }
 
+// Les seize octets qui suivent la tête de chaque texte, par rang : tirés avec la tête, d'un trait
+// en mémoire, ils départagent les premiers ex æquo sans aller chercher leurs textes au hasard.
+using Suites = std::vector<std::array<std::uint64_t, 2>>;
+
 // Les clés de [debut, fin) ont les mêmes seize octets à partir de depuis - 16, et sont dans
 // l'ordre d'arrivée. Les seize suivants de chaque texte, tirés une fois, les départagent ; au-delà
 // de quelques tours, les textes entiers. Dans un gros fichier, un tiers des personnes partagent
 // leurs seize premiers octets (même nom, même début de date) avec une autre.
 void Departager(std::vector<Cle>::iterator debut, std::vector<Cle>::iterator fin,
-                const std::vector<Rangee>& rangees, std::size_t depuis) {
+                const std::vector<Rangee>& rangees, const Suites& suites, std::size_t depuis) {
     const auto memeTete = [](const Cle& a, const Cle& b) { return a.tete == b.tete && a.suite == b.suite; };
     while (debut != fin) {
         const auto finEgales =
@@ -108,13 +120,15 @@ void Departager(std::vector<Cle>::iterator debut, std::vector<Cle>::iterator fin
                 return rangees[a.rang].texte < rangees[b.rang].texte;
             });
         } else if (finEgales - debut > 1) {
-            for (auto c = debut; c != finEgales; ++c)
-                *c = {Octets(rangees[c->rang].texte, depuis), Octets(rangees[c->rang].texte, depuis + 8),
-                      c->rang};
+            for (auto c = debut; c != finEgales; ++c) {
+                const std::string& t = rangees[c->rang].texte;
+                *c = depuis == 16 ? Cle{suites[c->rang][0], suites[c->rang][1], c->rang}
+                                  : Cle{Octets(t, depuis), Octets(t, depuis + 8), c->rang};
+            }
             std::sort(debut, finEgales, [](const Cle& a, const Cle& b) {
                 return std::tie(a.tete, a.suite, a.rang) < std::tie(b.tete, b.suite, b.rang);
             });
-            Departager(debut, finEgales, rangees, depuis + 16);
+            Departager(debut, finEgales, rangees, suites, depuis + 16);
         }
         debut = finEgales;
     }
@@ -124,10 +138,14 @@ void Departager(std::vector<Cle>::iterator debut, std::vector<Cle>::iterator fin
 // textes égaux.
 std::vector<std::uint32_t> OrdreParTexte(const std::vector<Rangee>& rangees) {
     std::vector<Cle> cles(rangees.size());
-    for (std::size_t i = 0; i < rangees.size(); ++i)
-        cles[i] = {Octets(rangees[i].texte, 0), Octets(rangees[i].texte, 8), static_cast<std::uint32_t>(i)};
+    Suites suites(rangees.size());
+    for (std::size_t i = 0; i < rangees.size(); ++i) {
+        const std::string& t = rangees[i].texte;
+        cles[i] = {Octets(t, 0), Octets(t, 8), static_cast<std::uint32_t>(i)};
+        suites[i] = {Octets(t, 16), Octets(t, 24)};
+    }
     TrierParTetes(cles);
-    Departager(cles.begin(), cles.end(), rangees, 16);
+    Departager(cles.begin(), cles.end(), rangees, suites, 16);
     std::vector<std::uint32_t> ordre(cles.size());
     for (std::size_t i = 0; i < cles.size(); ++i) ordre[i] = cles[i].rang;
     return ordre;

@@ -71,7 +71,11 @@ TEST(TrierParTexte, CommeLeTriStableDesTextes) {
                                  "",
                                  "DUPONT Jean",
                                  "Z",
-                                 "DUPONT1845/03/1"};
+                                 "DUPONT1845/03/1",
+                                 "DUPONT1845/03/12000007 Jean-Marie",
+                                 "DUPONT1845/03/12000007 Jean-Baptiste Xavier",
+                                 "DUPONT1845/03/12000007 Jean-Baptiste Victor",
+                                 "DUPONT1845/03/12000003 Jean-Zo\xE9"};
     for (int k = 0; k < 60; ++k) rangees.push_back({bases[(k * 7) % std::size(bases)], k});
     // Et des textes tirés au hasard sur peu de lettres : chaque octet de tête départage.
     std::uint32_t graine = 1;
