@@ -24,6 +24,14 @@ bool Decouper(std::string_view s, std::array<std::string_view, 3>& morceaux, int
     return true;
 }
 
+// Deux chiffres, deux chiffres, quatre chiffres, séparés par des barres.
+bool JourMoisAnnee(std::string_view s) {
+    if (s.size() != 10 || s[2] != '/' || s[5] != '/') return false;
+    for (const std::size_t i : {0, 1, 3, 4, 6, 7, 8, 9})
+        if (!EstChiffre(s[i])) return false;
+    return true;
+}
+
 int Nombre(std::string_view chiffres) {
     return static_cast<int>(ValeurNumerique(chiffres));
 }
@@ -44,18 +52,28 @@ std::optional<int> Annee(std::string_view chiffres, bool courteAdmise) {
 std::optional<DateCalendrier> LireDate(std::string_view s) {
     // Au-delà de "dd/mm/yyyy" aucune forme n'est possible : inutile de lire plus loin.
     if (s.empty() || s.size() > 10) return std::nullopt;
-    std::array<std::string_view, 3> m;
-    int n = 0;
-    if (!Decouper(s, m, n) || n < 2) return std::nullopt;
-    for (int i = 0; i < n; ++i)
-        if (m[i].empty() || (i < n - 1 && m[i].size() > 2) || m[i].size() > 4) return std::nullopt;
-
     DateCalendrier d;
-    const auto annee = Annee(m[n - 1], n == 3);
-    if (!annee) return std::nullopt;
-    d.annee = *annee;
-    d.mois = Nombre(m[n - 2]);
-    d.jour = n == 3 ? Nombre(m[0]) : 1;
+    if (JourMoisAnnee(s)) {
+        // "12/03/1750", la forme de presque toutes les dates : ses chiffres se lisent en place.
+        const auto nombre = [&](std::size_t debut, std::size_t n) {
+            int v = 0;
+            for (std::size_t i = debut; i < debut + n; ++i) v = v * 10 + (s[i] - '0');
+            return v;
+        };
+        d = {nombre(0, 2), nombre(3, 2), nombre(6, 4)};
+        if (d.annee < kAnneeMin || d.annee > kAnneeMax) return std::nullopt;
+    } else {
+        std::array<std::string_view, 3> m;
+        int n = 0;
+        if (!Decouper(s, m, n) || n < 2) return std::nullopt;
+        for (int i = 0; i < n; ++i)
+            if (m[i].empty() || (i < n - 1 && m[i].size() > 2) || m[i].size() > 4) return std::nullopt;
+        const auto annee = Annee(m[n - 1], n == 3);
+        if (!annee) return std::nullopt;
+        d.annee = *annee;
+        d.mois = Nombre(m[n - 2]);
+        d.jour = n == 3 ? Nombre(m[0]) : 1;
+    }
     if (d.mois < 1 || d.mois > 12 || d.jour < 1 || d.jour > JoursDuMois(d.mois, d.annee)) return std::nullopt;
     return d;
 }
