@@ -142,9 +142,8 @@ bool LfSeul(std::string_view t) {
     if (t.empty()) return false;
     if (t[0] == '\n') return true;
     if (t.size() < kSeuilDeuxMoities) return LfSeulEntre(t, 1, t.size());
-    const std::size_t milieu = t.size() / 2;
-    bool avant = false, apres = false;
-    EnMemeTemps([&] { apres = LfSeulEntre(t, milieu, t.size()); }, [&] { avant = LfSeulEntre(t, 1, milieu); });
+    const auto [avant, apres] =
+        EnDeuxMoities(1, t.size(), [&](std::size_t de, std::size_t a) { return LfSeulEntre(t, de, a); });
     return avant || apres;
 }
 
@@ -229,13 +228,11 @@ PlacesArobase MotifsArobaseEntre(std::string_view t, const MotifsDesArobases& mo
 // dernière de la première n'en serait pas une : la seconde se reprend alors à la suite de la première.
 PlacesArobase MotifsArobase(std::string_view t, const MotifsDesArobases& motifs) {
     if (t.size() < kSeuilDeuxMoities) return MotifsArobaseEntre(t, motifs, 0, t.size());
-    const std::size_t milieu = t.size() / 2;
-    PlacesArobase places, suite;
-    EnMemeTemps([&] { suite = MotifsArobaseEntre(t, motifs, milieu, t.size()); },
-                [&] { places = MotifsArobaseEntre(t, motifs, 0, milieu); });
+    auto [places, suite] = EnDeuxMoities(
+        0, t.size(), [&](std::size_t de, std::size_t a) { return MotifsArobaseEntre(t, motifs, de, a); });
     for (std::size_t k = 0; k < motifs.size(); ++k)
         if (!places[k].empty() && !suite[k].empty() && suite[k].front() < places[k].back() + motifs[k].size())
-            return MotifsArobaseEntre(t, motifs, milieu, t.size(), std::move(places));
+            return MotifsArobaseEntre(t, motifs, Milieu(0, t.size()), t.size(), std::move(places));
     for (std::size_t k = 0; k < motifs.size(); ++k) places[k].insert(places[k].end(), suite[k].begin(), suite[k].end());
     return places;
 }

@@ -1,9 +1,11 @@
 // Deux travaux indépendants menés ensemble, sur deux cœurs.
 #pragma once
 
+#include <cstddef>
 #include <exception>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 namespace arbolix {
 
@@ -30,6 +32,21 @@ void EnMemeTemps(Autre&& autre, Ici&& ici) {
     ici();  // une exception d'ici attend l'autre fil : le jthread le rejoint en partant
     fil.join();
     if (echec) std::rethrow_exception(echec);
+}
+
+// Là où EnDeuxMoities coupe [debut, fin).
+constexpr std::size_t Milieu(std::size_t debut, std::size_t fin) {
+    return debut + (fin - debut) / 2;
+}
+
+// faire(de, a) sur les deux moitiés de [debut, fin), la seconde sur un autre fil : leurs deux
+// résultats, dans l'ordre des moitiés. Au-delà de quelques mégaoctets, un parcours y gagne.
+template <typename Faire>
+auto EnDeuxMoities(std::size_t debut, std::size_t fin, Faire&& faire) {
+    const std::size_t milieu = Milieu(debut, fin);
+    std::pair<decltype(faire(debut, fin)), decltype(faire(debut, fin))> r;
+    EnMemeTemps([&] { r.second = faire(milieu, fin); }, [&] { r.first = faire(debut, milieu); });
+    return r;
 }
 
 }  // namespace arbolix

@@ -65,14 +65,11 @@ bool LireMorceau(int fd, char* debut, std::size_t taille, std::size_t depuis) {
     return true;
 }
 
-// faire(debut, taille, depuis) sur chaque moitié, la seconde sur un autre fil ; vrai si les deux.
+// faire(debut, fin) sur tout le fichier, en deux moitiés s'il est grand ; vrai si chacune.
 template <typename Faire>
-bool EnDeuxMoities(std::size_t taille, Faire&& faire) {
+bool SurLeFichier(std::size_t taille, Faire&& faire) {
     if (taille < kDeuxMoities) return faire(std::size_t{0}, taille);
-    const std::size_t moitie = taille / 2;
-    bool premiere = false, seconde = false;
-    EnMemeTemps([&] { seconde = faire(moitie, taille - moitie); },
-                [&] { premiere = faire(std::size_t{0}, moitie); });
+    const auto [premiere, seconde] = EnDeuxMoities(0, taille, faire);
     return premiere && seconde;
 }
 
@@ -85,13 +82,13 @@ bool LireOctets(const std::string& chemin, std::size_t taille, std::string& cont
     // Les pages d'abord, dans la réserve : la mise à la taille qui suit écrit des zéros partout, et
     // ferait sinon toutes les fautes de page sur ce seul fil.
     char* const debut = contenu.data();
-    EnDeuxMoities(taille, [&](std::size_t depuis, std::size_t n) {
-        PreparerPages(debut + depuis, n);
+    SurLeFichier(taille, [&](std::size_t de, std::size_t a) {
+        PreparerPages(debut + de, a - de);
         return true;
     });
     contenu.resize(taille);
-    const bool lu = EnDeuxMoities(taille, [&](std::size_t depuis, std::size_t n) {
-        return LireMorceau(fd, contenu.data() + depuis, n, depuis);
+    const bool lu = SurLeFichier(taille, [&](std::size_t de, std::size_t a) {
+        return LireMorceau(fd, contenu.data() + de, a - de, de);
     });
     close(fd);
     return lu;

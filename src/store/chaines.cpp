@@ -115,47 +115,40 @@ std::size_t RemplacerAux(std::string& s, const std::vector<std::size_t>& places,
 
 namespace {
 
-// Les places de motif qui commencent entre depuis et avant, ajoutées à v. Le texte regardé
-// s'arrête là où une place ne pourrait plus commencer avant avant : la première moitié ne lit
-// pas la seconde.
-void PlacesAvant(std::string_view s, std::string_view motif, std::size_t depuis, std::size_t avant,
-                 std::vector<std::size_t>& v) {
+// Les places de motif qui commencent entre depuis et avant. Le texte regardé s'arrête là où
+// une place ne pourrait plus commencer avant avant : la première moitié ne lit pas la seconde.
+std::vector<std::size_t> PlacesAvant(std::string_view s, std::string_view motif, std::size_t depuis,
+                                     std::size_t avant) {
+    std::vector<std::size_t> v;
     const std::string_view vue = s.substr(0, std::min(s.size(), avant + motif.size() - 1));
     for (std::size_t p = Chercher(vue, motif, depuis); p != std::string_view::npos;
          p = Chercher(vue, motif, p + motif.size()))
         v.push_back(p);
+    return v;
 }
 
 }  // namespace
 
 std::vector<std::size_t> Places(std::string_view s, std::string_view motif, std::size_t depuis) {
-    std::vector<std::size_t> v;
-    if (motif.empty() || depuis >= s.size()) return v;
-    if (s.size() - depuis < kSeuilDeuxMoities) {
-        PlacesAvant(s, motif, depuis, s.size(), v);
-        return v;
-    }
-    const std::size_t milieu = depuis + (s.size() - depuis) / 2;
-    std::vector<std::size_t> suite;
-    EnMemeTemps([&] { PlacesAvant(s, motif, milieu, s.size(), suite); },
-                [&] { PlacesAvant(s, motif, depuis, milieu, v); });
+    if (motif.empty() || depuis >= s.size()) return {};
+    if (s.size() - depuis < kSeuilDeuxMoities) return PlacesAvant(s, motif, depuis, s.size());
+    auto [v, suite] = EnDeuxMoities(depuis, s.size(),
+                                    [&](std::size_t de, std::size_t a) { return PlacesAvant(s, motif, de, a); });
     // Une dernière place de la première moitié qui déborde sur la seconde en écarte la
     // première place de celle-ci : la seconde moitié se reprend alors derrière elle.
+    const std::size_t milieu = Milieu(depuis, s.size());
     const std::size_t reprise = v.empty() ? milieu : std::max(milieu, v.back() + motif.size());
-    if (!suite.empty() && suite.front() < reprise) {
-        suite.clear();
-        PlacesAvant(s, motif, reprise, s.size(), suite);
-    }
+    if (!suite.empty() && suite.front() < reprise) suite = PlacesAvant(s, motif, reprise, s.size());
     v.insert(v.end(), suite.begin(), suite.end());
-    return v;
+    return std::move(v);
 }
 
 bool Contient(std::string_view s, std::string_view motif) {
     if (s.size() < kSeuilDeuxMoities || motif.empty()) return Chercher(s, motif) != std::string_view::npos;
-    const std::size_t milieu = s.size() / 2;
-    bool avant = false, apres = false;
-    EnMemeTemps([&] { apres = Chercher(s, motif, milieu) != std::string_view::npos; },
-                [&] { avant = Chercher(s.substr(0, milieu + motif.size() - 1), motif) != std::string_view::npos; });
+    // Chaque moitié regarde les places qui y commencent.
+    const auto [avant, apres] = EnDeuxMoities(0, s.size(), [&](std::size_t de, std::size_t a) {
+        return Chercher(s.substr(0, a + motif.size() - 1), motif, de) != std::string_view::npos;
+    });
     return avant || apres;
 }
 
