@@ -95,15 +95,16 @@ bool DateCourante(std::string_view d, std::string& r) {
         return false;
     const auto date = LireDate(d);
     if (!date) return false;
-    char annee[12];
-    const auto fin = std::to_chars(annee, annee + sizeof annee, date->annee).ptr;
-    r.reserve(7 + static_cast<std::size_t>(fin - annee));
-    r += static_cast<char>('0' + date->jour / 10);
-    r += static_cast<char>('0' + date->jour % 10);
-    r += ' ';
-    for (const char c : MoisGedcom[date->mois]) r += static_cast<char>(c - 'a' + 'A');
-    r += ' ';
-    r.append(annee, fin);
+    // Écrite dans un tableau puis d'un coup : une date de GEDCOM tient dans le petit tampon d'une chaîne.
+    char texte[24];
+    char* e = texte;
+    *e++ = static_cast<char>('0' + date->jour / 10);
+    *e++ = static_cast<char>('0' + date->jour % 10);
+    *e++ = ' ';
+    for (const char c : MoisGedcom[date->mois]) *e++ = static_cast<char>(c - 'a' + 'A');
+    *e++ = ' ';
+    e = std::to_chars(e, texte + sizeof texte, date->annee).ptr;
+    r.assign(texte, e);
     return true;
 }
 
