@@ -60,13 +60,35 @@ private:
             }
             s += r;
             n -= static_cast<std::size_t>(r);
+            ecrits_ += static_cast<std::size_t>(r);
         }
+        if (ecrits_ >= envoyes_ + kFenetre) Envoyer();
         return erreur_ == 0;
     }
 
+    // Un gros fichier part au disque par fenêtres pendant qu'il s'écrit, et les pages déjà
+    // sur le disque quittent la mémoire : le cache ne grossit pas de tout le fichier, et la
+    // synchronisation finale n'a plus que la dernière fenêtre à attendre.
+    void Envoyer() {
+#if defined(__linux__)
+        const auto debut = static_cast<off_t>(envoyes_);
+        const auto taille = static_cast<off_t>(ecrits_ - envoyes_);
+        sync_file_range(fd_, debut, taille, SYNC_FILE_RANGE_WRITE);
+        if (envoyes_ >= kFenetre) {
+            const auto avant = static_cast<off_t>(envoyes_ - kFenetre);
+            sync_file_range(fd_, avant, debut - avant,
+                            SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER);
+            posix_fadvise(fd_, avant, debut - avant, POSIX_FADV_DONTNEED);
+        }
+#endif
+        envoyes_ = ecrits_;
+    }
+
+    static constexpr std::size_t kFenetre = std::size_t{32} << 20;
     int fd_;
     std::vector<char> tampon_;
     int erreur_ = 0;
+    std::size_t ecrits_ = 0, envoyes_ = 0;
 };
 
 std::string En1252(const fs::path& p) {

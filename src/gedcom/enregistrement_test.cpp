@@ -92,6 +92,27 @@ TEST(EcrireFichierSur, EchecEnCoursDEcritureLaisseLAncienIntact) {
                          "erreur inattendue (num\xE9ro hors du tableau)");
 }
 
+TEST(EcrireFichierSur, GrosFichierEnvoyeParFenetres) {
+    // Plus de deux fenêtres parties au disque en cours d'écriture, par un gros bloc puis par
+    // petits morceaux : rien ne manque ni ne se répète.
+    Dossier d;
+    const std::string f = d / "gros.ged";
+    std::string attendu;
+    for (int i = 0; attendu.size() < (std::size_t{70} << 20); ++i)
+        attendu.append(std::to_string(i)).append(1000, 'x');
+    const auto ecrire = [&](std::ostream& o) {
+        const std::size_t bloc = std::size_t{40} << 20;
+        o.write(attendu.data(), static_cast<std::streamsize>(bloc));
+        for (std::size_t i = bloc; i < attendu.size(); i += 1000)
+            o.write(attendu.data() + i, static_cast<std::streamsize>(std::min<std::size_t>(1000, attendu.size() - i)));
+        return o.good();
+    };
+    ASSERT_TRUE(EcrireFichierSur(f, ecrire).Ok);
+    std::string lu(fs::file_size(f), '\0');
+    std::ifstream(f, std::ios::binary).read(lu.data(), static_cast<std::streamsize>(lu.size()));
+    EXPECT_TRUE(lu == attendu);
+}
+
 TEST(EcrireFichierSur, DisqueRefusantLaSuiteLaisseLAncienIntact) {
     // Une limite de taille de fichier fait échouer write() au milieu, comme un disque plein.
     Dossier d;
