@@ -72,15 +72,16 @@ private:
     void Envoyer() {
 #if defined(__linux__)
         const auto debut = static_cast<off_t>(envoyes_);
-        const auto taille = static_cast<off_t>(ecrits_ - envoyes_);
-        sync_file_range(fd_, debut, taille, SYNC_FILE_RANGE_WRITE);
-        if (envoyes_ >= kFenetre) {
-            const auto avant = static_cast<off_t>(envoyes_ - kFenetre);
+        sync_file_range(fd_, debut, static_cast<off_t>(ecrits_ - envoyes_), SYNC_FILE_RANGE_WRITE);
+        // La fenêtre précédente, partie au tour d'avant : on attend qu'elle soit sur le disque.
+        if (envoyes_ > precedente_) {
+            const auto avant = static_cast<off_t>(precedente_);
             sync_file_range(fd_, avant, debut - avant,
                             SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER);
             posix_fadvise(fd_, avant, debut - avant, POSIX_FADV_DONTNEED);
         }
 #endif
+        precedente_ = envoyes_;
         envoyes_ = ecrits_;
     }
 
@@ -88,7 +89,9 @@ private:
     int fd_;
     std::vector<char> tampon_;
     int erreur_ = 0;
-    std::size_t ecrits_ = 0, envoyes_ = 0;
+    // Octets écrits, octets déjà envoyés au disque, début de la dernière fenêtre envoyée (elle
+    // va de là à envoyes_ et n'a pas encore été attendue).
+    std::size_t ecrits_ = 0, envoyes_ = 0, precedente_ = 0;
 };
 
 std::string En1252(const fs::path& p) {

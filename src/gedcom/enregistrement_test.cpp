@@ -104,7 +104,8 @@ TEST(EcrireFichierSur, GrosFichierEnvoyeParFenetres) {
         const std::size_t bloc = std::size_t{40} << 20;
         o.write(attendu.data(), static_cast<std::streamsize>(bloc));
         for (std::size_t i = bloc; i < attendu.size(); i += 1000)
-            o.write(attendu.data() + i, static_cast<std::streamsize>(std::min<std::size_t>(1000, attendu.size() - i)));
+            o.write(attendu.data() + i,
+                    static_cast<std::streamsize>(std::min<std::size_t>(1000, attendu.size() - i)));
         return o.good();
     };
     ASSERT_TRUE(EcrireFichierSur(f, ecrire).Ok);

@@ -233,7 +233,8 @@ PlacesArobase MotifsArobase(std::string_view t, const MotifsDesArobases& motifs)
     for (std::size_t k = 0; k < motifs.size(); ++k)
         if (!places[k].empty() && !suite[k].empty() && suite[k].front() < places[k].back() + motifs[k].size())
             return MotifsArobaseEntre(t, motifs, Milieu(0, t.size()), t.size(), std::move(places));
-    for (std::size_t k = 0; k < motifs.size(); ++k) places[k].insert(places[k].end(), suite[k].begin(), suite[k].end());
+    for (std::size_t k = 0; k < motifs.size(); ++k)
+        places[k].insert(places[k].end(), suite[k].begin(), suite[k].end());
     return places;
 }
 

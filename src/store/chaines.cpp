@@ -132,8 +132,8 @@ std::vector<std::size_t> PlacesAvant(std::string_view s, std::string_view motif,
 std::vector<std::size_t> Places(std::string_view s, std::string_view motif, std::size_t depuis) {
     if (motif.empty() || depuis >= s.size()) return {};
     if (s.size() - depuis < kSeuilDeuxMoities) return PlacesAvant(s, motif, depuis, s.size());
-    auto [v, suite] = EnDeuxMoities(depuis, s.size(),
-                                    [&](std::size_t de, std::size_t a) { return PlacesAvant(s, motif, de, a); });
+    auto [v, suite] = EnDeuxMoities(
+        depuis, s.size(), [&](std::size_t de, std::size_t a) { return PlacesAvant(s, motif, de, a); });
     // Une dernière place de la première moitié qui déborde sur la seconde en écarte la
     // première place de celle-ci : la seconde moitié se reprend alors derrière elle.
     const std::size_t milieu = Milieu(depuis, s.size());

@@ -62,7 +62,8 @@ TEST(Chaines, GrandTexteEnDeuxMoities) {
             std::string t(moitie - decalage, 'x');
             t.append(milieu).append(moitie + decalage - milieu.size(), 'x').append("aba");
             std::vector<std::size_t> attendu;
-            for (auto p = t.find("aba"); p != std::string::npos; p = t.find("aba", p + 3)) attendu.push_back(p);
+            for (auto p = t.find("aba"); p != std::string::npos; p = t.find("aba", p + 3))
+                attendu.push_back(p);
             EXPECT_EQ(Places(t, "aba"), attendu) << milieu << " " << decalage;
             EXPECT_EQ(Contient(t, "abab"), t.find("abab") != std::string::npos) << milieu << " " << decalage;
         }
