@@ -281,7 +281,7 @@ private:
     void ReparerProducteur(std::string_view mot);
     void FinEntete();
     void SectionPersonne();
-    void LignePersonne();
+    void LignePersonne(Perso*& fiche);
     void SectionFamille();
     void LigneFamille();
     void SectionNote(bool source);

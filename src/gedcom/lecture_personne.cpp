@@ -562,9 +562,10 @@ bool SuiteDUneNote(std::string_view balise) {
 
 }  // namespace
 
-void LecteurGedcom::LignePersonne() {
+void LecteurGedcom::LignePersonne(Perso*& fiche) {
     static const IndexBalises<Perso> index(kBalisesPersonne);
-    Perso& p = base_.Persos[base_.NumCourant];
+    if (!fiche) fiche = &base_.Persos[base_.NumCourant];
+    Perso& p = *fiche;
     if (!AppliquerRegle(*this, index, [&p]() -> Perso& { return p; }) && !LigneCourante.empty() &&
         !Comme(Balise, "@*@"))
         DonneeNonTraitee(*this);
@@ -594,7 +595,9 @@ void LecteurGedcom::SectionPersonne() {
         });
         Avancer(kAlerteFinPersonne);
     }
-    if (!LignesDeFiche(kAlerteFinPersonne, [this] { LignePersonne(); })) return;
+    // La fiche se cherche à la première ligne, puis reste : ses pages ne bougent pas pendant la lecture.
+    Perso* fiche = nullptr;
+    if (!LignesDeFiche(kAlerteFinPersonne, [this, &fiche] { LignePersonne(fiche); })) return;
     if (base_.NumCourant == 0) base_.Persos[0] = Perso{};
 }
 
