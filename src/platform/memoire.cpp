@@ -82,6 +82,11 @@ bool LireOctets(const std::string& chemin, std::size_t taille, std::string& cont
     // Les pages d'abord, dans la réserve : la mise à la taille qui suit écrit des zéros partout, et
     // ferait sinon toutes les fautes de page sur ce seul fil.
     char* const debut = contenu.data();
+#if defined(MADV_HUGEPAGE)
+    // De grandes pages : chaque parcours du tampon entier et chaque page rendue en font moins
+    // de fautes et de traductions d'adresses, surtout dans une machine virtuelle.
+    if (taille >= kDeuxMoities) Conseiller(debut, taille, MADV_HUGEPAGE);
+#endif
     SurLeFichier(taille, [&](std::size_t de, std::size_t a) {
         PreparerPages(debut + de, a - de);
         return true;
