@@ -7,6 +7,7 @@
 #include "card/lignes_personne.h"
 #include "card/queues.h"
 #include "dates/calendrier_gregorien.h"
+#include "dates/calendrier_republicain.h"
 #include "gedcom/enregistrement.h"
 #include "lists/recherche_actes.h"
 #include "store/aides_texte.h"
@@ -153,7 +154,7 @@ std::string Libre(std::string_view t) {
 
 // La date républicaine d'une note : "12/vend/03..." ; son année va de 1 à 14.
 std::string Republicaine(std::string_view notes) {
-    if (!Comme(Gauche(notes, 10), "##/????/##")) return {};
+    if (!Comme(Gauche(notes, 10), kNoteRepublicaine)) return {};
     const auto an = ValeurNumerique(notes.substr(8, 2));
     return an >= 1 && an <= 14 ? std::string(Gauche(notes, 10)) : std::string();
 }

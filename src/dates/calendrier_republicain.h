@@ -49,6 +49,12 @@ bool FinRepublicaine(std::string_view t);
 // un texte qui n'a pas cette forme.
 std::optional<std::int32_t> JourDeNoteRepublicaine(std::string_view note);
 
+// Forme d'une note de date républicaine ("12/vend/03"), en motif de Comme. Coupée en deux :
+// "??/" serait un trigraphe.
+inline constexpr std::string_view kNoteRepublicaine =
+    "##/???"
+    "?/##";
+
 // "jj/mois/aa" du jour donné, du 22/09/1793 au 31/12/1805 ; vide ailleurs :
 // l'an I n'est jamais produit.
 std::string DateRepublicaine(std::int32_t numeroJour);

@@ -28,7 +28,7 @@ bool Decouper(std::string_view s, std::array<std::string_view, 3>& morceaux, int
 bool JourMoisAnnee(std::string_view s) {
     if (s.size() != 10 || s[2] != '/' || s[5] != '/') return false;
     for (const std::size_t i : {0, 1, 3, 4, 6, 7, 8, 9})
-        if (s[i] < '0' || s[i] > '9') return false;
+        if (!EstChiffre(s[i])) return false;
     return true;
 }
 

@@ -9,6 +9,7 @@
 #include "gedcom/lecteur_gedcom.h"
 #include "gedcom/lecture_essai.h"
 #include "generer_gedcom.h"
+#include "platform/en_meme_temps.h"
 #include "platform/progression.h"
 #include "store/chaines.h"
 

@@ -65,6 +65,7 @@ bool MarquerConnu(const LecteurGedcom& l, Acte* a, std::string_view v) {
 }
 
 void AjouterNoteActe(Acte& a, std::string_view v) {
+    // Deux notes de date républicaine ne s'ajoutent pas.
     if (Comme(a.Notes, kNoteRepublicaine)) {
         if (Comme(v, kNoteRepublicaine)) return;
         const auto jour = JourDeNoteRepublicaine(v);

@@ -124,11 +124,6 @@ void AttendUneDate(LecteurGedcom& l, std::string_view deQuoi);
 
 // --- Évènements ---
 
-// Forme d'une note de date républicaine ("12/vend/03") : deux notes de cette forme ne s'ajoutent pas.
-inline constexpr std::string_view kNoteRepublicaine =
-    "##/???"
-    "?/##";
-
 // Lieu lu : "É" devient "E", blancs de bord ôtés ; il va à la liste des lieux quand il
 // diffère du dernier envoyé. Le texte rendu partage celui des autres fiches au même lieu.
 Texte LieuLu(LecteurGedcom& l, std::string_view v);

@@ -39,8 +39,11 @@ constexpr std::size_t Milieu(std::size_t debut, std::size_t fin) {
     return debut + (fin - debut) / 2;
 }
 
+// Taille (en octets) à partir de laquelle un parcours gagne à se faire en deux moitiés.
+constexpr std::size_t kSeuilDeuxMoities = std::size_t{16} << 20;
+
 // faire(de, a) sur les deux moitiés de [debut, fin), la seconde sur un autre fil : leurs deux
-// résultats, dans l'ordre des moitiés. Au-delà de quelques mégaoctets, un parcours y gagne.
+// résultats, dans l'ordre des moitiés.
 template <typename Faire>
 auto EnDeuxMoities(std::size_t debut, std::size_t fin, Faire&& faire) {
     const std::size_t milieu = Milieu(debut, fin);

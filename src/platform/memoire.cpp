@@ -50,9 +50,6 @@ void PreparerPages(char* debut, std::size_t taille) {
 #if defined(__unix__)
 namespace {
 
-// Au-delà, la seconde moitié vaut le fil qui la lit.
-constexpr std::size_t kDeuxMoities = std::size_t{32} << 20;
-
 bool LireMorceau(int fd, char* debut, std::size_t taille, std::size_t depuis) {
     while (taille > 0) {
         const ssize_t lus = pread(fd, debut, taille, static_cast<off_t>(depuis));
@@ -68,7 +65,7 @@ bool LireMorceau(int fd, char* debut, std::size_t taille, std::size_t depuis) {
 // faire(debut, fin) sur tout le fichier, en deux moitiés s'il est grand ; vrai si chacune.
 template <typename Faire>
 bool SurLeFichier(std::size_t taille, Faire&& faire) {
-    if (taille < kDeuxMoities) return faire(std::size_t{0}, taille);
+    if (taille < kSeuilDeuxMoities) return faire(std::size_t{0}, taille);
     const auto [premiere, seconde] = EnDeuxMoities(0, taille, faire);
     return premiere && seconde;
 }
@@ -85,7 +82,7 @@ bool LireOctets(const std::string& chemin, std::size_t taille, std::string& cont
 #if defined(MADV_HUGEPAGE)
     // De grandes pages : chaque parcours du tampon entier et chaque page rendue en font moins
     // de fautes et de traductions d'adresses, surtout dans une machine virtuelle.
-    if (taille >= kDeuxMoities) Conseiller(debut, taille, MADV_HUGEPAGE);
+    if (taille >= kSeuilDeuxMoities) Conseiller(debut, taille, MADV_HUGEPAGE);
 #endif
     SurLeFichier(taille, [&](std::size_t de, std::size_t a) {
         PreparerPages(debut + de, a - de);

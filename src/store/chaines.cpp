@@ -215,10 +215,6 @@ std::string EnMajuscules(std::string_view s) {
     return r;
 }
 
-bool EstChiffre(char c) {
-    return c >= '0' && c <= '9';
-}
-
 bool EstNumerique(std::string_view s) {
     if (s.empty()) return false;
     for (char c : s)

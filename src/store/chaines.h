@@ -32,8 +32,6 @@ std::size_t Chercher(std::string_view s, std::string_view motif, std::size_t dep
 std::vector<std::size_t> Places(std::string_view s, std::string_view motif, std::size_t depuis = 0);
 // Vrai quand motif paraît dans s ; un grand texte se parcourt de même en deux moitiés.
 bool Contient(std::string_view s, std::string_view motif);
-// Taille de texte à partir de laquelle un parcours se partage entre deux fils.
-constexpr std::size_t kSeuilDeuxMoities = std::size_t{16} << 20;
 
 // Remplace toutes les occurrences de de par vers, à partir de la position depuis.
 // Rend le nombre de remplacements. Un seul passage : linéaire dans la taille.
@@ -53,7 +51,9 @@ char Majuscule1252(char c);
 std::string EnMinuscules(std::string_view s);
 std::string EnMajuscules(std::string_view s);
 
-bool EstChiffre(char c);
+inline bool EstChiffre(char c) {
+    return c >= '0' && c <= '9';
+}
 bool EstNumerique(std::string_view s);  // non vide et fait uniquement de chiffres
 
 // Le nombre sur au moins `chiffres` chiffres, complété de zéros.

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/en_meme_temps.h"
+
 namespace arbolix {
 namespace {
 
