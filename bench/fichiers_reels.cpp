@@ -34,11 +34,12 @@ using namespace arbolix;
 
 namespace {
 
-// Ce qu'une étape a écrit de ses mesures.
-std::string LireFichier(const std::string& chemin) {
-    std::ifstream f(chemin, std::ios::binary);
+// D'un seul bloc, comme le lecteur ; memoire reçoit le temps pris à obtenir ce bloc.
+std::string LireFichier(const std::string& chemin, double* memoire = nullptr) {
+    const bench::Chrono chrono;
     std::string texte(std::filesystem::file_size(chemin), '\0');
-    f.read(texte.data(), static_cast<std::streamsize>(texte.size()));
+    if (memoire) *memoire = chrono.Secondes();
+    std::ifstream(chemin, std::ios::binary).read(texte.data(), static_cast<std::streamsize>(texte.size()));
     return texte;
 }
 
@@ -55,10 +56,8 @@ double SecondesCalcul(int qui) {
 // hôte la mémoire libérée, une première écriture coûte de quelques centièmes à plus d'une seconde
 // pour 500 Mo selon l'heure, et la lecture en écrit davantage (sa pointe seule fait 1,7 fois le fichier).
 double Decoupe(const std::string& chemin) {
-    const bench::Chrono memoire;
-    std::string texte(std::filesystem::file_size(chemin), '\0');
-    const double secondesMemoire = memoire.Secondes();
-    std::ifstream(chemin, std::ios::binary).read(texte.data(), static_cast<std::streamsize>(texte.size()));
+    double secondesMemoire = 0;
+    const std::string texte = LireFichier(chemin, &secondesMemoire);
     std::size_t balises = 0;
     for (std::size_t debut = 0; debut < texte.size();) {
         std::size_t fin = texte.find('\n', debut);

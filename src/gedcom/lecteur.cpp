@@ -140,11 +140,8 @@ bool LfSeulEntre(std::string_view t, std::size_t debut, std::size_t fin) {
 
 bool LfSeul(std::string_view t) {
     if (t.empty()) return false;
-    if (t[0] == '\n') return true;
-    if (t.size() < kSeuilDeuxMoities) return LfSeulEntre(t, 1, t.size());
-    const auto [avant, apres] =
-        EnDeuxMoities(1, t.size(), [&](std::size_t de, std::size_t a) { return LfSeulEntre(t, de, a); });
-    return avant || apres;
+    return t[0] == '\n' ||
+           DansUneMoitie(1, t.size(), [&](std::size_t de, std::size_t a) { return LfSeulEntre(t, de, a); });
 }
 
 }  // namespace

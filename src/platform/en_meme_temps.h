@@ -52,4 +52,13 @@ auto EnDeuxMoities(std::size_t debut, std::size_t fin, Faire&& faire) {
     return r;
 }
 
+// Vrai si trouve(de, a) l'est sur l'une des deux moitiés de [debut, fin) ; un parcours trop court
+// pour valoir un second fil se fait d'un trait.
+template <typename Trouve>
+bool DansUneMoitie(std::size_t debut, std::size_t fin, Trouve&& trouve) {
+    if (fin - debut < kSeuilDeuxMoities) return trouve(debut, fin);
+    const auto [avant, apres] = EnDeuxMoities(debut, fin, trouve);
+    return avant || apres;
+}
+
 }  // namespace arbolix

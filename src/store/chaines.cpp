@@ -144,12 +144,11 @@ std::vector<std::size_t> Places(std::string_view s, std::string_view motif, std:
 }
 
 bool Contient(std::string_view s, std::string_view motif) {
-    if (s.size() < kSeuilDeuxMoities || motif.empty()) return Chercher(s, motif) != std::string_view::npos;
+    if (motif.empty()) return Chercher(s, motif) != std::string_view::npos;
     // Chaque moitié regarde les places qui y commencent.
-    const auto [avant, apres] = EnDeuxMoities(0, s.size(), [&](std::size_t de, std::size_t a) {
+    return DansUneMoitie(0, s.size(), [&](std::size_t de, std::size_t a) {
         return Chercher(s.substr(0, a + motif.size() - 1), motif, de) != std::string_view::npos;
     });
-    return avant || apres;
 }
 
 std::size_t RemplacerTout(std::string& s, std::string_view de, std::string_view vers, std::size_t depuis) {
